@@ -1,0 +1,33 @@
+#include "app/commands/DeleteCommand.h"
+
+#include "app/commands/PageRef.h"
+
+#include <QCoreApplication>
+
+DeleteCommand::DeleteCommand(DashboardDocument* document, int pageIndex, int elementIndex)
+    : m_document(document), m_pageIndex(pageIndex), m_elementIndex(elementIndex)
+{
+    const DashElement* const element = PageRef(document, pageIndex).element(elementIndex);
+    if (!element) {
+        setText(QCoreApplication::translate("DeleteCommand", "Delete element"));
+        return;
+    }
+    m_saved.emplace(*element);
+    const bool bound = !element->channelLongName.isEmpty();
+    setText(QCoreApplication::translate("DeleteCommand", "Delete %1")
+                .arg(bound ? element->channelLongName : element->name));
+}
+
+DeleteCommand::~DeleteCommand() = default;
+
+void DeleteCommand::undo()
+{
+    if (m_document && m_saved)
+        m_saved->restore(*m_document, m_pageIndex, m_elementIndex);
+}
+
+void DeleteCommand::redo()
+{
+    if (m_document)
+        m_document->removeElement(m_pageIndex, m_elementIndex);
+}

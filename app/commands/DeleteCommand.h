@@ -1,0 +1,24 @@
+#pragma once
+
+#include "app/commands/SavedElement.h"
+
+#include <QUndoCommand>
+
+#include <optional>
+
+/// Deletes one element of a page. The document is not owned and may be null, which makes redo and
+/// undo do nothing, as does a page or element that did not exist at construction.
+class DeleteCommand : public QUndoCommand {
+public:
+    DeleteCommand(DashboardDocument* document, int pageIndex, int elementIndex);
+    ~DeleteCommand() override;
+
+    void undo() override;
+    void redo() override;
+
+private:
+    DashboardDocument* m_document;
+    int m_pageIndex;
+    int m_elementIndex;
+    std::optional<SavedElement> m_saved;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "app/commands/SavedElement.h"
+#include "document/ElementGeometry.h"
+
+#include <QUndoCommand>
+
+#include <optional>
+
+/// Inserts a copy of a donor element, bound to a channel. The first redo makes the element; every
+/// later one puts the very same element back, with the same name and properties.
+/// The document is not owned and may be null, which makes redo and undo do nothing.
+class InsertElementCommand : public QUndoCommand {
+public:
+    /// x, y, w, h are the new element's rectangle in display pixels. The donor is copied.
+    InsertElementCommand(DashboardDocument* document, int pageIndex, const ChannelDef& channel,
+                         int x, int y, int w, int h, pugi::xml_node donor);
+    ~InsertElementCommand() override;
+
+    void undo() override;
+    void redo() override;
+
+private:
+    void insertFromDonor();
+
+    DashboardDocument* m_document;
+    int m_pageIndex;
+    ChannelDef m_channel;
+    ElementGeometry m_geometry;
+    pugi::xml_document m_donorXml;
+    int m_insertedIndex = -1;
+    std::optional<SavedElement> m_inserted; // empty until the first successful redo
+};

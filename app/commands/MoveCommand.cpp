@@ -1,0 +1,30 @@
+#include "app/commands/MoveCommand.h"
+
+#include <QCoreApplication>
+
+MoveCommand::MoveCommand(const PageRef& page, int elementIndex, const ElementGeometry& before,
+                         const ElementGeometry& after)
+    : m_page(page), m_elementIndex(elementIndex), m_before(before), m_after(after)
+{
+    const DashElement* const element = page.element(elementIndex);
+    setText(QCoreApplication::translate("MoveCommand", "Move/Resize %1")
+                .arg(element ? element->name : QString()));
+}
+
+MoveCommand::~MoveCommand() = default;
+
+void MoveCommand::undo()
+{
+    apply(m_before);
+}
+
+void MoveCommand::redo()
+{
+    apply(m_after);
+}
+
+void MoveCommand::apply(const ElementGeometry& geometry) const
+{
+    if (DashElement* const element = m_page.element(m_elementIndex))
+        setGeometry(*element, geometry);
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "app/commands/PageRef.h"
+#include "document/ElementGeometry.h"
+
+#include <QUndoCommand>
+
+/// Moves or resizes one element: sets the four geometry fields of its record and nothing else.
+/// The element is found anew, by page and position, whenever the command runs.
+class MoveCommand : public QUndoCommand {
+public:
+    /// The element must still stand at its former geometry; pushing the command applies after.
+    MoveCommand(const PageRef& page, int elementIndex, const ElementGeometry& before,
+                const ElementGeometry& after);
+    ~MoveCommand() override;
+
+    void undo() override;
+    void redo() override;
+
+private:
+    void apply(const ElementGeometry& geometry) const;
+
+    PageRef m_page;
+    int m_elementIndex;
+    ElementGeometry m_before;
+    ElementGeometry m_after;
+};

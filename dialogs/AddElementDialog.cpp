@@ -1,0 +1,3 @@
+#include "dialogs/AddElementDialog.h"
+
+AddElementDialog::AddElementDialog(DashboardDocument*, QWidget* parent) : QDialog(parent) {}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QIODevice;
+
+/// Replaces the file at path by what write puts into the device it is given.
+///
+/// The new content is written to a sibling and renamed over the file only when every write, the
+/// flush and the close succeeded, so a failure leaves the old file as it was and nothing beside it.
+/// Symbolic links are followed and permissions kept. Where no sibling can be created, the file is
+/// written in place as a fallback.
+/// @return false when write returns false or anything fails on the way to the disk.
+[[nodiscard]] bool replaceFile(const QString& path, const std::function<bool(QIODevice&)>& write);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "document/DashElement.h"
+
+#include <QPixmap>
+#include <QString>
+
+#include <cstdint>
+#include <vector>
+
+/// One page of a dashboard: a plain value. Sizes are in whole pixels of the target display.
+struct DashPage
+{
+    QString name;
+    std::int32_t index = 0;  ///< ordinal when read or created; never renumbered afterwards
+    std::int32_t width = 800;
+    std::int32_t height = 480;
+    QString imagePath;       ///< the resolved background image file, empty if none
+    QPixmap image;           ///< null if none
+    std::vector<DashElement> elements;
+};

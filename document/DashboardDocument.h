@@ -1,0 +1,129 @@
+#pragma once
+
+#include "document/ChannelDef.h"
+#include "document/DashPage.h"
+
+#include <QString>
+
+#include <pugixml.hpp>
+#include <vector>
+
+/// One opened dashboard package: the overlay XML, kept whole so that everything the editor does not
+/// understand survives a save, and flat records of what it shows and edits.
+///
+/// Records and XML are two views of one document, kept in step by position: the i-th page object is
+/// pages()[i], the j-th mask object of that page is its elements[j]. Every operation here keeps that
+/// so. Element records hold non-owning handles into the XML, which the document owns.
+///
+/// No operation shows a message or throws; failure is false, -1 or an empty node, and a failed
+/// operation changes nothing. The document is neither copied nor shared.
+class DashboardDocument {
+public:
+    DashboardDocument() = default;
+    DashboardDocument(const DashboardDocument&) = delete;
+    DashboardDocument& operator=(const DashboardDocument&) = delete;
+    ~DashboardDocument() = default;
+
+    // --- Files -----------------------------------------------------------------------------------
+
+    /// Unpacks and reads a package. On failure the document that was open stays as it was, editable.
+    /// On success pages, XML and paths are replaced; the channels of the new package's device file
+    /// are appended to those already known, and device type, type code and display size keep their
+    /// values when the new package has no usable device file. The unpack directory is kept for good.
+    [[nodiscard]] bool open(const QString& packagePath);
+
+    /// Writes the records back and packs the unpack directory into destPath. On failure the file that
+    /// stood at destPath is unchanged. False when no package is open.
+    [[nodiscard]] bool save(const QString& destPath);
+
+    /// Parses an overlay file and rebuilds the pages. Unparsable XML changes nothing; XML without a
+    /// configuration object or without a page gives false and leaves no pages.
+    [[nodiscard]] bool loadOverlay(const QString& path);
+
+    /// Reads device type, type code and channels from a device definition file, then the display size
+    /// from the overlay that is open. Channels are appended, never cleared.
+    [[nodiscard]] bool loadDeviceFile(const QString& path);
+
+    /// Carries rectangles and text styles from the records into the XML and writes it to xmlPath,
+    /// which is replaced only when that succeeded.
+    [[nodiscard]] bool writeBack(const QString& xmlPath);
+
+    // --- Access ----------------------------------------------------------------------------------
+
+    [[nodiscard]] int pageCount() const;
+    /// The page, or null when index is out of range. The pointer is valid until the next operation
+    /// that adds or removes pages; callers may edit element fields through it.
+    [[nodiscard]] DashPage* pageAt(int index);
+    [[nodiscard]] const DashPage* pageAt(int index) const;
+    /// The configuration object that holds the pages, or an empty node.
+    [[nodiscard]] pugi::xml_node confNode() const;
+    /// The index-th page object, or an empty node.
+    [[nodiscard]] pugi::xml_node pageNode(int index) const;
+
+    [[nodiscard]] const std::vector<DashPage>& pages() const { return m_pages; }
+    [[nodiscard]] const std::vector<ChannelDef>& channels() const { return m_channels; }
+    /// Empty until a device file named one.
+    [[nodiscard]] const QString& deviceType() const { return m_deviceType; }
+    /// -1 until a device file gave one.
+    [[nodiscard]] int deviceTypeCode() const { return m_deviceTypeCode; }
+    /// Display size in pixels; 800 x 480 until a package with a device file gave another.
+    [[nodiscard]] int displayWidth() const { return m_displayWidth; }
+    [[nodiscard]] int displayHeight() const { return m_displayHeight; }
+    [[nodiscard]] const QString& tempDir() const { return m_tempDir; }
+    [[nodiscard]] const QString& overlayPath() const { return m_overlayPath; }
+    [[nodiscard]] const QString& devicePath() const { return m_devicePath; }
+
+    // --- Structural edits ------------------------------------------------------------------------
+
+    /// Appends a page of the display's size without elements. @return its index, or -1.
+    int addBlankPage(const QString& name);
+
+    /// Puts a copy of source, a saved page object, back at index with the fields of page; the
+    /// elements are read from the copy. newNode receives the copy.
+    bool insertPageCopy(int index, const DashPage& page, pugi::xml_node source,
+                        pugi::xml_node& newNode);
+
+    bool removePage(int index);
+
+    /// Appends a copy of donor to the page with a new rectangle (display pixels), a new name
+    /// ("new.1", "new.2" ... counted for the whole run of the program) and a new channel. Properties
+    /// that the donor lacks are not created.
+    /// @param created receives the new record. @return the element's index in its page, or -1.
+    int addElementFromDonor(int pageIndex, pugi::xml_node donor, const ChannelDef& channel, int x,
+                            int y, int w, int h, DashElement& created);
+
+    /// Puts a copy of source, a saved mask object, back right after the node after (before the first
+    /// mask object when after is empty) and element at position among the records, bound to the copy.
+    bool insertElementCopy(int pageIndex, int position, const DashElement& element,
+                           pugi::xml_node source, pugi::xml_node after, pugi::xml_node& newNode);
+
+    bool removeElement(int pageIndex, int elementIndex);
+
+    /// Writes the channel into every axis object of the element; missing keys are not created.
+    void writeChannelBinding(pugi::xml_node elementNode, const ChannelDef& channel);
+
+    // --- Record readers --------------------------------------------------------------------------
+
+    /// Appends the record of a page object. The background image is resolved only while a
+    /// QGuiApplication exists, because a pixmap needs one.
+    void readPage(pugi::xml_node node, int ordinal);
+    [[nodiscard]] static DashElement readElement(pugi::xml_node node);
+
+private:
+    DashboardDocument& operator=(DashboardDocument&&) = default;
+
+    void resolveImage(DashPage& page, const QString& rawImagePath) const;
+    void readDisplaySize();
+
+    std::vector<DashPage> m_pages;
+    pugi::xml_document m_overlayXml;
+    pugi::xml_document m_deviceXml;
+    QString m_tempDir;
+    QString m_overlayPath;
+    QString m_devicePath;
+    QString m_deviceType;
+    int m_deviceTypeCode = -1;
+    std::vector<ChannelDef> m_channels;
+    int m_displayWidth = 800;
+    int m_displayHeight = 480;
+};

@@ -1,0 +1,181 @@
+// The part of DashboardDocument that turns overlay XML into records.
+
+#include "document/ColorText.h"
+#include "document/DashboardDocument.h"
+#include "document/FixedPaths.h"
+#include "document/OverlaySchema.h"
+#include "document/XmlTree.h"
+
+#include <QFileInfo>
+#include <QGuiApplication>
+
+#include <optional>
+#include <utility>
+
+namespace Class = OverlaySchema::Class;
+namespace Key = OverlaySchema::Key;
+
+namespace {
+
+struct TextStyle
+{
+    QString font;
+    int size = 0;
+    QColor color;
+};
+
+TextStyle readStyle(pugi::xml_node object)
+{
+    TextStyle style;
+    for (const pugi::xml_node property : XmlTree::properties(object)) {
+        const char* const key = XmlTree::keyOf(property);
+        if (XmlTree::same(key, Key::kFontSize))
+            style.size = XmlTree::number(property);
+        else if (XmlTree::same(key, Key::kFont))
+            style.font = XmlTree::text(property);
+        else if (XmlTree::same(key, Key::kColor))
+            style.color = ColorText::parse(XmlTree::text(property));
+    }
+    return style;
+}
+
+std::optional<ElementKind> kindOfClass(const char* className)
+{
+    if (XmlTree::same(className, Class::kAnalog))
+        return ElementKind::Analog;
+    if (XmlTree::same(className, Class::kDigit))
+        return ElementKind::Digit;
+    if (XmlTree::same(className, Class::kIcon))
+        return ElementKind::Icon;
+    return std::nullopt;
+}
+
+void readRectangle(pugi::xml_node node, DashElement& element)
+{
+    for (const pugi::xml_node property : XmlTree::properties(node)) {
+        const char* const key = XmlTree::keyOf(property);
+        if (XmlTree::same(key, Key::kXPos))
+            element.x = XmlTree::number(property);
+        else if (XmlTree::same(key, Key::kYPos))
+            element.y = XmlTree::number(property);
+        else if (XmlTree::same(key, Key::kWidth))
+            element.w = XmlTree::number(property);
+        else if (XmlTree::same(key, Key::kHeight))
+            element.h = XmlTree::number(property);
+    }
+}
+
+void readChannel(pugi::xml_node node, DashElement& element)
+{
+    const pugi::xml_node axis = XmlTree::firstObject(node, Class::kAxis);
+    for (const pugi::xml_node property : XmlTree::properties(axis)) {
+        const char* const key = XmlTree::keyOf(property);
+        if (XmlTree::same(key, Key::kLongName))
+            element.channelLongName = XmlTree::text(property);
+        else if (XmlTree::same(key, Key::kShortName))
+            element.channelShortName = XmlTree::text(property);
+    }
+}
+
+/// The first of the three classes decides the kind; the last object of a class decides its style.
+void readKindAndStyles(pugi::xml_node node, DashElement& element)
+{
+    std::optional<ElementKind> kind;
+    for (const pugi::xml_node child : XmlTree::objects(node)) {
+        const char* const className = XmlTree::classOf(child);
+        if (!kind)
+            kind = kindOfClass(className);
+        if (XmlTree::same(className, Class::kDigit)) {
+            const TextStyle style = readStyle(child);
+            element.valueFont = style.font;
+            element.valueFontSize = style.size;
+            element.valueColor = style.color;
+        } else if (XmlTree::same(className, Class::kLabel)) {
+            const TextStyle style = readStyle(child);
+            element.labelFont = style.font;
+            element.labelFontSize = style.size;
+            element.labelColor = style.color;
+            element.hasLabel = true;
+        }
+    }
+    element.kind = kind.value_or(ElementKind::Other);
+}
+
+void loadImage(DashPage& page, const QString& candidate)
+{
+    if (!QFileInfo::exists(candidate))
+        return;
+    page.imagePath = candidate;
+    page.image.load(candidate);
+}
+
+bool guiApplicationExists()
+{
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
+}
+
+} // namespace
+
+bool DashboardDocument::loadOverlay(const QString& path)
+{
+    // A failed parse leaves a partial tree behind, so it must not touch the open one.
+    pugi::xml_document parsed;
+    if (!parsed.load_file(path.toLocal8Bit().constData()))
+        return false;
+    m_pages.clear();
+    m_overlayXml = std::move(parsed);
+
+    int ordinal = 0;
+    for (const pugi::xml_node child : XmlTree::objects(confNode())) {
+        if (XmlTree::same(XmlTree::classOf(child), Class::kPage))
+            readPage(child, ordinal++);
+    }
+    return !m_pages.empty();
+}
+
+void DashboardDocument::readPage(pugi::xml_node node, int ordinal)
+{
+    DashPage page;
+    page.index = ordinal;
+    QString rawImagePath;
+    for (const pugi::xml_node property : XmlTree::properties(node)) {
+        const char* const key = XmlTree::keyOf(property);
+        if (XmlTree::same(key, Key::kPageName))
+            page.name = XmlTree::text(property);
+        else if (XmlTree::same(key, Key::kWidth))
+            page.width = XmlTree::number(property);
+        else if (XmlTree::same(key, Key::kHeight))
+            page.height = XmlTree::number(property);
+        else if (XmlTree::same(key, Key::kPathImage))
+            rawImagePath = XmlTree::text(property);
+    }
+    if (guiApplicationExists())
+        resolveImage(page, rawImagePath);
+    for (const pugi::xml_node child : XmlTree::objects(node)) {
+        if (XmlTree::same(XmlTree::classOf(child), Class::kElement))
+            page.elements.push_back(readElement(child));
+    }
+    m_pages.push_back(std::move(page));
+}
+
+void DashboardDocument::resolveImage(DashPage& page, const QString& rawImagePath) const
+{
+    if (!rawImagePath.isEmpty())
+        loadImage(page, FixedPaths::imageRoot() + rawImagePath);
+    // Without an unpacked package there is no folder to look in; never look in the working directory.
+    if (page.image.isNull() && !m_overlayPath.isEmpty()) {
+        loadImage(page, QFileInfo(m_overlayPath).path() + u'/' + QString::number(page.index) +
+                            QStringLiteral(".png"));
+    }
+}
+
+DashElement DashboardDocument::readElement(pugi::xml_node node)
+{
+    DashElement element;
+    element.node = node;
+    element.name = QString::fromUtf8(node.attribute(XmlTree::kName).as_string());
+    readRectangle(node, element);
+    readChannel(node, element);
+    readKindAndStyles(node, element);
+    return element;
+}

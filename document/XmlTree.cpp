@@ -1,0 +1,73 @@
+#include "document/XmlTree.h"
+
+#include <QString>
+
+#include <cstdlib>
+
+namespace XmlTree {
+
+pugi::xml_node nthObject(pugi::xml_node parent, const char* className, int index)
+{
+    for (const pugi::xml_node child : objects(parent)) {
+        if (same(classOf(child), className) && index-- == 0)
+            return child;
+    }
+    return {};
+}
+
+QString text(pugi::xml_node property)
+{
+    return QString::fromUtf8(property.child_value());
+}
+
+std::int32_t number(pugi::xml_node property)
+{
+    return std::atoi(property.child_value());
+}
+
+void setText(pugi::xml_node property, const QString& value)
+{
+    while (const pugi::xml_node child = property.first_child())
+        removeSubtree(child);
+    property.append_child(pugi::node_pcdata).set_value(value.toUtf8().constData());
+}
+
+void setNumber(pugi::xml_node property, int value)
+{
+    setText(property, QString::number(value));
+}
+
+void setFirstNumber(pugi::xml_node object, const char* key, int value)
+{
+    for (const pugi::xml_node property : properties(object)) {
+        if (same(keyOf(property), key)) {
+            setNumber(property, value);
+            return;
+        }
+    }
+}
+
+void appendProperty(pugi::xml_node object, const char* key, const QString& value)
+{
+    pugi::xml_node property = object.append_child(kProperty);
+    property.append_attribute(kKey).set_value(key);
+    if (!value.isEmpty())
+        setText(property, value);
+}
+
+void removeSubtree(pugi::xml_node node)
+{
+    pugi::xml_node current = node;
+    while (true) {
+        while (const pugi::xml_node child = current.first_child())
+            current = child;
+        pugi::xml_node parent = current.parent();
+        const bool done = current == node;
+        parent.remove_child(current);
+        if (done)
+            return;
+        current = parent;
+    }
+}
+
+} // namespace XmlTree

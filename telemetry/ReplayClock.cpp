@@ -1,0 +1,77 @@
+#include "telemetry/ReplayClock.h"
+
+#include <QTimer>
+
+#include <algorithm>
+
+namespace {
+
+int stepOf(int rate)
+{
+    switch (rate) {
+    case 1:
+        return 2;
+    case 2:
+        return 4;
+    default:
+        return 1;
+    }
+}
+
+} // namespace
+
+ReplayClock::ReplayClock(QObject* parent) : QObject(parent), m_timer(new QTimer(this))
+{
+    m_timer->setObjectName(QStringLiteral("replayTimer"));
+    m_timer->setInterval(kTickMilliseconds);
+    m_timer->setTimerType(Qt::PreciseTimer); // a coarse one would not keep real time
+    connect(m_timer, &QTimer::timeout, this, &ReplayClock::tick);
+}
+
+double ReplayClock::seconds() const
+{
+    return static_cast<double>(m_position) / kTicksPerSecond;
+}
+
+void ReplayClock::setMaximum(int maximum)
+{
+    m_maximum = std::max(maximum, 0);
+    setPosition(m_position);
+}
+
+void ReplayClock::setPosition(int position)
+{
+    const int clamped = std::clamp(position, 0, m_maximum);
+    if (clamped == m_position)
+        return;
+    m_position = clamped;
+    Q_EMIT positionChanged(clamped);
+}
+
+void ReplayClock::togglePlaying()
+{
+    if (!m_playing && m_position >= m_maximum)
+        setPosition(0);
+    setPlaying(!m_playing);
+}
+
+void ReplayClock::tick()
+{
+    const int room = m_maximum - m_position;
+    const int step = stepOf(m_rate);
+    if (step >= room)
+        setPlaying(false);
+    setPosition(step >= room ? m_maximum : m_position + step);
+}
+
+void ReplayClock::setPlaying(bool playing)
+{
+    if (playing)
+        m_timer->start();
+    else
+        m_timer->stop();
+    if (playing == m_playing)
+        return;
+    m_playing = playing;
+    Q_EMIT playingChanged(playing);
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "telemetry/TelemetryChannel.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <map>
+#include <memory>
+
+class XrkLibrary;
+
+/// One recording held wholly in memory, and the lookup of layout channels in it. Owns the reader
+/// library while a file is open: the file is closed before the library is unloaded. GUI thread only.
+class TelemetrySession {
+public:
+    TelemetrySession();
+    ~TelemetrySession();
+    TelemetrySession(const TelemetrySession&) = delete;
+    TelemetrySession& operator=(const TelemetrySession&) = delete;
+
+    /// Replaces the whole contents by the recording at filePath, read through the library at
+    /// libraryPath. False when either cannot be opened; the session is then empty.
+    [[nodiscard]] bool load(const QString& filePath, const QString& libraryPath);
+    /// Closes the file, forgets everything and unloads the library.
+    void clear();
+
+    [[nodiscard]] bool isLoaded() const { return m_loaded; }
+    /// Length of the replay in seconds; 0 when empty.
+    [[nodiscard]] double duration() const { return m_duration; }
+    /// The recorded names, sorted by their lower-case form.
+    [[nodiscard]] QStringList channelNames() const;
+
+    /// The recorded channel that a layout channel name means, or an empty string. Uncached.
+    [[nodiscard]] QString matchChannel(const QString& name) const;
+    /// The same, worked out once a name and recording: for use in every frame.
+    [[nodiscard]] const QString& matchedName(const QString& name) const;
+    /// The matched channel's value at that time, linearly interpolated and held at both ends; 0 when
+    /// nothing matches.
+    [[nodiscard]] double value(const QString& name, double seconds) const;
+
+private:
+    std::map<QString, TelemetryChannel> m_channels; // by lower-case name
+    mutable std::map<QString, QString> m_matchCache; // layout name to recorded name, also empty ones
+    double m_duration = 0.0;
+    bool m_loaded = false;
+    std::unique_ptr<XrkLibrary> m_library;
+    int m_fileIndex = -1;
+};

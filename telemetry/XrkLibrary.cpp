@@ -1,0 +1,5 @@
+#include "telemetry/XrkLibrary.h"
+
+XrkLibrary::XrkLibrary(const char*) {}
+
+XrkLibrary::~XrkLibrary() = default;
