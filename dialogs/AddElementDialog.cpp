@@ -1,3 +1,209 @@
 #include "dialogs/AddElementDialog.h"
 
-AddElementDialog::AddElementDialog(DashboardDocument*, QWidget* parent) : QDialog(parent) {}
+#include "document/DashboardDocument.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize kInitialSize{700, 500};
+constexpr int kTypeListWidth = 220;
+constexpr int kSummaryHeight = 50;
+constexpr int kTypeStretch = 1;
+constexpr int kChannelStretch = 2;
+
+/// Tool tips that look like markup are rendered as such; names are not markup.
+QString literalToolTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
+}
+
+/// A row that only says something: it cannot be chosen.
+void addPlaceholder(QListWidget* list, const QString& text)
+{
+    auto* const item = new QListWidgetItem(text, list);
+    item->setFlags(Qt::NoItemFlags);
+}
+
+} // namespace
+
+AddElementDialog::AddElementDialog(DashboardDocument* document, QWidget* parent)
+    : QDialog(parent),
+      m_document(document)
+{
+    setWindowTitle(tr("Insert Element"));
+    resize(kInitialSize);
+    if (document) {
+        m_donors = DonorDiscovery::findDonors(*document);
+        m_filter = ChannelFilter(document->channels());
+    }
+    createWidgets();
+    createLayout();
+    connectWidgets();
+    fillTypes();
+    fillChannels(QString());
+    if (!m_donors.empty())
+        m_typeList->setCurrentRow(0);
+}
+
+void AddElementDialog::createWidgets()
+{
+    m_typeList = new QListWidget;
+    m_typeList->setObjectName(QStringLiteral("typeList"));
+    m_typeList->setAccessibleName(tr("Type"));
+    m_typeList->setMinimumWidth(kTypeListWidth);
+
+    m_filterEdit = new QLineEdit;
+    m_filterEdit->setObjectName(QStringLiteral("filterEdit"));
+    m_filterEdit->setPlaceholderText(tr("Filter channels..."));
+    m_filterEdit->setAccessibleName(tr("Filter channels"));
+
+    m_channelList = new QListWidget;
+    m_channelList->setObjectName(QStringLiteral("channelList"));
+    m_channelList->setAccessibleName(tr("Channel"));
+    m_channelList->setUniformItemSizes(true); // thousands of rows are refilled at each keystroke
+
+    m_summaryLabel = new QLabel(tr("Pick a type and a channel."));
+    m_summaryLabel->setObjectName(QStringLiteral("summaryLabel"));
+    m_summaryLabel->setWordWrap(true);
+    m_summaryLabel->setStyleSheet(
+        QStringLiteral("QLabel { background: #2a2a2a; color: #ddd; padding: 6px; }"));
+    m_summaryLabel->setMinimumHeight(kSummaryHeight);
+
+    m_buttonBox = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    m_buttonBox->setObjectName(QStringLiteral("buttonBox"));
+    m_insertButton = m_buttonBox->button(QDialogButtonBox::Ok);
+    m_insertButton->setText(tr("Insert"));
+    m_insertButton->setEnabled(false);
+}
+
+void AddElementDialog::createLayout()
+{
+    auto* const columns = new QHBoxLayout;
+    columns->addLayout(createTypeColumn(), kTypeStretch);
+    columns->addLayout(createChannelColumn(), kChannelStretch);
+
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(columns);
+    layout->addWidget(m_summaryLabel);
+    layout->addWidget(m_buttonBox);
+}
+
+QLayout* AddElementDialog::createTypeColumn()
+{
+    auto* const column = new QVBoxLayout;
+    column->addWidget(new QLabel(tr("<b>Type</b>")), 0);
+    column->addWidget(m_typeList, 1);
+    return column;
+}
+
+QLayout* AddElementDialog::createChannelColumn()
+{
+    auto* const column = new QVBoxLayout;
+    column->addWidget(new QLabel(tr("<b>Channel</b>")), 0);
+    column->addWidget(m_filterEdit, 0);
+    column->addWidget(m_channelList, 1);
+    return column;
+}
+
+void AddElementDialog::connectWidgets()
+{
+    connect(m_typeList, &QListWidget::currentRowChanged, this, &AddElementDialog::onTypeChanged);
+    connect(m_filterEdit, &QLineEdit::textChanged, this, &AddElementDialog::onChannelFilterChanged);
+    connect(m_channelList, &QListWidget::itemSelectionChanged, this,
+            &AddElementDialog::updateSummary);
+    connect(m_buttonBox, &QDialogButtonBox::accepted, this, &AddElementDialog::onAccept);
+    connect(m_buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+void AddElementDialog::fillTypes()
+{
+    for (const Donor& donor : m_donors) {
+        auto* const item = new QListWidgetItem(donor.type, m_typeList);
+        item->setToolTip(literalToolTip(donor.hint));
+    }
+    if (m_donors.empty())
+        addPlaceholder(m_typeList, tr("(no donor elements found)"));
+}
+
+void AddElementDialog::fillChannels(const QString& filter)
+{
+    m_channelList->clear();
+    if (!m_document)
+        return;
+    for (const int index : m_filter.matching(filter))
+        m_channelList->addItem(channelItem(index));
+    if (m_channelList->count() == 0)
+        addPlaceholder(m_channelList, tr("(no matching channels)"));
+}
+
+QListWidgetItem* AddElementDialog::channelItem(int index) const
+{
+    const ChannelDef& channel = m_document->channels()[static_cast<std::size_t>(index)];
+    auto* const item = new QListWidgetItem(
+        tr("%1  (%2)  %3").arg(channel.longName, channel.shortName, channel.uiv));
+    item->setData(Qt::UserRole, index);
+    return item;
+}
+
+void AddElementDialog::onTypeChanged(int row)
+{
+    if (row >= 0 && static_cast<std::size_t>(row) < m_donors.size())
+        Q_EMIT m_channelList->itemSelectionChanged();
+}
+
+void AddElementDialog::onChannelFilterChanged(const QString& filter)
+{
+    fillChannels(filter);
+    // Clearing the list drops its selection without a signal.
+    updateSummary();
+}
+
+void AddElementDialog::updateSummary()
+{
+    const Donor* const donor = chosenDonor();
+    const ChannelDef* const channel = chosenChannel();
+    m_insertButton->setEnabled(donor && channel);
+    if (!donor || !channel)
+        return;
+    m_summaryLabel->setText(
+        tr("<b>%1</b> bound to <b>%2</b> (%3 %4)&nbsp;&mdash; native size %5 &times; %6")
+            .arg(donor->type.toHtmlEscaped(), channel->longName.toHtmlEscaped(),
+                 channel->shortName.toHtmlEscaped(), channel->uiv.toHtmlEscaped(),
+                 QString::number(donor->width), QString::number(donor->height)));
+}
+
+void AddElementDialog::onAccept()
+{
+    const Donor* const donor = chosenDonor();
+    const ChannelDef* const channel = chosenChannel();
+    if (!donor || !channel)
+        return;
+    m_spec = {
+        donor->type,  donor->hint,       donor->node,        donor->width,           donor->height,
+        channel->fid, channel->longName, channel->shortName, channel->labelLongName, channel->uiv};
+    accept();
+}
+
+const Donor* AddElementDialog::chosenDonor() const
+{
+    const int row = m_typeList->currentRow();
+    if (row < 0 || static_cast<std::size_t>(row) >= m_donors.size())
+        return nullptr;
+    return &m_donors[static_cast<std::size_t>(row)];
+}
+
+const ChannelDef* AddElementDialog::chosenChannel() const
+{
+    const QListWidgetItem* const item = m_channelList->currentItem();
+    if (!item)
+        return nullptr;
+    bool carriesIndex = false;
+    const int index = item->data(Qt::UserRole).toInt(&carriesIndex);
+    return carriesIndex ? &m_document->channels()[static_cast<std::size_t>(index)] : nullptr;
+}

@@ -1,14 +1,28 @@
 #pragma once
 
+#include "dialogs/ChannelFilter.h"
+#include "dialogs/DonorDiscovery.h"
 #include "dialogs/InsertElementSpec.h"
 
 #include <QDialog>
 
-class DashboardDocument;
+#include <vector>
 
-/// Asks for a kind of element and a channel. Donors and channels are read once, at construction; the
-/// document is not owned and must not change while the dialog is open.
-class AddElementDialog : public QDialog {
+class DashboardDocument;
+class QDialogButtonBox;
+class QLabel;
+class QLayout;
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+struct ChannelDef;
+
+/// Asks for a kind of element and a channel. Donors and channels are read once, at construction;
+/// the document is not owned, may be null and must not change while the dialog is open. Changes
+/// nothing.
+class AddElementDialog : public QDialog
+{
     Q_OBJECT
 
 public:
@@ -17,6 +31,33 @@ public:
     /// Valid only after the dialog was accepted.
     [[nodiscard]] InsertElementSpec spec() const { return m_spec; }
 
+private Q_SLOTS:
+    void onTypeChanged(int row);
+    void onChannelFilterChanged(const QString& filter);
+    void onAccept();
+
 private:
+    void createWidgets();
+    void createLayout();
+    QLayout* createTypeColumn();
+    QLayout* createChannelColumn();
+    void connectWidgets();
+    void fillTypes();
+    void fillChannels(const QString& filter);
+    void updateSummary();
+    [[nodiscard]] QListWidgetItem* channelItem(int index) const;
+    /// What is chosen at present; null when nothing is.
+    [[nodiscard]] const Donor* chosenDonor() const;
+    [[nodiscard]] const ChannelDef* chosenChannel() const;
+
+    DashboardDocument* m_document;
+    std::vector<Donor> m_donors; // in the order of the type list
+    ChannelFilter m_filter;
+    QListWidget* m_typeList = nullptr;
+    QLineEdit* m_filterEdit = nullptr;
+    QListWidget* m_channelList = nullptr;
+    QLabel* m_summaryLabel = nullptr;
+    QDialogButtonBox* m_buttonBox = nullptr;
+    QPushButton* m_insertButton = nullptr;
     InsertElementSpec m_spec;
 };

@@ -8,14 +8,14 @@
 /// The node is a handle into the document's XML, valid as long as that element exists.
 struct InsertElementSpec
 {
-    QString templateLabel;       ///< name of the chosen kind of element
+    QString templateLabel; ///< name of the chosen kind of element
     QString hint;
     pugi::xml_node donorNode;
-    int donorWidth = 0;          ///< display pixels
-    int donorHeight = 0;         ///< display pixels
+    int donorWidth = 0;  ///< display pixels
+    int donorHeight = 0; ///< display pixels
     int channelFid = 0;
     QString channelLongName;
     QString channelShortName;
     QString channelLabelLongName;
-    QString channelUiv;          ///< unit text
+    QString channelUiv; ///< unit text
 };

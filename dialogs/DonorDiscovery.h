@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+
+#include <pugixml.hpp>
+
+#include <optional>
+#include <vector>
+
+class DashboardDocument;
+
+/// An element that can be copied to make a new one of its kind. The node is a handle into the
+/// document's XML, valid as long as that element exists.
+struct Donor
+{
+    QString type; ///< name of the kind, as shown
+    QString hint; ///< whose copy it would be: channel (or element name) and size
+    pugi::xml_node node;
+    int width = 0;  ///< display pixels
+    int height = 0; ///< display pixels
+};
+
+/// Finds the elements that new ones can be copied from. New elements are always copies, because the
+/// editor understands only a part of what an element is made of.
+namespace DonorDiscovery {
+
+/// What an element looks like to the user: finer than ElementKind, which decides how it is drawn.
+enum class Kind
+{
+    AnalogGauge,
+    BarWithValue,
+    HorizontalBar,
+    ValueWithIcon,
+    NumericValue,
+    Icon,
+    StaticLabel,
+    InfoStrip
+};
+
+/// The kind of an element object, by the classes of its children; nothing for one that is no donor:
+/// it has none of the parts, or it is made of labels alone and has no text or is bound to a
+/// channel.
+[[nodiscard]] std::optional<Kind> classifyElement(pugi::xml_node element);
+
+[[nodiscard]] QString kindName(Kind kind);
+
+/// The first element of each kind, in document order.
+[[nodiscard]] std::vector<Donor> findDonors(const DashboardDocument& document);
+
+} // namespace DonorDiscovery

@@ -1,0 +1,307 @@
+#include "dialogs/AddElementDialog.h"
+
+#include "document/DashboardDocument.h"
+#include "tests/support/PackageBuilder.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using TestPackage::Object;
+
+namespace {
+
+Object bar(const QByteArray& name)
+{
+    return {"GMaskParam",
+            name,
+            {TestPackage::number("WIDTH", 300), TestPackage::number("HEIGHT", 20)},
+            {{"BargraphTrapezio", {}, {}, {}}}};
+}
+
+class InsertDialog : public ::testing::Test
+{
+protected:
+    void open(const std::vector<Object>& elements,
+              const std::vector<TestPackage::Channel>& channels)
+    {
+        const QString path = m_folder.filePath(QStringLiteral("dialog.zconf2"));
+        ASSERT_TRUE(TestPackage::writePackage(
+            path, TestPackage::overlayXml({TestPackage::page("One", 800, 480, elements)}),
+            TestPackage::deviceXml("MXS", 1, channels)));
+        ASSERT_TRUE(m_document.open(path));
+        show(&m_document);
+    }
+
+    void openUsual()
+    {
+        open({TestPackage::digitElement("digit.1", 0, 0, 120, 40, "RPM"), bar("bar.1")},
+             {{7, "Engine Speed", "rpm", "1/min"},
+              {9, "Water Temp", "WT", "C"},
+              {11, "Oil Temp", "OT", "C"}});
+    }
+
+    void show(DashboardDocument* document)
+    {
+        m_dialog = std::make_unique<AddElementDialog>(document, nullptr);
+        m_types = m_dialog->findChild<QListWidget*>(QStringLiteral("typeList"));
+        m_filter = m_dialog->findChild<QLineEdit*>(QStringLiteral("filterEdit"));
+        m_channels = m_dialog->findChild<QListWidget*>(QStringLiteral("channelList"));
+        m_summary = m_dialog->findChild<QLabel*>(QStringLiteral("summaryLabel"));
+        m_buttons = m_dialog->findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
+        ASSERT_TRUE(m_types && m_filter && m_channels && m_summary && m_buttons);
+        m_dialog->show();
+        m_dialog->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(m_dialog.get()));
+    }
+
+    [[nodiscard]] QPushButton* insertButton() const
+    {
+        return m_buttons->button(QDialogButtonBox::Ok);
+    }
+
+    static void clickRow(QListWidget* list, int row)
+    {
+        const QRect rectangle = list->visualItemRect(list->item(row));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rectangle.center());
+    }
+
+    const QTemporaryDir m_folder;
+    DashboardDocument m_document;
+    std::unique_ptr<AddElementDialog> m_dialog;
+    QListWidget* m_types = nullptr;
+    QLineEdit* m_filter = nullptr;
+    QListWidget* m_channels = nullptr;
+    QLabel* m_summary = nullptr;
+    QDialogButtonBox* m_buttons = nullptr;
+};
+
+constexpr int kChannelIndex = Qt::UserRole;
+
+} // namespace
+
+TEST_F(InsertDialog, StartsAsDescribed)
+{
+    openUsual();
+    EXPECT_EQ(m_dialog->windowTitle(), QStringLiteral("Insert Element"));
+    EXPECT_EQ(m_dialog->size(), QSize(700, 500));
+    EXPECT_EQ(m_types->minimumWidth(), 220);
+    EXPECT_EQ(m_filter->placeholderText(), QStringLiteral("Filter channels..."));
+    EXPECT_EQ(m_summary->text(), QStringLiteral("Pick a type and a channel."));
+    EXPECT_TRUE(m_summary->wordWrap());
+    EXPECT_EQ(m_summary->minimumHeight(), 50);
+    EXPECT_EQ(m_summary->styleSheet(),
+              QStringLiteral("QLabel { background: #2a2a2a; color: #ddd; padding: 6px; }"));
+    EXPECT_EQ(insertButton()->text(), QStringLiteral("Insert"));
+    EXPECT_FALSE(insertButton()->isEnabled());
+    ASSERT_NE(m_buttons->button(QDialogButtonBox::Cancel), nullptr);
+    EXPECT_GT(m_channels->width(), m_types->width());
+}
+
+TEST_F(InsertDialog, ListsKindsWithHintsAndSelectsTheFirst)
+{
+    openUsual();
+    ASSERT_EQ(m_types->count(), 2);
+    EXPECT_EQ(m_types->item(0)->text(), QStringLiteral("Numeric value"));
+    EXPECT_EQ(m_types->item(0)->toolTip(), QStringLiteral("e.g. RPM (120x40)"));
+    EXPECT_EQ(m_types->item(1)->text(), QStringLiteral("Horizontal bar"));
+    EXPECT_EQ(m_types->item(1)->toolTip(), QStringLiteral("e.g. bar.1 (300x20)"));
+    EXPECT_EQ(m_types->currentRow(), 0);
+}
+
+TEST_F(InsertDialog, ListsEveryChannelWithItsIndex)
+{
+    openUsual();
+    ASSERT_EQ(m_channels->count(), 3);
+    EXPECT_EQ(m_channels->item(0)->text(), QStringLiteral("Engine Speed  (rpm)  1/min"));
+    EXPECT_EQ(m_channels->item(2)->text(), QStringLiteral("Oil Temp  (OT)  C"));
+    EXPECT_EQ(m_channels->item(2)->data(kChannelIndex).toInt(), 2);
+    EXPECT_EQ(m_channels->currentRow(), -1);
+}
+
+TEST_F(InsertDialog, ATypeAloneDoesNotEnableInsert)
+{
+    openUsual();
+    clickRow(m_types, 1);
+    EXPECT_FALSE(insertButton()->isEnabled());
+    EXPECT_EQ(m_summary->text(), QStringLiteral("Pick a type and a channel."));
+}
+
+TEST_F(InsertDialog, AChannelEnablesInsertAndWritesTheSummary)
+{
+    openUsual();
+    clickRow(m_channels, 1);
+    EXPECT_TRUE(insertButton()->isEnabled());
+    EXPECT_EQ(m_summary->text(),
+              QStringLiteral("<b>Numeric value</b> bound to <b>Water Temp</b> (WT C)"
+                             "&nbsp;&mdash; native size 120 &times; 40"));
+}
+
+TEST_F(InsertDialog, AnotherTypeRewritesTheSummary)
+{
+    openUsual();
+    clickRow(m_channels, 1);
+    clickRow(m_types, 1);
+    EXPECT_TRUE(insertButton()->isEnabled());
+    EXPECT_EQ(m_summary->text(),
+              QStringLiteral("<b>Horizontal bar</b> bound to <b>Water Temp</b> (WT C)"
+                             "&nbsp;&mdash; native size 300 &times; 20"));
+}
+
+TEST_F(InsertDialog, TypingAFilterKeepsMatchingRowsWithTheirIndices)
+{
+    openUsual();
+    QTest::keyClicks(m_filter, QStringLiteral(" TEMP"));
+    ASSERT_EQ(m_channels->count(), 2);
+    EXPECT_EQ(m_channels->item(0)->data(kChannelIndex).toInt(), 1);
+    EXPECT_EQ(m_channels->item(1)->data(kChannelIndex).toInt(), 2);
+    EXPECT_EQ(m_types->currentRow(), 0);
+}
+
+TEST_F(InsertDialog, FilteringDropsTheChosenChannelAndDisablesInsert)
+{
+    openUsual();
+    clickRow(m_channels, 1);
+    const QString summary = m_summary->text();
+    QTest::keyClicks(m_filter, QStringLiteral("o"));
+    EXPECT_EQ(m_channels->currentRow(), -1);
+    EXPECT_FALSE(insertButton()->isEnabled());
+    EXPECT_EQ(m_summary->text(), summary) << "the summary waits for a new choice";
+
+    clickRow(m_channels, 0);
+    EXPECT_TRUE(insertButton()->isEnabled());
+    EXPECT_TRUE(m_summary->text().contains(QStringLiteral("Oil Temp")));
+}
+
+TEST_F(InsertDialog, AFilterWithoutHitShowsAPlaceholderThatCannotBeChosen)
+{
+    openUsual();
+    QTest::keyClicks(m_filter, QStringLiteral("nothing"));
+    ASSERT_EQ(m_channels->count(), 1);
+    EXPECT_EQ(m_channels->item(0)->text(), QStringLiteral("(no matching channels)"));
+    EXPECT_EQ(m_channels->item(0)->flags(), Qt::NoItemFlags);
+    EXPECT_FALSE(m_channels->item(0)->data(kChannelIndex).isValid());
+    clickRow(m_channels, 0);
+    m_channels->setCurrentRow(0);
+    EXPECT_FALSE(insertButton()->isEnabled());
+    Q_EMIT m_buttons->accepted();
+    EXPECT_TRUE(m_dialog->isVisible());
+}
+
+TEST_F(InsertDialog, WithoutDonorInsertStaysDisabled)
+{
+    open({}, {{7, "Engine Speed", "rpm", "1/min"}});
+    ASSERT_EQ(m_types->count(), 1);
+    EXPECT_EQ(m_types->item(0)->text(), QStringLiteral("(no donor elements found)"));
+    EXPECT_EQ(m_types->item(0)->flags(), Qt::NoItemFlags);
+    EXPECT_EQ(m_types->currentRow(), -1);
+    m_types->setCurrentRow(0);
+    clickRow(m_channels, 0);
+    EXPECT_FALSE(insertButton()->isEnabled());
+    Q_EMIT m_buttons->accepted();
+    EXPECT_TRUE(m_dialog->isVisible());
+    EXPECT_TRUE(m_dialog->spec().templateLabel.isEmpty());
+}
+
+TEST_F(InsertDialog, WithoutChannelsThePlaceholderStands)
+{
+    open({bar("bar.1")}, {});
+    ASSERT_EQ(m_channels->count(), 1);
+    EXPECT_EQ(m_channels->item(0)->text(), QStringLiteral("(no matching channels)"));
+    EXPECT_FALSE(insertButton()->isEnabled());
+}
+
+TEST_F(InsertDialog, WithoutDocumentNothingIsListed)
+{
+    show(nullptr);
+    ASSERT_EQ(m_types->count(), 1);
+    EXPECT_EQ(m_types->item(0)->text(), QStringLiteral("(no donor elements found)"));
+    EXPECT_EQ(m_channels->count(), 0);
+    QTest::keyClicks(m_filter, QStringLiteral("x"));
+    EXPECT_EQ(m_channels->count(), 0);
+    EXPECT_FALSE(insertButton()->isEnabled());
+}
+
+TEST_F(InsertDialog, InsertHandsBackDonorAndChannel)
+{
+    openUsual();
+    clickRow(m_types, 1);
+    clickRow(m_channels, 2);
+    QTest::mouseClick(insertButton(), Qt::LeftButton);
+    EXPECT_EQ(m_dialog->result(), QDialog::Accepted);
+    EXPECT_FALSE(m_dialog->isVisible());
+    const InsertElementSpec spec = m_dialog->spec();
+    EXPECT_EQ(spec.templateLabel, QStringLiteral("Horizontal bar"));
+    EXPECT_EQ(spec.hint, QStringLiteral("e.g. bar.1 (300x20)"));
+    EXPECT_EQ(spec.donorNode, m_document.pages()[0].elements[1].node);
+    EXPECT_EQ(spec.donorWidth, 300);
+    EXPECT_EQ(spec.donorHeight, 20);
+    EXPECT_EQ(spec.channelFid, 11);
+    EXPECT_EQ(spec.channelLongName, QStringLiteral("Oil Temp"));
+    EXPECT_EQ(spec.channelShortName, QStringLiteral("OT"));
+    EXPECT_EQ(spec.channelLabelLongName, QStringLiteral("Oil Temp"));
+    EXPECT_EQ(spec.channelUiv, QStringLiteral("C"));
+}
+
+TEST_F(InsertDialog, WorksByKeyboardAlone)
+{
+    openUsual();
+    EXPECT_EQ(QApplication::focusWidget(), m_types);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), m_filter);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("temp"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), m_channels);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    EXPECT_TRUE(insertButton()->isEnabled());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(m_dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(m_dialog->spec().templateLabel, QStringLiteral("Horizontal bar"));
+    EXPECT_EQ(m_dialog->spec().channelLongName, QStringLiteral("Oil Temp"));
+}
+
+TEST_F(InsertDialog, ReturnInTheFilterDoesNotAcceptWithoutAChannel)
+{
+    openUsual();
+    m_filter->setFocus();
+    QTest::keyClicks(m_filter, QStringLiteral("temp"));
+    QTest::keyClick(m_filter, Qt::Key_Return);
+    EXPECT_TRUE(m_dialog->isVisible());
+}
+
+TEST_F(InsertDialog, CancelAndEscapeReject)
+{
+    openUsual();
+    clickRow(m_channels, 0);
+    QTest::mouseClick(m_buttons->button(QDialogButtonBox::Cancel), Qt::LeftButton);
+    EXPECT_FALSE(m_dialog->isVisible());
+    EXPECT_EQ(m_dialog->result(), QDialog::Rejected);
+    EXPECT_TRUE(m_dialog->spec().channelLongName.isEmpty());
+
+    show(&m_document);
+    QTest::keyClick(m_dialog.get(), Qt::Key_Escape);
+    EXPECT_FALSE(m_dialog->isVisible());
+}
+
+TEST_F(InsertDialog, NamesThatLookLikeMarkupAreNotRendered)
+{
+    open({TestPackage::digitElement("digit.1", 0, 0, 1, 2, "&lt;b&gt;%3")},
+         {{7, "%2 %5", "&lt;i&gt;", "a&amp;b"}});
+    ASSERT_EQ(m_channels->count(), 1);
+    EXPECT_EQ(m_channels->item(0)->text(), QStringLiteral("%2 %5  (<i>)  a&b"));
+    EXPECT_EQ(m_types->item(0)->toolTip(), QStringLiteral("e.g. &lt;b&gt;%3 (1x2)"));
+    clickRow(m_channels, 0);
+    EXPECT_EQ(m_summary->text(),
+              QStringLiteral("<b>Numeric value</b> bound to <b>%2 %5</b> (&lt;i&gt; a&amp;b)"
+                             "&nbsp;&mdash; native size 1 &times; 2"));
+}
