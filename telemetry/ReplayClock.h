@@ -9,7 +9,8 @@ class QTimer;
 /// The position runs from 0 to maximum(); a tick every 100 ms advances it by 1, 2 or 4 tenths, so
 /// that rate 0 keeps real time. The clock stops at the end and never wraps. It owns its timer, a
 /// child named "replayTimer".
-class ReplayClock : public QObject {
+class ReplayClock : public QObject
+{
     Q_OBJECT
 
 public:

@@ -11,8 +11,10 @@
 class XrkLibrary;
 
 /// One recording held wholly in memory, and the lookup of layout channels in it. Owns the reader
-/// library while a file is open: the file is closed before the library is unloaded. GUI thread only.
-class TelemetrySession {
+/// library while a file is open: the file is closed before the library is unloaded. GUI thread
+/// only.
+class TelemetrySession
+{
 public:
     TelemetrySession();
     ~TelemetrySession();
@@ -35,13 +37,14 @@ public:
     [[nodiscard]] QString matchChannel(const QString& name) const;
     /// The same, worked out once a name and recording: for use in every frame.
     [[nodiscard]] const QString& matchedName(const QString& name) const;
-    /// The matched channel's value at that time, linearly interpolated and held at both ends; 0 when
-    /// nothing matches.
+    /// The matched channel's value at that time, linearly interpolated and held at both ends; 0
+    /// when nothing matches.
     [[nodiscard]] double value(const QString& name, double seconds) const;
 
 private:
     std::map<QString, TelemetryChannel> m_channels; // by lower-case name
-    mutable std::map<QString, QString> m_matchCache; // layout name to recorded name, also empty ones
+    mutable std::map<QString, QString>
+        m_matchCache; // layout name to recorded name, also empty ones
     double m_duration = 0.0;
     bool m_loaded = false;
     std::unique_ptr<XrkLibrary> m_library;

@@ -3,18 +3,19 @@
 /// Binding to the logger maker's closed reader library for recordings, loaded at run time.
 ///
 /// The library is found by path and its twenty exports by name. A missing library leaves everything
-/// null, a missing export leaves its slot null; neither is an error here. The object owns the module
-/// and unloads it when destroyed: no pointer may be called after that. Needs no Qt.
+/// null, a missing export leaves its slot null; neither is an error here. The object owns the
+/// module and unloads it when destroyed: no pointer may be called after that. Needs no Qt.
 ///
-/// Types, from the maker's interface: integers are 32-bit signed, strings NUL-terminated UTF-8 owned
-/// by the library and to be copied at once, sample arrays are supplied by the caller and hold count
-/// doubles each. C calling convention.
-class XrkLibrary {
+/// Types, from the maker's interface: integers are 32-bit signed, strings NUL-terminated UTF-8
+/// owned by the library and to be copied at once, sample arrays are supplied by the caller and hold
+/// count doubles each. C calling convention.
+class XrkLibrary
+{
 public:
-    using OpenFile = int (*)(const char* path);        ///< file index, negative on failure
-    using CloseFile = int (*)(int file);               ///< result ignored
-    using Unused = void (*)();                         ///< resolved, never called
-    using Count = int (*)(int file);                   ///< number of channels
+    using OpenFile = int (*)(const char* path);          ///< file index, negative on failure
+    using CloseFile = int (*)(int file);                 ///< result ignored
+    using Unused = void (*)();                           ///< resolved, never called
+    using Count = int (*)(int file);                     ///< number of channels
     using Text = const char* (*)(int file, int channel); ///< may be null
     using SampleCount = int (*)(int file, int channel);
     using Samples = int (*)(int file, int channel, double* times, double* values, int count);

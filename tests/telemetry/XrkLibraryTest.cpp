@@ -1,0 +1,215 @@
+#include "telemetry/XrkLibrary.h"
+
+#include "tests/support/ScriptedReader.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <fstream>
+#include <random>
+
+// No Qt in here: the same tests run on Windows, cross-compiled.
+
+namespace {
+
+constexpr std::array<const char*, 20> kNames = {
+    "open_file",
+    "close_file_i",
+    "get_vehicle_name",
+    "get_racer_name",
+    "get_laps_count",
+    "get_channels_count",
+    "get_channel_name",
+    "get_channel_units",
+    "get_channel_samples_count",
+    "get_channel_samples",
+    "get_GPS_channels_count",
+    "get_GPS_channel_name",
+    "get_GPS_channel_units",
+    "get_GPS_channel_samples_count",
+    "get_GPS_channel_samples",
+    "get_GPS_raw_channels_count",
+    "get_GPS_raw_channel_name",
+    "get_GPS_raw_channel_units",
+    "get_GPS_raw_channel_samples_count",
+    "get_GPS_raw_channel_samples",
+};
+
+/// Whether each slot is filled, in the order in which the slots stand.
+std::array<bool, kNames.size()> filledSlots(const XrkLibrary& library)
+{
+    return {
+        library.open_file != nullptr,
+        library.close_file_i != nullptr,
+        library.get_vehicle_name != nullptr,
+        library.get_racer_name != nullptr,
+        library.get_laps_count != nullptr,
+        library.get_channels_count != nullptr,
+        library.get_channel_name != nullptr,
+        library.get_channel_units != nullptr,
+        library.get_channel_samples_count != nullptr,
+        library.get_channel_samples != nullptr,
+        library.get_GPS_channels_count != nullptr,
+        library.get_GPS_channel_name != nullptr,
+        library.get_GPS_channel_units != nullptr,
+        library.get_GPS_channel_samples_count != nullptr,
+        library.get_GPS_channel_samples != nullptr,
+        library.get_GPS_raw_channels_count != nullptr,
+        library.get_GPS_raw_channel_name != nullptr,
+        library.get_GPS_raw_channel_units != nullptr,
+        library.get_GPS_raw_channel_samples_count != nullptr,
+        library.get_GPS_raw_channel_samples != nullptr,
+    };
+}
+
+std::array<bool, kNames.size()> allSlots(bool filled)
+{
+    std::array<bool, kNames.size()> slots{};
+    slots.fill(filled);
+    return slots;
+}
+
+TEST(XrkLibrary, IsAllNullWithoutALibrary)
+{
+    for (const char* path : {"/no/such/library", "", "."}) {
+        const XrkLibrary library(path);
+        EXPECT_FALSE(library.isLoaded()) << path;
+        EXPECT_EQ(filledSlots(library), allSlots(false)) << path;
+    }
+}
+
+TEST(XrkLibrary, IsAllNullWhenTheFileIsNoLibrary)
+{
+    const auto path = std::filesystem::temp_directory_path() /
+                      ("not-a-library-" + std::to_string(std::random_device()()));
+    std::ofstream(path) << "plain text";
+
+    const XrkLibrary library(path.string().c_str());
+    EXPECT_FALSE(library.isLoaded());
+    EXPECT_EQ(filledSlots(library), allSlots(false));
+    std::filesystem::remove(path);
+}
+
+TEST(XrkLibrary, FillsEverySlot)
+{
+    const ScriptedReader reader;
+    const XrkLibrary library(ScriptedReader::path().c_str());
+    EXPECT_TRUE(library.isLoaded());
+    EXPECT_EQ(filledSlots(library), allSlots(true));
+}
+
+TEST(XrkLibrary, KeepsTheSlotsInTheOrderOfTheExports)
+{
+    const ScriptedReader reader;
+    const XrkLibrary library(ScriptedReader::path().c_str());
+    const void* const* const first = reinterpret_cast<const void* const*>(&library.open_file);
+    const void* const* const last =
+        reinterpret_cast<const void* const*>(&library.get_GPS_raw_channel_samples);
+    EXPECT_EQ(first, reinterpret_cast<const void* const*>(&library) + 1);
+    EXPECT_EQ(last - first, 19);
+    EXPECT_EQ(sizeof(XrkLibrary), 21 * sizeof(void*));
+}
+
+TEST(XrkLibrary, LeavesExactlyTheMissingExportNull)
+{
+    for (std::size_t missing = 0; missing < kNames.size(); ++missing) {
+        ScriptedReader reader;
+        const XrkLibrary library(reader.libraryWithout({kNames[missing]}).c_str());
+        auto expected = allSlots(true);
+        expected[missing] = false;
+        EXPECT_TRUE(library.isLoaded());
+        EXPECT_EQ(filledSlots(library), expected) << kNames[missing];
+    }
+}
+
+TEST(XrkLibrary, LoadsALibraryWithoutAnyOfTheExports)
+{
+    ScriptedReader reader;
+    const XrkLibrary library(reader.libraryWithout({kNames.begin(), kNames.end()}).c_str());
+    EXPECT_TRUE(library.isLoaded());
+    EXPECT_EQ(filledSlots(library), allSlots(false));
+}
+
+TEST(XrkLibrary, CallsTheExportOfEachSlotsName)
+{
+    ScriptedReader reader;
+    for (auto& family : reader.channels)
+        family = {{"name", {1.0, 2.0}, {10.0, 20.0}, "units"}};
+    const XrkLibrary library(ScriptedReader::path().c_str());
+    double times[2] = {};
+    double values[2] = {};
+
+    EXPECT_EQ(library.open_file("/r.xrk"), reader.fileIndex);
+    library.get_vehicle_name();
+    library.get_racer_name();
+    library.get_laps_count();
+    EXPECT_EQ(library.get_channels_count(3), 1);
+    EXPECT_STREQ(library.get_channel_name(3, 0), "name");
+    EXPECT_STREQ(library.get_channel_units(3, 0), "units");
+    EXPECT_EQ(library.get_channel_samples_count(3, 0), 2);
+    EXPECT_EQ(library.get_channel_samples(3, 0, times, values, 2), 2);
+    EXPECT_EQ(times[1], 2.0);
+    EXPECT_EQ(values[1], 20.0);
+    library.get_GPS_channels_count(3);
+    library.get_GPS_channel_name(3, 0);
+    library.get_GPS_channel_units(3, 0);
+    library.get_GPS_channel_samples_count(3, 0);
+    library.get_GPS_channel_samples(3, 0, times, values, 2);
+    library.get_GPS_raw_channels_count(3);
+    library.get_GPS_raw_channel_name(3, 0);
+    library.get_GPS_raw_channel_units(3, 0);
+    library.get_GPS_raw_channel_samples_count(3, 0);
+    library.get_GPS_raw_channel_samples(3, 0, times, values, 2);
+    library.close_file_i(3);
+
+    const std::vector<std::string> expected = {
+        "loaded",
+        "open_file(/r.xrk)",
+        "unexpected",
+        "unexpected",
+        "unexpected",
+        "get_channels_count(3)",
+        "get_channel_name(3,0)",
+        "get_channel_units(3,0)",
+        "get_channel_samples_count(3,0)",
+        "get_channel_samples(3,0)",
+        "get_GPS_channels_count(3)",
+        "get_GPS_channel_name(3,0)",
+        "get_GPS_channel_units(3,0)",
+        "get_GPS_channel_samples_count(3,0)",
+        "get_GPS_channel_samples(3,0)",
+        "get_GPS_raw_channels_count(3)",
+        "get_GPS_raw_channel_name(3,0)",
+        "get_GPS_raw_channel_units(3,0)",
+        "get_GPS_raw_channel_samples_count(3,0)",
+        "get_GPS_raw_channel_samples(3,0)",
+        "close_file_i(3)",
+    };
+    EXPECT_EQ(reader.log, expected);
+}
+
+TEST(XrkLibrary, UnloadsWhenDestroyed)
+{
+    const ScriptedReader reader;
+    {
+        const XrkLibrary library(ScriptedReader::path().c_str());
+        EXPECT_EQ(reader.log, std::vector<std::string>{"loaded"});
+    }
+    EXPECT_EQ(reader.log, (std::vector<std::string>{"loaded", "unloaded"}));
+}
+
+TEST(XrkLibrary, StaysLoadedWhileAnotherBindingHoldsTheSameLibrary)
+{
+    const ScriptedReader reader;
+    {
+        const XrkLibrary outer(ScriptedReader::path().c_str());
+        {
+            const XrkLibrary inner(ScriptedReader::path().c_str());
+        }
+        EXPECT_EQ(reader.calls("unloaded"), 0);
+        EXPECT_EQ(outer.get_channels_count(3), 0);
+    }
+    EXPECT_EQ(reader.calls("unloaded"), 1);
+}
+
+} // namespace
