@@ -12,10 +12,10 @@
 struct DashPage
 {
     QString name;
-    std::int32_t index = 0;  ///< ordinal when read or created; never renumbered afterwards
+    std::int32_t index = 0; ///< ordinal when read or created; never renumbered afterwards
     std::int32_t width = 800;
     std::int32_t height = 480;
-    QString imagePath;       ///< the resolved background image file, empty if none
-    QPixmap image;           ///< null if none
+    QString imagePath; ///< the resolved background image file, empty if none
+    QPixmap image;     ///< null if none
     std::vector<DashElement> elements;
 };

@@ -6,18 +6,20 @@
 #include <QString>
 
 #include <pugixml.hpp>
+
 #include <vector>
 
 /// One opened dashboard package: the overlay XML, kept whole so that everything the editor does not
 /// understand survives a save, and flat records of what it shows and edits.
 ///
 /// Records and XML are two views of one document, kept in step by position: the i-th page object is
-/// pages()[i], the j-th mask object of that page is its elements[j]. Every operation here keeps that
-/// so. Element records hold non-owning handles into the XML, which the document owns.
+/// pages()[i], the j-th mask object of that page is its elements[j]. Every operation here keeps
+/// that so. Element records hold non-owning handles into the XML, which the document owns.
 ///
 /// No operation shows a message or throws; failure is false, -1 or an empty node, and a failed
 /// operation changes nothing. The document is neither copied nor shared.
-class DashboardDocument {
+class DashboardDocument
+{
 public:
     DashboardDocument() = default;
     DashboardDocument(const DashboardDocument&) = delete;
@@ -26,22 +28,23 @@ public:
 
     // --- Files -----------------------------------------------------------------------------------
 
-    /// Unpacks and reads a package. On failure the document that was open stays as it was, editable.
-    /// On success pages, XML and paths are replaced; the channels of the new package's device file
-    /// are appended to those already known, and device type, type code and display size keep their
-    /// values when the new package has no usable device file. The unpack directory is kept for good.
+    /// Unpacks and reads a package. On failure the document that was open stays as it was,
+    /// editable. On success pages, XML and paths are replaced; the channels of the new package's
+    /// device file are appended to those already known, and device type, type code and display size
+    /// keep their values when the new package has no usable device file. The unpack directory is
+    /// kept for good.
     [[nodiscard]] bool open(const QString& packagePath);
 
-    /// Writes the records back and packs the unpack directory into destPath. On failure the file that
-    /// stood at destPath is unchanged. False when no package is open.
+    /// Writes the records back and packs the unpack directory into destPath. On failure the file
+    /// that stood at destPath is unchanged. False when no package is open.
     [[nodiscard]] bool save(const QString& destPath);
 
     /// Parses an overlay file and rebuilds the pages. Unparsable XML changes nothing; XML without a
     /// configuration object or without a page gives false and leaves no pages.
     [[nodiscard]] bool loadOverlay(const QString& path);
 
-    /// Reads device type, type code and channels from a device definition file, then the display size
-    /// from the overlay that is open. Channels are appended, never cleared.
+    /// Reads device type, type code and channels from a device definition file, then the display
+    /// size from the overlay that is open. Channels are appended, never cleared.
     [[nodiscard]] bool loadDeviceFile(const QString& path);
 
     /// Carries rectangles and text styles from the records into the XML and writes it to xmlPath,
@@ -86,14 +89,15 @@ public:
     bool removePage(int index);
 
     /// Appends a copy of donor to the page with a new rectangle (display pixels), a new name
-    /// ("new.1", "new.2" ... counted for the whole run of the program) and a new channel. Properties
-    /// that the donor lacks are not created.
+    /// ("new.1", "new.2" ... counted for the whole run of the program) and a new channel.
+    /// Properties that the donor lacks are not created.
     /// @param created receives the new record. @return the element's index in its page, or -1.
     int addElementFromDonor(int pageIndex, pugi::xml_node donor, const ChannelDef& channel, int x,
                             int y, int w, int h, DashElement& created);
 
-    /// Puts a copy of source, a saved mask object, back right after the node after (before the first
-    /// mask object when after is empty) and element at position among the records, bound to the copy.
+    /// Puts a copy of source, a saved mask object, back right after the node after (before the
+    /// first mask object when after is empty) and element at position among the records, bound to
+    /// the copy.
     bool insertElementCopy(int pageIndex, int position, const DashElement& element,
                            pugi::xml_node source, pugi::xml_node after, pugi::xml_node& newNode);
 
@@ -112,6 +116,7 @@ public:
 private:
     DashboardDocument& operator=(DashboardDocument&&) = default;
 
+    [[nodiscard]] static std::vector<DashElement> readElements(pugi::xml_node page);
     void resolveImage(DashPage& page, const QString& rawImagePath) const;
     void readDisplaySize();
 

@@ -114,17 +114,8 @@ bool DashboardDocument::insertPageCopy(int index, const DashPage& page, pugi::xm
     if (!copy)
         return false;
 
-    DashPage record;
-    record.name = page.name;
-    record.index = page.index;
-    record.width = page.width;
-    record.height = page.height;
-    record.imagePath = page.imagePath;
-    record.image = page.image;
-    for (const pugi::xml_node child : XmlTree::objects(copy)) {
-        if (XmlTree::same(XmlTree::classOf(child), Class::kElement))
-            record.elements.push_back(readElement(child));
-    }
+    DashPage record = page;
+    record.elements = readElements(copy); // those of page may name XML that is gone
     m_pages.insert(m_pages.begin() + index, std::move(record));
     newNode = copy;
     return true;

@@ -151,10 +151,7 @@ void DashboardDocument::readPage(pugi::xml_node node, int ordinal)
     }
     if (guiApplicationExists())
         resolveImage(page, rawImagePath);
-    for (const pugi::xml_node child : XmlTree::objects(node)) {
-        if (XmlTree::same(XmlTree::classOf(child), Class::kElement))
-            page.elements.push_back(readElement(child));
-    }
+    page.elements = readElements(node);
     m_pages.push_back(std::move(page));
 }
 
@@ -162,11 +159,22 @@ void DashboardDocument::resolveImage(DashPage& page, const QString& rawImagePath
 {
     if (!rawImagePath.isEmpty())
         loadImage(page, FixedPaths::imageRoot() + rawImagePath);
-    // Without an unpacked package there is no folder to look in; never look in the working directory.
+    // Without an unpacked package there is no folder to look in; never look in the working
+    // directory.
     if (page.image.isNull() && !m_overlayPath.isEmpty()) {
         loadImage(page, QFileInfo(m_overlayPath).path() + u'/' + QString::number(page.index) +
                             QStringLiteral(".png"));
     }
+}
+
+std::vector<DashElement> DashboardDocument::readElements(pugi::xml_node page)
+{
+    std::vector<DashElement> elements;
+    for (const pugi::xml_node child : XmlTree::objects(page)) {
+        if (XmlTree::same(XmlTree::classOf(child), Class::kElement))
+            elements.push_back(readElement(child));
+    }
+    return elements;
 }
 
 DashElement DashboardDocument::readElement(pugi::xml_node node)

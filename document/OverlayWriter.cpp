@@ -15,7 +15,8 @@ namespace Key = OverlaySchema::Key;
 namespace {
 
 /// Hands the library's output to a device and remembers whether every byte went through.
-class DeviceWriter : public pugi::xml_writer {
+class DeviceWriter : public pugi::xml_writer
+{
 public:
     explicit DeviceWriter(QIODevice& device) : m_device(device) {}
 
@@ -31,6 +32,15 @@ private:
     QIODevice& m_device;
     bool m_ok = true;
 };
+
+/// Indentation grows with the square of the nesting: a file of 1 MB that nests 200,000 levels would
+/// fill 80 GB. Layouts nest about eight levels; files far beyond that are written without it.
+unsigned formatFor(const pugi::xml_document& xml)
+{
+    constexpr int kDeepestIndented = 100;
+    return XmlTree::isNestedDeeperThan(xml, kDeepestIndented) ? pugi::format_raw
+                                                              : pugi::format_indent;
+}
 
 void writeRectangle(pugi::xml_node node, const DashElement& element)
 {
@@ -110,7 +120,7 @@ bool DashboardDocument::writeBack(const QString& xmlPath)
     }
     return replaceFile(xmlPath, [this](QIODevice& device) {
         DeviceWriter writer(device);
-        m_overlayXml.save(writer, "  ", pugi::format_indent, pugi::encoding_auto);
+        m_overlayXml.save(writer, "  ", formatFor(m_overlayXml), pugi::encoding_auto);
         return writer.ok();
     });
 }

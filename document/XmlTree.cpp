@@ -1,5 +1,6 @@
 #include "document/XmlTree.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <cstdlib>
@@ -27,9 +28,12 @@ std::int32_t number(pugi::xml_node property)
 
 void setText(pugi::xml_node property, const QString& value)
 {
+    // Text that stays the same keeps its bytes, also where they are not valid UTF-8.
+    const QByteArray bytes =
+        text(property) == value ? QByteArray(property.child_value()) : value.toUtf8();
     while (const pugi::xml_node child = property.first_child())
         removeSubtree(child);
-    property.append_child(pugi::node_pcdata).set_value(value.toUtf8().constData());
+    property.append_child(pugi::node_pcdata).set_value(bytes.constData());
 }
 
 void setNumber(pugi::xml_node property, int value)
@@ -68,6 +72,27 @@ void removeSubtree(pugi::xml_node node)
             return;
         current = parent;
     }
+}
+
+bool isNestedDeeperThan(pugi::xml_node root, int limit)
+{
+    int depth = 0;
+    pugi::xml_node node = root;
+    while (depth <= limit) {
+        if (const pugi::xml_node child = node.first_child()) {
+            node = child;
+            ++depth;
+            continue;
+        }
+        while (node != root && !node.next_sibling()) {
+            node = node.parent();
+            --depth;
+        }
+        if (node == root)
+            return false;
+        node = node.next_sibling();
+    }
+    return true;
 }
 
 } // namespace XmlTree

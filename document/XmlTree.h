@@ -57,10 +57,11 @@ inline constexpr char kKey[] = "n";
 /// The value text of a property as UTF-8 text.
 [[nodiscard]] QString text(pugi::xml_node property);
 
-/// The value of a property as the C library's atoi reads it: leading digits count, anything else is 0.
+/// The value of a property as the C library's atoi reads it: leading digits count, anything else is
+/// 0.
 [[nodiscard]] std::int32_t number(pugi::xml_node property);
 
-/// Replaces whatever the property holds by one text child.
+/// Replaces whatever the property holds by one text child, also when the text is empty.
 void setText(pugi::xml_node property, const QString& value);
 void setNumber(pugi::xml_node property, int value);
 
@@ -73,5 +74,8 @@ void appendProperty(pugi::xml_node object, const char* key, const QString& value
 /// Removes a node with its subtree. The library's own removal recurses and overflows the stack on
 /// deeply nested input; this one does not.
 void removeSubtree(pugi::xml_node node);
+
+/// True when a node stands more than limit levels below root.
+[[nodiscard]] bool isNestedDeeperThan(pugi::xml_node root, int limit);
 
 } // namespace XmlTree

@@ -2,31 +2,26 @@
 
 #include "app/commands/PageRef.h"
 
-#include <QCoreApplication>
-
 ClearPageCommand::ClearPageCommand(DashboardDocument* document, int pageIndex)
-    : m_document(document), m_pageIndex(pageIndex)
+    : m_document(document),
+      m_pageIndex(pageIndex)
 {
     const DashPage* const page = PageRef(document, pageIndex).resolve();
     if (!page) {
-        setText(QCoreApplication::translate("ClearPageCommand", "Clear page"));
+        setText(tr("Clear page"));
         return;
     }
     for (const DashElement& element : page->elements)
-        m_saved.emplace_back(element);
-    setText(QCoreApplication::translate("ClearPageCommand", "Clear page (%1 elements)")
-                .arg(m_saved.size()));
+        m_saved.add(element);
+    setText(tr("Clear page (%1 elements)").arg(m_saved.count()));
 }
 
 ClearPageCommand::~ClearPageCommand() = default;
 
 void ClearPageCommand::undo()
 {
-    if (!m_document)
-        return;
-    int position = 0;
-    for (const SavedElement& saved : m_saved)
-        saved.restore(*m_document, m_pageIndex, position++);
+    if (m_document)
+        m_saved.restore(*m_document, m_pageIndex, 0);
 }
 
 void ClearPageCommand::redo()

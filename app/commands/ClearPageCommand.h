@@ -1,14 +1,16 @@
 #pragma once
 
-#include "app/commands/SavedElement.h"
+#include "app/commands/SavedElements.h"
 
+#include <QCoreApplication>
 #include <QUndoCommand>
-
-#include <list>
 
 /// Removes every element of a page. The document is not owned and may be null, which makes redo and
 /// undo do nothing.
-class ClearPageCommand : public QUndoCommand {
+class ClearPageCommand : public QUndoCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(ClearPageCommand)
+
 public:
     ClearPageCommand(DashboardDocument* document, int pageIndex);
     ~ClearPageCommand() override;
@@ -19,5 +21,5 @@ public:
 private:
     DashboardDocument* m_document;
     int m_pageIndex;
-    std::list<SavedElement> m_saved; // in page order; saved elements cannot be moved
+    SavedElements m_saved;
 };

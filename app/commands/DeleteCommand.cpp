@@ -2,28 +2,27 @@
 
 #include "app/commands/PageRef.h"
 
-#include <QCoreApplication>
-
 DeleteCommand::DeleteCommand(DashboardDocument* document, int pageIndex, int elementIndex)
-    : m_document(document), m_pageIndex(pageIndex), m_elementIndex(elementIndex)
+    : m_document(document),
+      m_pageIndex(pageIndex),
+      m_elementIndex(elementIndex)
 {
     const DashElement* const element = PageRef(document, pageIndex).element(elementIndex);
     if (!element) {
-        setText(QCoreApplication::translate("DeleteCommand", "Delete element"));
+        setText(tr("Delete element"));
         return;
     }
-    m_saved.emplace(*element);
+    m_saved.add(*element);
     const bool bound = !element->channelLongName.isEmpty();
-    setText(QCoreApplication::translate("DeleteCommand", "Delete %1")
-                .arg(bound ? element->channelLongName : element->name));
+    setText(tr("Delete %1").arg(bound ? element->channelLongName : element->name));
 }
 
 DeleteCommand::~DeleteCommand() = default;
 
 void DeleteCommand::undo()
 {
-    if (m_document && m_saved)
-        m_saved->restore(*m_document, m_pageIndex, m_elementIndex);
+    if (m_document)
+        m_saved.restore(*m_document, m_pageIndex, m_elementIndex);
 }
 
 void DeleteCommand::redo()

@@ -1,14 +1,16 @@
 #pragma once
 
-#include "app/commands/SavedElement.h"
+#include "app/commands/SavedElements.h"
 
+#include <QCoreApplication>
 #include <QUndoCommand>
-
-#include <optional>
 
 /// Deletes one element of a page. The document is not owned and may be null, which makes redo and
 /// undo do nothing, as does a page or element that did not exist at construction.
-class DeleteCommand : public QUndoCommand {
+class DeleteCommand : public QUndoCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(DeleteCommand)
+
 public:
     DeleteCommand(DashboardDocument* document, int pageIndex, int elementIndex);
     ~DeleteCommand() override;
@@ -20,5 +22,5 @@ private:
     DashboardDocument* m_document;
     int m_pageIndex;
     int m_elementIndex;
-    std::optional<SavedElement> m_saved;
+    SavedElements m_saved; // empty when there was no such element
 };

@@ -1,15 +1,15 @@
 #include "app/commands/InsertElementCommand.h"
 
-#include <QCoreApplication>
-
 InsertElementCommand::InsertElementCommand(DashboardDocument* document, int pageIndex,
                                            const ChannelDef& channel, int x, int y, int w, int h,
                                            pugi::xml_node donor)
-    : m_document(document), m_pageIndex(pageIndex), m_channel(channel), m_geometry{x, y, w, h}
+    : m_document(document),
+      m_pageIndex(pageIndex),
+      m_channel(channel),
+      m_geometry{x, y, w, h}
 {
     m_donorXml.append_copy(donor);
-    setText(QCoreApplication::translate("InsertElementCommand", "Insert %1")
-                .arg(channel.longName));
+    setText(tr("Insert %1").arg(channel.longName));
 }
 
 InsertElementCommand::~InsertElementCommand() = default;
@@ -24,10 +24,10 @@ void InsertElementCommand::redo()
 {
     if (!m_document)
         return;
-    if (m_inserted)
-        m_inserted->restore(*m_document, m_pageIndex, m_insertedIndex);
-    else
+    if (m_inserted.isEmpty())
         insertFromDonor();
+    else
+        m_inserted.restore(*m_document, m_pageIndex, m_insertedIndex);
 }
 
 void InsertElementCommand::insertFromDonor()
@@ -36,11 +36,11 @@ void InsertElementCommand::insertFromDonor()
     if (!donor)
         return;
     DashElement created;
-    const int index = m_document->addElementFromDonor(m_pageIndex, donor, m_channel, m_geometry.x,
-                                                      m_geometry.y, m_geometry.w, m_geometry.h,
-                                                      created);
+    const int index =
+        m_document->addElementFromDonor(m_pageIndex, donor, m_channel, m_geometry.x, m_geometry.y,
+                                        m_geometry.w, m_geometry.h, created);
     if (index < 0)
         return; // a later redo tries again
     m_insertedIndex = index;
-    m_inserted.emplace(created);
+    m_inserted.add(created);
 }

@@ -1,16 +1,18 @@
 #pragma once
 
-#include "app/commands/SavedElement.h"
+#include "app/commands/SavedElements.h"
 #include "document/ElementGeometry.h"
 
+#include <QCoreApplication>
 #include <QUndoCommand>
-
-#include <optional>
 
 /// Inserts a copy of a donor element, bound to a channel. The first redo makes the element; every
 /// later one puts the very same element back, with the same name and properties.
 /// The document is not owned and may be null, which makes redo and undo do nothing.
-class InsertElementCommand : public QUndoCommand {
+class InsertElementCommand : public QUndoCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(InsertElementCommand)
+
 public:
     /// x, y, w, h are the new element's rectangle in display pixels. The donor is copied.
     InsertElementCommand(DashboardDocument* document, int pageIndex, const ChannelDef& channel,
@@ -29,5 +31,5 @@ private:
     ElementGeometry m_geometry;
     pugi::xml_document m_donorXml;
     int m_insertedIndex = -1;
-    std::optional<SavedElement> m_inserted; // empty until the first successful redo
+    SavedElements m_inserted; // empty until the first successful redo
 };

@@ -1,14 +1,14 @@
 #include "app/commands/MoveCommand.h"
 
-#include <QCoreApplication>
-
 MoveCommand::MoveCommand(const PageRef& page, int elementIndex, const ElementGeometry& before,
                          const ElementGeometry& after)
-    : m_page(page), m_elementIndex(elementIndex), m_before(before), m_after(after)
+    : m_page(page),
+      m_elementIndex(elementIndex),
+      m_before(before),
+      m_after(after)
 {
     const DashElement* const element = page.element(elementIndex);
-    setText(QCoreApplication::translate("MoveCommand", "Move/Resize %1")
-                .arg(element ? element->name : QString()));
+    setText(tr("Move/Resize %1").arg(element ? element->name : QString()));
 }
 
 MoveCommand::~MoveCommand() = default;

@@ -3,11 +3,15 @@
 #include "app/commands/PageRef.h"
 #include "document/ElementGeometry.h"
 
+#include <QCoreApplication>
 #include <QUndoCommand>
 
 /// Moves or resizes one element: sets the four geometry fields of its record and nothing else.
 /// The element is found anew, by page and position, whenever the command runs.
-class MoveCommand : public QUndoCommand {
+class MoveCommand : public QUndoCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(MoveCommand)
+
 public:
     /// The element must still stand at its former geometry; pushing the command applies after.
     MoveCommand(const PageRef& page, int elementIndex, const ElementGeometry& before,

@@ -1,11 +1,10 @@
 #include "app/commands/NewPageCommand.h"
 
-#include <QCoreApplication>
-
 NewPageCommand::NewPageCommand(DashboardDocument* document, const QString& name)
-    : m_document(document), m_name(name)
+    : m_document(document),
+      m_name(name)
 {
-    setText(QCoreApplication::translate("NewPageCommand", "New page \"%1\"").arg(name));
+    setText(tr("New page \"%1\"").arg(name));
 }
 
 NewPageCommand::~NewPageCommand() = default;

@@ -2,11 +2,15 @@
 
 #include "document/DashboardDocument.h"
 
+#include <QCoreApplication>
 #include <QUndoCommand>
 
 /// Appends a blank page. The first redo makes the page; every later one puts the same page back.
 /// The document is not owned and may be null, which makes redo and undo do nothing.
-class NewPageCommand : public QUndoCommand {
+class NewPageCommand : public QUndoCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(NewPageCommand)
+
 public:
     NewPageCommand(DashboardDocument* document, const QString& name);
     ~NewPageCommand() override;

@@ -3,12 +3,14 @@
 #include "document/DashboardDocument.h"
 
 /// Names a page so that it can be found again at any later time: by its index in a document, whose
-/// records move in memory when pages come and go, or, for a canvas that shows a page of no document,
-/// by the page itself, which the caller then keeps alive.
-class PageRef {
+/// records move in memory when pages come and go, or, for a canvas that shows a page of no
+/// document, by the page itself, which the caller then keeps alive.
+class PageRef
+{
 public:
     PageRef(DashboardDocument* document, int pageIndex)
-        : m_document(document), m_pageIndex(pageIndex)
+        : m_document(document),
+          m_pageIndex(pageIndex)
     {
     }
     explicit PageRef(DashPage* page) : m_page(page) {}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "document/DashboardDocument.h"
+
+#include <pugixml.hpp>
+
+#include <cstddef>
+#include <vector>
+
+/// Elements taken from a page, in page order: their records and deep copies of their XML, so that
+/// they can be put back with everything that the records do not model and exactly where they stood
+/// among the page's other objects.
+class SavedElements
+{
+public:
+    void add(const DashElement& element);
+
+    /// Puts the elements back, the first one at that position of the page. An element that had no
+    /// XML is left out.
+    void restore(DashboardDocument& document, int pageIndex, int firstPosition) const;
+
+    [[nodiscard]] bool isEmpty() const { return m_entries.empty(); }
+    [[nodiscard]] std::size_t count() const { return m_entries.size(); }
+
+private:
+    struct Entry
+    {
+        DashElement record;
+        pugi::xml_node xml; // in m_xml
+        int othersBefore;   // nodes other than elements between the element before this one and it
+    };
+
+    void restoreOne(DashboardDocument& document, int pageIndex, int position,
+                    const Entry& entry) const;
+
+    pugi::xml_document m_xml; // one for all entries: each document of the library takes 32 KiB
+    std::vector<Entry> m_entries;
+};
