@@ -3,7 +3,8 @@
 #include <QMainWindow>
 
 /// The only top-level window.
-class MainWindow : public QMainWindow {
+class MainWindow : public QMainWindow
+{
     Q_OBJECT
 
 public:

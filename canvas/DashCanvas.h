@@ -14,10 +14,11 @@ class TelemetrySession;
 
 /// Shows one page, scaled to fit and centred, and edits its elements with mouse and keyboard.
 ///
-/// A drag changes the record live and becomes one MoveCommand on release. The canvas owns neither the
-/// page nor the document, the session or the undo stack; whoever frees or moves a page's record must
-/// call setPage or rebindPage first.
-class DashCanvas : public QWidget {
+/// A drag changes the record live and becomes one MoveCommand on release. The canvas owns neither
+/// the page nor the document, the session or the undo stack; whoever frees or moves a page's record
+/// must call setPage or rebindPage first.
+class DashCanvas : public QWidget
+{
     Q_OBJECT
 
 public:
@@ -25,8 +26,8 @@ public:
 
     /// Shows a page, or nothing for null; drops selection and gesture, emits nothing.
     void setPage(DashPage* page);
-    /// Shows the same page at its present place in memory, with that element selected (-1 for none),
-    /// after the document's records have moved. Ends a gesture in progress; emits nothing.
+    /// Shows the same page at its present place in memory, with that element selected (-1 for
+    /// none), after the document's records have moved. Ends a gesture in progress; emits nothing.
     void rebindPage(DashPage* page, int selectedIndex);
     /// The document whose pages are shown, so that commands can find them again. Null for a canvas
     /// that shows a page of no document.

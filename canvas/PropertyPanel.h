@@ -7,14 +7,16 @@
 /// Inspector of the selected element. Edits go straight into the element's record, past the undo
 /// stack, and are announced by signals. Does not own the element: whoever frees or moves the record
 /// must call setElement or clear first.
-class PropertyPanel : public QWidget {
+class PropertyPanel : public QWidget
+{
     Q_OBJECT
 
 public:
     explicit PropertyPanel(QWidget* parent = nullptr);
 
     void setElement(DashElement* element);
-    /// Shows the same element at its present place in memory: no widget but the geometry is refilled.
+    /// Shows the same element at its present place in memory: no widget but the geometry is
+    /// refilled.
     void rebindElement(DashElement* element);
     void clear();
     void refreshGeometry();

@@ -7,9 +7,10 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <array>
 #include <unzip.h>
 #include <zip.h>
+
+#include <array>
 
 namespace {
 
@@ -92,7 +93,8 @@ QString DashboardPackage::findOverlayFile(const QString& rootDir)
         if (first.isEmpty())
             first = path;
         const qint64 size = it.fileInfo().size();
-        if (size > largestSize && !path.contains(QStringLiteral("/expansions/"), Qt::CaseInsensitive)) {
+        if (size > largestSize &&
+            !path.contains(QStringLiteral("/expansions/"), Qt::CaseInsensitive)) {
             largest = path;
             largestSize = size;
         }

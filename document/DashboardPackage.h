@@ -10,10 +10,10 @@ namespace DashboardPackage {
 /// Extracts every member of the archive into destDir, which must exist.
 ///
 /// False when the archive cannot be opened, when a member's name would leave destDir, when a member
-/// is encrypted or compressed with anything but "stored" and "deflate", when the declared total size
-/// exceeds the free space of the volume, or when a file cannot be written. What was extracted before
-/// the failure stays. A damaged member is kept as far as it can be read. An archive without members
-/// unpacks to nothing and succeeds. No member ever becomes a symbolic link.
+/// is encrypted or compressed with anything but "stored" and "deflate", when the declared total
+/// size exceeds the free space of the volume, or when a file cannot be written. What was extracted
+/// before the failure stays. A damaged member is kept as far as it can be read. An archive without
+/// members unpacks to nothing and succeeds. No member ever becomes a symbolic link.
 [[nodiscard]] bool unpackArchive(const QString& archivePath, const QString& destDir);
 
 /// Writes a new archive holding every regular, non-hidden file below srcDir; folders get no members

@@ -138,9 +138,9 @@ bool writePackage(const QString& path, const std::map<QString, QByteArray>& memb
     bool ok = true;
     for (const auto& [name, content] : members) {
         const zip_fileinfo info{};
-        ok = ok && zipOpenNewFileInZip(archive, name.toUtf8().constData(), &info, nullptr, 0,
-                                       nullptr, 0, nullptr, Z_DEFLATED,
-                                       Z_DEFAULT_COMPRESSION) == ZIP_OK;
+        ok = ok &&
+             zipOpenNewFileInZip(archive, name.toUtf8().constData(), &info, nullptr, 0, nullptr, 0,
+                                 nullptr, Z_DEFLATED, Z_DEFAULT_COMPRESSION) == ZIP_OK;
         ok = ok && zipWriteInFileInZip(archive, content.constData(),
                                        static_cast<unsigned>(content.size())) == ZIP_OK;
         ok = zipCloseFileInZip(archive) == ZIP_OK && ok;

@@ -24,7 +24,8 @@ struct Object
     std::vector<Object> objects;
 };
 
-/// An element of the usual shape: rectangle, axis bound to channel (no axis when empty), digit style.
+/// An element of the usual shape: rectangle, axis bound to channel (no axis when empty), digit
+/// style.
 [[nodiscard]] Object digitElement(const QByteArray& name, int x, int y, int w, int h,
                                   const QByteArray& channel = "Engine RPM");
 [[nodiscard]] Object labelElement(const QByteArray& name, int x, int y, int w, int h,
@@ -37,7 +38,8 @@ struct Object
 [[nodiscard]] Property number(const QByteArray& key, int value);
 
 [[nodiscard]] QByteArray toXml(const Object& object);
-/// The whole overlay document with these pages; the display size goes into the configuration object.
+/// The whole overlay document with these pages; the display size goes into the configuration
+/// object.
 [[nodiscard]] QByteArray overlayXml(const std::vector<Object>& pages, int displayWidth = 800,
                                     int displayHeight = 480);
 
