@@ -1,52 +1,247 @@
 #include "canvas/DashCanvas.h"
 
-DashCanvas::DashCanvas(QWidget* parent) : QWidget(parent) {}
+#include "app/commands/MoveCommand.h"
+#include "canvas/PagePainter.h"
+#include "canvas/Saturate.h"
+#include "document/DashboardDocument.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QUndoStack>
+
+#include <algorithm>
+#include <utility>
+
+using GestureGeometry::DragMode;
+
+DashCanvas::DashCanvas(QWidget* parent) : QWidget(parent)
+{
+    setMinimumSize(400, 240);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
 
 void DashCanvas::setPage(DashPage* page)
 {
-    rebindPage(page, -1);
+    m_page = page;
+    m_selectedIndex = -1;
+    m_gesture = {};
+    update();
 }
 
 void DashCanvas::rebindPage(DashPage* page, int selectedIndex)
 {
+    const Gesture gesture = std::exchange(m_gesture, {});
     m_page = page;
-    m_selectedIndex = selectedIndex;
+    const int formerIndex =
+        std::exchange(m_selectedIndex, elementAt(selectedIndex) ? selectedIndex : -1);
+    if (m_selectedIndex == formerIndex)
+        takeBack(gesture);
     update();
 }
 
 void DashCanvas::setSession(TelemetrySession* session)
 {
     m_session = session;
+    update();
 }
 
-void DashCanvas::setReplayTime(double) {}
+void DashCanvas::setReplayTime(double seconds)
+{
+    m_replaySeconds = seconds;
+    repaint();
+}
 
-void DashCanvas::setSpeedUnit(int) {}
+void DashCanvas::setSpeedUnit(int unit)
+{
+    m_speedUnit = unit;
+    update();
+}
 
-void DashCanvas::setSnap(bool, int) {}
+void DashCanvas::setSnap(bool enabled, int gridSize)
+{
+    m_grid = {enabled, gridSize};
+}
 
 double DashCanvas::fitScale() const
 {
-    return 1.0;
+    return transform().scale();
 }
 
 QPointF DashCanvas::pageOrigin() const
 {
-    return {10, 10};
+    return transform().origin();
 }
 
-QRectF DashCanvas::elementRect(const DashElement&) const
+QRectF DashCanvas::elementRect(const DashElement& element) const
 {
-    return {};
+    return transform().map(geometryOf(element));
 }
 
 int DashCanvas::snapValue(int v) const
 {
-    return v;
+    return Saturate::toInt(m_grid.snap(v));
 }
 
 void DashCanvas::clearSelectionAndRepaint()
 {
     m_selectedIndex = -1;
+    m_gesture = {};
+    update();
+}
+
+bool DashCanvas::event(QEvent* event)
+{
+    // Arrives before the shortcut runs its command, while the record can still be put back exactly.
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* const key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo) ||
+            key->matches(QKeySequence::Delete))
+            takeBack(std::exchange(m_gesture, {}));
+    }
+    return QWidget::event(event);
+}
+
+void DashCanvas::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    PagePainter::paint(
+        painter, rect(),
+        {m_page, transform(), m_selectedIndex, m_grid, {m_session, m_replaySeconds, m_speedUnit}});
+}
+
+void DashCanvas::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton || !m_page)
+        return;
+    setFocus(Qt::MouseFocusReason);
+    const QPoint point = event->position().toPoint();
+    if (const DashElement* const selected = selectedElement()) {
+        const DragMode handle = GestureGeometry::handleAt(elementRect(*selected), point);
+        if (handle != DragMode::Idle) {
+            beginGesture(handle, point);
+            return;
+        }
+    }
+    const int hit = hitTest(point);
+    if (hit != m_selectedIndex) {
+        m_selectedIndex = hit;
+        Q_EMIT elementSelected(hit);
+        update();
+    }
+    beginGesture(DragMode::Move, point);
+}
+
+void DashCanvas::mouseMoveEvent(QMouseEvent* event)
+{
+    DashElement* const element = selectedElement();
+    if (!m_gesture.isActive() || !element)
+        return;
+    ElementGeometry start = m_gesture.start;
+    if (m_gesture.mode == DragMode::Move) {
+        // A move leaves the size alone, whoever has changed it since the press.
+        start.w = element->w;
+        start.h = element->h;
+    }
+    m_gesture.live = GestureGeometry::applyDrag(
+        m_gesture.mode, start, transform().distance(m_gesture.press, event->position().toPoint()),
+        {m_page->width, m_page->height}, m_grid);
+    ::setGeometry(*element, m_gesture.live);
+    update();
+}
+
+void DashCanvas::mouseReleaseEvent(QMouseEvent* event)
+{
+    const Gesture gesture = std::exchange(m_gesture, {});
+    const DashElement* const element = selectedElement();
+    // Any other button ends the gesture too, leaving the element where it is.
+    if (event->button() != Qt::LeftButton || !gesture.isActive() || !element)
+        return;
+    if (geometryOf(*element) != gesture.start)
+        commit(gesture);
+    update();
+}
+
+void DashCanvas::keyPressEvent(QKeyEvent* event)
+{
+    const bool deletes = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
+    if (!deletes || !selectedElement()) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    takeBack(std::exchange(m_gesture, {}));
+    event->accept();
+    Q_EMIT deleteRequested(m_selectedIndex);
+}
+
+PageTransform DashCanvas::transform() const
+{
+    return m_page ? PageTransform(size(), {m_page->width, m_page->height}) : PageTransform();
+}
+
+DashElement* DashCanvas::elementAt(int index) const
+{
+    if (!m_page || index < 0 || static_cast<std::size_t>(index) >= m_page->elements.size())
+        return nullptr;
+    return &m_page->elements[static_cast<std::size_t>(index)];
+}
+
+int DashCanvas::hitTest(const QPoint& point) const
+{
+    const PageTransform pageTransform = transform();
+    const std::vector<DashElement>& elements = m_page->elements;
+    const auto hit = std::find_if(elements.rbegin(), elements.rend(), [&](const DashElement& e) {
+        return pageTransform.map(geometryOf(e)).contains(point);
+    });
+    return static_cast<int>(std::distance(hit, elements.rend())) - 1;
+}
+
+PageRef DashCanvas::pageRef() const
+{
+    if (m_document) {
+        const std::vector<DashPage>& pages = m_document->pages();
+        const auto found = std::find_if(pages.begin(), pages.end(),
+                                        [this](const DashPage& page) { return &page == m_page; });
+        if (found != pages.end())
+            return {m_document, static_cast<int>(std::distance(pages.begin(), found))};
+    }
+    return PageRef(m_page);
+}
+
+/// Does nothing without a selected element.
+void DashCanvas::beginGesture(DragMode mode, const QPoint& press)
+{
+    if (const DashElement* const element = selectedElement())
+        m_gesture = {mode, press, geometryOf(*element), geometryOf(*element)};
+}
+
+/// Turns what the drag has done to the record into one undoable step.
+void DashCanvas::commit(const Gesture& gesture)
+{
+    const int index = m_selectedIndex;
+    if (m_undoStack) {
+        DashElement& element = *elementAt(index);
+        const ElementGeometry dragged = geometryOf(element);
+        ::setGeometry(element, gesture.start);
+        m_undoStack->push(new MoveCommand(pageRef(), index, gesture.start, dragged));
+    }
+    // The push may have re-pointed this canvas, so the element is looked up again.
+    const DashElement* const element = elementAt(index);
+    if (!element)
+        return;
+    if (gesture.mode == DragMode::Move)
+        Q_EMIT elementMoved(index, element->x, element->y);
+    else
+        Q_EMIT elementResized(index, element->w, element->h);
+}
+
+/// Puts the dragged element back to where it was at the press, unless something else has moved it.
+void DashCanvas::takeBack(const Gesture& gesture)
+{
+    DashElement* const element = selectedElement();
+    if (!gesture.isActive() || !element || geometryOf(*element) != gesture.live)
+        return;
+    ::setGeometry(*element, gesture.start);
     update();
 }

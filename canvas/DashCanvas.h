@@ -1,5 +1,8 @@
 #pragma once
 
+#include "canvas/GestureGeometry.h"
+#include "canvas/PageTransform.h"
+#include "canvas/SnapGrid.h"
 #include "document/DashPage.h"
 #include "document/ElementGeometry.h"
 
@@ -14,9 +17,10 @@ class TelemetrySession;
 
 /// Shows one page, scaled to fit and centred, and edits its elements with mouse and keyboard.
 ///
-/// A drag changes the record live and becomes one MoveCommand on release. The canvas owns neither
-/// the page nor the document, the session or the undo stack; whoever frees or moves a page's record
-/// must call setPage or rebindPage first.
+/// A drag changes the record live and becomes one MoveCommand on release. An undo, a redo or a
+/// deletion in the middle of a drag takes the drag back first. The canvas owns neither the page nor
+/// the document, the session or the undo stack; whoever frees or moves a page's record must call
+/// setPage or rebindPage first.
 class DashCanvas : public QWidget
 {
     Q_OBJECT
@@ -24,10 +28,12 @@ class DashCanvas : public QWidget
 public:
     explicit DashCanvas(QWidget* parent = nullptr);
 
-    /// Shows a page, or nothing for null; drops selection and gesture, emits nothing.
+    /// Shows a page, or nothing for null; drops selection and gesture, emits nothing. An element
+    /// that is being dragged stays where it is.
     void setPage(DashPage* page);
     /// Shows the same page at its present place in memory, with that element selected (-1 for
-    /// none), after the document's records have moved. Ends a gesture in progress; emits nothing.
+    /// none), after the document's records have moved. Ends a gesture in progress, taking the drag
+    /// back if the element is still where the drag left it; emits nothing.
     void rebindPage(DashPage* page, int selectedIndex);
     /// The document whose pages are shown, so that commands can find them again. Null for a canvas
     /// that shows a page of no document.
@@ -55,18 +61,54 @@ public:
     [[nodiscard]] int snapValue(int v) const;
 
 public Q_SLOTS:
+    /// Nothing selected, no gesture; emits nothing.
     void clearSelectionAndRepaint();
 
 Q_SIGNALS:
+    /// A press changed the selection; -1 when it hit nothing.
     void elementSelected(int index);
+    /// A drag that changed something has ended; values after the change, in display pixels.
     void elementMoved(int index, int newX, int newY);
     void elementResized(int index, int newW, int newH);
+    /// Delete or Backspace with an element selected. The canvas itself deletes nothing.
     void deleteRequested(int index);
 
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
+    /// A drag from its press to its release.
+    struct Gesture
+    {
+        GestureGeometry::DragMode mode = GestureGeometry::DragMode::Idle;
+        QPoint press;          ///< widget pixels
+        ElementGeometry start; ///< the element at the press
+        ElementGeometry live;  ///< where the drag has taken it
+
+        [[nodiscard]] bool isActive() const { return mode != GestureGeometry::DragMode::Idle; }
+    };
+
+    [[nodiscard]] PageTransform transform() const;
+    [[nodiscard]] DashElement* elementAt(int index) const;
+    [[nodiscard]] DashElement* selectedElement() const { return elementAt(m_selectedIndex); }
+    [[nodiscard]] int hitTest(const QPoint& point) const;
+    [[nodiscard]] PageRef pageRef() const;
+    void beginGesture(GestureGeometry::DragMode mode, const QPoint& press);
+    void commit(const Gesture& gesture);
+    void takeBack(const Gesture& gesture);
+
     DashPage* m_page = nullptr;
     DashboardDocument* m_document = nullptr;
     QUndoStack* m_undoStack = nullptr;
     TelemetrySession* m_session = nullptr;
     int m_selectedIndex = -1;
+    Gesture m_gesture;
+    SnapGrid m_grid;
+    double m_replaySeconds = 0.0;
+    int m_speedUnit = 0;
 };

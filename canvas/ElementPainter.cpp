@@ -1,0 +1,156 @@
+#include "canvas/ElementPainter.h"
+
+#include "canvas/LiveText.h"
+#include "canvas/MatchTrace.h"
+#include "canvas/Saturate.h"
+#include "telemetry/TelemetrySession.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QColor kUnboundColor(150, 150, 150);
+constexpr QColor kBoundColor(200, 200, 200);
+constexpr QColor kCaptionColor(160, 160, 160);
+
+// The raster engine computes in 32 bits with a fraction: beyond this, shapes would wrap around.
+constexpr double kFarthestPixel = 16'384;
+
+// No box shows as much of a name; laying out megabytes to cut them off would stall every frame.
+constexpr qsizetype kLongestShownName = 1000;
+
+QColor tint(ElementKind kind)
+{
+    constexpr int kAlpha = 60;
+    switch (kind) {
+    case ElementKind::Analog:
+        return {40, 80, 200, kAlpha};
+    case ElementKind::Digit:
+        return {40, 180, 60, kAlpha};
+    case ElementKind::Icon:
+        return {200, 180, 40, kAlpha};
+    default:
+        return {128, 128, 128, kAlpha};
+    }
+}
+
+QPen outline(const DashElement& element, bool selected)
+{
+    if (selected)
+        return {ElementPainter::kSelectionColor, 2.0, Qt::SolidLine};
+    if (element.channelLongName.isEmpty())
+        return {kUnboundColor, 1.0, Qt::DashLine};
+    return {kBoundColor, 1.0, Qt::SolidLine};
+}
+
+bool isFar(double coordinate)
+{
+    return coordinate < -kFarthestPixel || coordinate > kFarthestPixel;
+}
+
+/// The rectangle itself, or for one that reaches absurdly far what can be drawn of it.
+QRectF drawable(const QRectF& rect)
+{
+    if (!isFar(rect.left()) && !isFar(rect.right()) && !isFar(rect.top()) && !isFar(rect.bottom()))
+        return rect;
+    const auto clamped = [](double c) { return std::clamp(c, -kFarthestPixel, kFarthestPixel); };
+    return {QPointF(clamped(rect.left()), clamped(rect.top())),
+            QPointF(clamped(rect.right()), clamped(rect.bottom()))};
+}
+
+QString elided(const QString& text, const QFont& font, double boxWidth)
+{
+    constexpr int kPadding = 4; // both sides together
+    return QFontMetrics(font).elidedText(text.left(kLongestShownName), Qt::ElideRight,
+                                         Saturate::truncate(boxWidth) - kPadding);
+}
+
+QRectF captionArea(const QRectF& rect)
+{
+    return rect.adjusted(2, 1, -2, -1);
+}
+
+} // namespace
+
+ElementPainter::ElementPainter(QPainter& painter, const PageTransform& transform,
+                               const LiveView& live)
+    : m_painter(painter),
+      m_transform(transform),
+      m_live(live)
+{
+}
+
+void ElementPainter::draw(const DashElement& element, bool selected) const
+{
+    const QRectF rect = drawable(m_transform.map(geometryOf(element)));
+    drawBox(rect, element, selected);
+    if (m_live.session && m_live.session->isLoaded() && !element.channelLongName.isEmpty())
+        drawLive(rect, element);
+    else
+        drawPlaceholder(rect, element);
+}
+
+void ElementPainter::drawBox(const QRectF& rect, const DashElement& element, bool selected) const
+{
+    m_painter.fillRect(rect, tint(element.kind));
+    m_painter.setPen(outline(element, selected));
+    m_painter.drawRect(rect);
+}
+
+void ElementPainter::drawLive(const QRectF& rect, const DashElement& element) const
+{
+    drawValue(rect, element);
+    drawCaption(rect, element.channelLongName);
+}
+
+QString ElementPainter::liveText(const QString& channel) const
+{
+    const QString& recorded = m_live.session->matchedName(channel);
+    MatchTrace::record(channel, recorded);
+    const double value = m_live.session->value(channel, m_live.seconds);
+    return LiveText::format(
+        LiveText::isSpeed(recorded) ? LiveText::inSpeedUnit(value, m_live.speedUnit) : value);
+}
+
+void ElementPainter::drawValue(const QRectF& rect, const DashElement& element) const
+{
+    const QString text = liveText(element.channelLongName);
+    const int pixelSize = LiveText::valuePixelSize(element.valueFontSize, element.h, rect.height());
+    QFont font = m_painter.font();
+    font.setWeight(element.kind == ElementKind::Analog ? QFont::Bold : QFont::Normal);
+    font.setPixelSize(pixelSize);
+    font.setPixelSize(LiveText::fittedPixelSize(pixelSize,
+                                                QFontMetrics(font).horizontalAdvance(text),
+                                                LiveText::availableWidth(rect.width())));
+    m_painter.setFont(font);
+    m_painter.setPen(element.valueColor.isValid() ? element.valueColor : QColor(Qt::white));
+    m_painter.drawText(rect.adjusted(3, 2, -3, -2), Qt::AlignCenter, text);
+}
+
+void ElementPainter::drawCaption(const QRectF& rect, const QString& channel) const
+{
+    QFont font = m_painter.font();
+    font.setPixelSize(LiveText::captionPixelSize(m_transform.scale()));
+    font.setWeight(QFont::Normal);
+    m_painter.setFont(font);
+    m_painter.setPen(kCaptionColor);
+    m_painter.drawText(captionArea(rect), Qt::AlignLeft | Qt::AlignTop,
+                       elided(channel, font, rect.width()));
+}
+
+void ElementPainter::drawPlaceholder(const QRectF& rect, const DashElement& element) const
+{
+    m_painter.setPen(Qt::white);
+    QFont font = m_painter.font();
+    font.setPixelSize(LiveText::placeholderPixelSize(m_transform.scale()));
+    m_painter.setFont(font);
+    if (!element.channelLongName.isEmpty()) {
+        m_painter.drawText(captionArea(rect), Qt::AlignLeft | Qt::AlignTop,
+                           elided(element.channelLongName, font, rect.width()));
+    }
+    m_painter.drawText(captionArea(rect), Qt::AlignRight | Qt::AlignBottom,
+                       elided(element.name, font, rect.width()));
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "canvas/PageView.h"
+#include "document/DashElement.h"
+
+#include <QColor>
+#include <QFont>
+#include <QRectF>
+
+class QPainter;
+
+/// Draws elements as tinted, outlined boxes, with the live value of their channel or with their
+/// names. Lives for one painting; keeps references to what it is given. The painter's font goes on
+/// from element to element, so only the first one's weight is the canvas's own.
+class ElementPainter
+{
+public:
+    static constexpr QColor kSelectionColor{255, 255, 0};
+
+    ElementPainter(QPainter& painter, const PageTransform& transform, const LiveView& live);
+
+    void draw(const DashElement& element, bool selected) const;
+
+private:
+    void drawBox(const QRectF& rect, const DashElement& element, bool selected) const;
+    void drawLive(const QRectF& rect, const DashElement& element) const;
+    void drawValue(const QRectF& rect, const DashElement& element) const;
+    void drawCaption(const QRectF& rect, const QString& channel) const;
+    void drawPlaceholder(const QRectF& rect, const DashElement& element) const;
+    [[nodiscard]] QString liveText(const QString& channel) const;
+
+    QPainter& m_painter;
+    const PageTransform& m_transform;
+    const LiveView& m_live;
+};

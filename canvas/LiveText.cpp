@@ -1,0 +1,87 @@
+#include "canvas/LiveText.h"
+
+#include "canvas/Saturate.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+constexpr double kNominalShare = 0.4; // of the element's height, when it names no font size
+constexpr double kLargestShare = 0.6; // of the box's height
+constexpr int kSmallestValue = 10;    // pixel sizes
+constexpr int kSmallestFittedValue = 8;
+constexpr int kSmallestCaption = 7;
+constexpr int kSmallestPlaceholder = 8;
+constexpr double kCaptionSize = 8.0; // display pixels
+constexpr double kPlaceholderSize = 10.0;
+constexpr int kSidePadding = 6; // of the value, both sides together
+
+// Glyphs larger than any screen would cost seconds and gigabytes to outline.
+constexpr int kLargestPixelSize = 8192;
+
+constexpr std::array kSpeedFactors{3.6, 2.23694, 1.94384};
+
+int pixelSize(double size, int smallest)
+{
+    return std::clamp(Saturate::truncate(size), smallest, kLargestPixelSize);
+}
+
+} // namespace
+
+int LiveText::decimals(double value)
+{
+    const double magnitude = std::abs(value);
+    if (magnitude >= 1000.0)
+        return 0;
+    return magnitude >= 1.0 ? 1 : 2;
+}
+
+QString LiveText::format(double value)
+{
+    return QString::number(value, 'f', decimals(value));
+}
+
+int LiveText::valuePixelSize(int fontSize, int elementHeight, double boxHeight)
+{
+    const int nominal = fontSize > 0 ? fontSize : Saturate::truncate(elementHeight * kNominalShare);
+    const double ratio =
+        std::min(static_cast<double>(nominal) / std::max(elementHeight, 1), kLargestShare);
+    return pixelSize(boxHeight * ratio, kSmallestValue);
+}
+
+int LiveText::availableWidth(double boxWidth)
+{
+    return Saturate::toInt(qint64{Saturate::truncate(boxWidth)} - kSidePadding);
+}
+
+int LiveText::fittedPixelSize(int size, int textWidth, int available)
+{
+    if (textWidth <= available || available <= 0)
+        return size;
+    return pixelSize(static_cast<double>(available) / textWidth * size, kSmallestFittedValue);
+}
+
+int LiveText::captionPixelSize(double scale)
+{
+    return pixelSize(scale * kCaptionSize, kSmallestCaption);
+}
+
+int LiveText::placeholderPixelSize(double scale)
+{
+    return pixelSize(scale * kPlaceholderSize, kSmallestPlaceholder);
+}
+
+bool LiveText::isSpeed(const QString& recordedName)
+{
+    constexpr QStringView kName = u"gps speed";
+    return recordedName.size() == kName.size() && recordedName.toLower() == kName;
+}
+
+double LiveText::inSpeedUnit(double metresPerSecond, int unit)
+{
+    if (unit < 0 || static_cast<std::size_t>(unit) >= kSpeedFactors.size())
+        return metresPerSecond;
+    return metresPerSecond * kSpeedFactors[static_cast<std::size_t>(unit)];
+}
