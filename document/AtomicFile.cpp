@@ -1,18 +1,74 @@
 #include "document/AtomicFile.h"
 
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <unistd.h>
+#endif
+
+namespace {
+
+/// QSaveFile asks for this as well but takes no notice of the answer, and some file systems tell
+/// only here that the disk is full.
+bool reachedDisk(const QFileDevice& file)
+{
+#ifdef Q_OS_UNIX
+    return ::fsync(file.handle()) == 0 || errno == EINVAL; // EINVAL: nothing to wait for
+#else
+    Q_UNUSED(file);
+    return true;
+#endif
+}
+
+bool writeSibling(QSaveFile& sibling, const std::function<bool(QIODevice&)>& write)
+{
+    // commit() alone does not notice a short write, and would rename a truncated file.
+    const bool complete = write(sibling) && sibling.flush() &&
+                          sibling.error() == QFileDevice::NoError && reachedDisk(sibling);
+    if (!complete) {
+        sibling.cancelWriting();
+        return false;
+    }
+    return sibling.commit();
+}
+
+bool overwrite(QFile& file, const QByteArray& content)
+{
+    return file.seek(0) && file.write(content) == content.size() && file.resize(content.size()) &&
+           reachedDisk(file);
+}
+
+/// For folders that take no new file. The content is made before the file is touched, and the file
+/// keeps its length until the content is in it, so that the old bytes can be put back even on a
+/// full disk.
+bool writeInPlace(const QString& path, const std::function<bool(QIODevice&)>& write)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
+        return false;
+    const QByteArray old = file.readAll();
+    QBuffer content;
+    content.open(QIODevice::WriteOnly);
+    if (old.size() != file.size() || !write(content))
+        return false;
+    if (overwrite(file, content.data()))
+        return true;
+    overwrite(file, old);
+    return false;
+}
+
+} // namespace
 
 bool replaceFile(const QString& path, const std::function<bool(QIODevice&)>& write)
 {
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    // commit() alone does not notice a short write, and would rename a truncated file.
-    const bool complete = write(file) && file.flush() && file.error() == QFileDevice::NoError;
-    if (!complete) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
+    const QFileInfo destination(path);
+    if (destination.exists() && !destination.isFile())
+        return false; // never put a file in the place of a device or a pipe
+    QSaveFile sibling(path);
+    return sibling.open(QIODevice::WriteOnly) ? writeSibling(sibling, write)
+                                              : writeInPlace(path, write);
 }

@@ -1,118 +1,113 @@
 #include "document/DashboardPackage.h"
 
+#include "document/ArchiveReader.h"
+#include "document/ArchiveWriter.h"
 #include "document/AtomicFile.h"
+#include "document/MemberPath.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QStorageInfo>
 
-#include <unzip.h>
-#include <zip.h>
-
-#include <array>
+#include <limits>
 
 namespace {
 
-constexpr int kNameLimit = 512;
-constexpr int kChunkSize = 8192;
-
-bool extractCurrent(unzFile archive, const QString& target)
+quint64 addSaturating(quint64 left, quint64 right)
 {
-    QDir().mkpath(QFileInfo(target).absolutePath());
-    if (unzOpenCurrentFile(archive) != UNZ_OK)
-        return false;
-    QFile file(target);
-    if (!file.open(QIODevice::WriteOnly)) {
-        unzCloseCurrentFile(archive);
-        return false;
+    return left > std::numeric_limits<quint64>::max() - right ? std::numeric_limits<quint64>::max()
+                                                              : left + right;
+}
+
+bool fitsOnVolume(quint64 size, const QString& folder)
+{
+    const qint64 available = QStorageInfo(folder).bytesAvailable();
+    const bool known = available >= 0;
+    return !known || size <= static_cast<quint64>(available);
+}
+
+/// Whether every member may be unpacked into destDir. Asked for all of them before anything is
+/// written, so that an archive that is refused leaves nothing behind.
+bool mayUnpack(ArchiveReader& archive, const QString& destDir)
+{
+    quint64 total = 0;
+    for (bool more = archive.toFirst(); more; more = archive.toNext()) {
+        const ArchiveMember member = archive.current();
+        if (!memberPath(member.name))
+            return false;
+        if (member.isFolder())
+            continue;
+        if (!member.readable)
+            return false;
+        total = addSaturating(total, member.size);
     }
-    std::array<char, kChunkSize> chunk{};
-    int count = 0;
-    bool written = true;
-    while (written && (count = unzReadCurrentFile(archive, chunk.data(), kChunkSize)) > 0)
-        written = file.write(chunk.data(), count) == count;
-    unzCloseCurrentFile(archive);
-    return written && file.flush();
+    return fitsOnVolume(total, destDir);
+}
+
+bool makeFolder(const QString& path)
+{
+    // A name that is a file and a folder keeps the file: a folder of its own holds nothing.
+    return QDir().mkpath(path) || QFileInfo::exists(path);
+}
+
+bool unpackMembers(ArchiveReader& archive, const QString& destDir)
+{
+    for (bool more = archive.toFirst(); more; more = archive.toNext()) {
+        const ArchiveMember member = archive.current();
+        const QString target = destDir + u'/' + memberPath(member.name).value_or(QString());
+        const bool done = member.isFolder() ? makeFolder(target)
+                                            : makeFolder(QFileInfo(target).absolutePath()) &&
+                                                  archive.extractCurrent(target);
+        if (!done)
+            return false;
+    }
+    return true;
+}
+
+QStringList filesBelow(const QString& folder)
+{
+    QStringList paths;
+    QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext())
+        paths.append(files.next());
+    return paths;
+}
+
+bool writeArchive(QIODevice& device, const QDir& root, const QStringList& paths)
+{
+    ArchiveWriter archive(device);
+    for (const QString& path : paths) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly) ||
+            !archive.addMember(root.relativeFilePath(path).toUtf8(), file))
+            return false;
+    }
+    return archive.finish();
 }
 
 } // namespace
 
 bool DashboardPackage::unpackArchive(const QString& archivePath, const QString& destDir)
 {
-    unzFile archive = unzOpen64(archivePath.toLocal8Bit().constData());
-    if (!archive)
+    QFile file(archivePath);
+    if (!file.open(QIODevice::ReadOnly))
         return false;
-    bool ok = true;
-    for (int status = unzGoToFirstFile(archive); ok && status == UNZ_OK;
-         status = unzGoToNextFile(archive)) {
-        std::array<char, kNameLimit + 1> buffer{};
-        unz_file_info64 info{};
-        unzGetCurrentFileInfo64(archive, &info, buffer.data(), kNameLimit, nullptr, 0, nullptr, 0);
-        const QString name = QString::fromUtf8(buffer.data());
-        const QString target = destDir + u'/' + name;
-        ok = name.endsWith(u'/') ? QDir().mkpath(target) : extractCurrent(archive, target);
-    }
-    unzClose(archive);
-    return ok;
+    ArchiveReader archive(file);
+    if (!archive.isOpen())
+        return isEmptyArchive(file);
+    // A damaged archive is unpacked as far as it can be read; a failing disk is another matter.
+    return mayUnpack(archive, destDir) && unpackMembers(archive, destDir) &&
+           !archive.deviceFailed();
 }
 
 bool DashboardPackage::packDirectory(const QString& srcDir, const QString& archivePath)
 {
-    zipFile archive = zipOpen(archivePath.toLocal8Bit().constData(), APPEND_STATUS_CREATE);
-    if (!archive)
+    if (!QFileInfo(srcDir).isDir())
         return false;
-    QDirIterator it(srcDir, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        QFile file(path);
-        const QByteArray name = QDir(srcDir).relativeFilePath(path).toUtf8();
-        const zip_fileinfo info{};
-        if (!file.open(QIODevice::ReadOnly)) {
-            zipClose(archive, nullptr);
-            return false;
-        }
-        const QByteArray content = file.readAll();
-        zipOpenNewFileInZip(archive, name.constData(), &info, nullptr, 0, nullptr, 0, nullptr,
-                            Z_DEFLATED, Z_DEFAULT_COMPRESSION);
-        zipWriteInFileInZip(archive, content.constData(), static_cast<unsigned>(content.size()));
-        zipCloseFileInZip(archive);
-    }
-    return zipClose(archive, nullptr) == ZIP_OK;
-}
-
-QString DashboardPackage::findOverlayFile(const QString& rootDir)
-{
-    QString largest;
-    QString first;
-    qint64 largestSize = 0;
-    QDirIterator it(rootDir, {QStringLiteral("overlay.ov3.xml")}, QDir::Files,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        if (first.isEmpty())
-            first = path;
-        const qint64 size = it.fileInfo().size();
-        if (size > largestSize &&
-            !path.contains(QStringLiteral("/expansions/"), Qt::CaseInsensitive)) {
-            largest = path;
-            largestSize = size;
-        }
-    }
-    return largest.isEmpty() ? first : largest;
-}
-
-QString DashboardPackage::findDeviceFile(const QString& rootDir)
-{
-    QString first;
-    QDirIterator it(rootDir, {QStringLiteral("*.aimcfg")}, QDir::Files,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        if (!path.contains(QStringLiteral("/devices/"), Qt::CaseInsensitive))
-            return path;
-        if (first.isEmpty())
-            first = path;
-    }
-    return first;
+    // Listed before the new archive exists, which may well stand in the same folder.
+    const QStringList paths = filesBelow(srcDir);
+    return replaceFile(
+        archivePath, [&](QIODevice& device) { return writeArchive(device, QDir(srcDir), paths); });
 }

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <ioapi.h>
+
+class QIODevice;
+
+/// Lets the archive library read and write an open, seekable QIODevice instead of a file it opens
+/// by name, so that every file name works and no failing call goes unnoticed.
+///
+/// Owns nothing: the device must outlive this, and this must outlive the library's handle.
+class ArchiveDevice
+{
+public:
+    explicit ArchiveDevice(QIODevice& device) : m_device(device) {}
+    ArchiveDevice(const ArchiveDevice&) = delete;
+    ArchiveDevice& operator=(const ArchiveDevice&) = delete;
+    ~ArchiveDevice() = default;
+
+    /// The functions to open the library's handle with. They refer to this object.
+    [[nodiscard]] zlib_filefunc64_def hooks();
+
+    /// Whether the device itself failed to read, write or move at any time. An archive that ends
+    /// too early is no such failure.
+    [[nodiscard]] bool failed() const { return m_failed; }
+
+private:
+    static voidpf ZCALLBACK open(voidpf self, const void* path, int mode);
+    static uLong ZCALLBACK read(voidpf self, voidpf stream, void* buffer, uLong size);
+    static uLong ZCALLBACK write(voidpf self, voidpf stream, const void* buffer, uLong size);
+    static ZPOS64_T ZCALLBACK tell(voidpf self, voidpf stream);
+    static long ZCALLBACK seek(voidpf self, voidpf stream, ZPOS64_T offset, int origin);
+    static int ZCALLBACK close(voidpf self, voidpf stream);
+    static int ZCALLBACK error(voidpf self, voidpf stream);
+
+    QIODevice& m_device;
+    bool m_failed = false;
+};

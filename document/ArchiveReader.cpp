@@ -1,0 +1,164 @@
+#include "document/ArchiveReader.h"
+
+#include <QFile>
+#include <QtEndian>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace {
+
+constexpr uLong kNameLimit = 512;
+constexpr quint64 kChunkSize = 8192;
+constexpr uLong kEncryptedFlag = 1;
+/// Fixed part of a member's record in the directory, bytes.
+constexpr ZPOS64_T kDirectoryRecordSize = 46;
+/// Stands where a size needs the 64-bit field.
+constexpr quint64 kSizeElsewhere = 0xffffffff;
+constexpr quint16 kWideSizesField = 1;
+
+/// Keeps the current member open for reading.
+class OpenMember
+{
+public:
+    explicit OpenMember(unzFile archive)
+        : m_archive(archive),
+          m_isOpen(unzOpenCurrentFile(archive) == UNZ_OK)
+    {
+    }
+    OpenMember(const OpenMember&) = delete;
+    OpenMember& operator=(const OpenMember&) = delete;
+    ~OpenMember()
+    {
+        if (m_isOpen)
+            unzCloseCurrentFile(m_archive);
+    }
+
+    [[nodiscard]] bool isOpen() const { return m_isOpen; }
+
+    /// Number of bytes read, 0 at the end of the member, negative where its data are damaged.
+    [[nodiscard]] int read(char* buffer, quint64 size)
+    {
+        return unzReadCurrentFile(m_archive, buffer, static_cast<unsigned>(size));
+    }
+
+private:
+    unzFile m_archive;
+    bool m_isOpen;
+};
+
+/// The unpacked size in a member's extra fields, or fallback when they do not hold one.
+quint64 wideSize(const std::vector<char>& fields, quint64 fallback)
+{
+    constexpr std::size_t kHeader = 4;
+    std::size_t at = 0;
+    while (at + kHeader <= fields.size()) {
+        const auto id = qFromLittleEndian<quint16>(&fields[at]);
+        const std::size_t length = qFromLittleEndian<quint16>(&fields[at + 2]);
+        at += kHeader;
+        if (id == kWideSizesField && length >= sizeof(quint64) &&
+            at + sizeof(quint64) <= fields.size())
+            return qFromLittleEndian<quint64>(&fields[at]);
+        at += length;
+    }
+    return fallback;
+}
+
+} // namespace
+
+ArchiveReader::ArchiveReader(QIODevice& device) : m_device(device)
+{
+    zlib_filefunc64_def hooks = m_device.hooks();
+    m_archive.reset(unzOpen2_64(nullptr, &hooks));
+}
+
+bool ArchiveReader::toFirst()
+{
+    return unzGoToFirstFile(m_archive.get()) == UNZ_OK && readRecord();
+}
+
+bool ArchiveReader::toNext()
+{
+    const int status = unzGoToNextFile(m_archive.get());
+    return (status == UNZ_OK || (status == UNZ_END_OF_LIST_OF_FILE && toRecordBeyondCount())) &&
+           readRecord();
+}
+
+/// The count in the end record has 16 bits and wraps in archives of more members; what the
+/// directory holds counts, or a later save would lose the rest.
+bool ArchiveReader::toRecordBeyondCount()
+{
+    unz_file_info64 info{};
+    unz64_file_pos position{};
+    if (unzGetCurrentFileInfo64(m_archive.get(), &info, nullptr, 0, nullptr, 0, nullptr, 0) !=
+            UNZ_OK ||
+        unzGetFilePos64(m_archive.get(), &position) != UNZ_OK)
+        return false;
+    position.pos_in_zip_directory +=
+        kDirectoryRecordSize + info.size_filename + info.size_file_extra + info.size_file_comment;
+    ++position.num_of_file;
+    return unzGoToFilePos64(m_archive.get(), &position) == UNZ_OK;
+}
+
+bool ArchiveReader::readRecord()
+{
+    std::array<char, kNameLimit + 1>
+        name{}; // the library ends a name with NUL only if it is shorter
+    unz_file_info64 info{};
+    if (unzGetCurrentFileInfo64(m_archive.get(), &info, name.data(), kNameLimit, nullptr, 0,
+                                nullptr, 0) != UNZ_OK)
+        return false;
+    const bool knownMethod = info.compression_method == 0 || info.compression_method == Z_DEFLATED;
+    m_current = {QString::fromUtf8(name.data()), declaredSize(info),
+                 knownMethod && (info.flag & kEncryptedFlag) == 0};
+    return true;
+}
+
+/// The library leaves sizes that stand in the 64-bit field unresolved where unsigned long has 64
+/// bits.
+quint64 ArchiveReader::declaredSize(const unz_file_info64& info) const
+{
+    if (info.uncompressed_size != kSizeElsewhere)
+        return info.uncompressed_size;
+    std::vector<char> fields(info.size_file_extra);
+    unzGetCurrentFileInfo64(m_archive.get(), nullptr, nullptr, 0, fields.data(),
+                            info.size_file_extra, nullptr, 0);
+    return wideSize(fields, info.uncompressed_size);
+}
+
+bool ArchiveReader::extractCurrent(const QString& filePath)
+{
+    quint64 remaining = m_current.size;
+    OpenMember member(m_archive.get());
+    if (!member.isOpen())
+        return false;
+    QFile file(filePath);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    std::array<char, kChunkSize> chunk{};
+    while (remaining > 0) {
+        const int count = member.read(chunk.data(), std::min(remaining, kChunkSize));
+        if (count <= 0)
+            break;
+        if (file.write(chunk.data(), count) != count)
+            return false;
+        remaining -= static_cast<quint64>(count);
+    }
+    file.close();
+    return file.error() == QFileDevice::NoError;
+}
+
+bool isEmptyArchive(QIODevice& device)
+{
+    constexpr qsizetype kRecordSize = 22;
+    constexpr qsizetype kTotalAt = 10;
+    constexpr qsizetype kCommentLengthAt = 20;
+    if (!device.seek(0))
+        return false;
+    const QByteArray record = device.read(kRecordSize);
+    return record.size() == kRecordSize && record.startsWith(QByteArrayLiteral("PK\5\6")) &&
+           qFromLittleEndian<quint16>(record.data() + kTotalAt) == 0 &&
+           device.size() ==
+               kRecordSize + qFromLittleEndian<quint16>(record.data() + kCommentLengthAt);
+}
