@@ -1,3 +1,4 @@
+#include "app/ApplicationIdentity.h"
 #include "app/MainWindow.h"
 
 #include <QApplication>
@@ -5,6 +6,7 @@
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
+    applyApplicationIdentity();
     MainWindow window;
     window.show();
     return QApplication::exec();

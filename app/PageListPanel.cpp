@@ -1,0 +1,52 @@
+#include "app/PageListPanel.h"
+
+#include <utility>
+
+namespace {
+
+constexpr int kMinimumWidth = 120;
+constexpr int kMaximumWidth = 180;
+constexpr QSize kThumbnailSize{120, 72};
+
+QIcon thumbnailOf(const QPixmap& image)
+{
+    return QIcon(image.scaled(kThumbnailSize, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+}
+
+} // namespace
+
+PageListPanel::PageListPanel(QWidget* parent) : QListWidget(parent)
+{
+    setObjectName(QStringLiteral("pageList"));
+    setAccessibleName(tr("Pages"));
+    setMaximumWidth(kMaximumWidth);
+    setMinimumWidth(kMinimumWidth);
+    setIconSize(kThumbnailSize);
+    connect(this, &QListWidget::currentRowChanged, this, &PageListPanel::onCurrentRowChanged);
+}
+
+void PageListPanel::setPages(const std::vector<DashPage>& pages)
+{
+    clear();
+    QHash<qint64, QIcon> thumbnails;
+    for (const DashPage& page : pages) {
+        auto* const item = new QListWidgetItem(page.name, this);
+        if (page.image.isNull())
+            continue;
+        const qint64 key = page.image.cacheKey();
+        QIcon thumbnail = m_thumbnails.value(key);
+        if (thumbnail.isNull())
+            thumbnail = thumbnailOf(page.image);
+        item->setIcon(thumbnail);
+        thumbnails.insert(key, thumbnail);
+    }
+    m_thumbnails = std::move(thumbnails); // those of images that are gone go with them
+    if (!pages.empty())
+        setCurrentRow(0);
+}
+
+void PageListPanel::onCurrentRowChanged(int row)
+{
+    if (row >= 0)
+        Q_EMIT pageSelected(row);
+}

@@ -1,0 +1,89 @@
+#include "app/ReplayBar.h"
+
+#include "app/ReplayText.h"
+#include "telemetry/ReplayClock.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+
+namespace {
+
+constexpr QMargins kMargins{4, 2, 4, 2};
+constexpr int kPlayButtonWidth = 50;
+constexpr int kRateComboWidth = 45;
+constexpr int kTimeLabelWidth = 60;
+
+} // namespace
+
+ReplayBar::ReplayBar(QWidget* parent) : QWidget(parent), m_clock(new ReplayClock(this))
+{
+    createControls();
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(kMargins);
+    layout->addWidget(m_playButton, 0);
+    layout->addWidget(m_rateCombo, 0);
+    layout->addWidget(m_slider, 1);
+    layout->addWidget(m_timeLabel, 0);
+    connectControls();
+}
+
+void ReplayBar::createControls()
+{
+    m_playButton = new QPushButton(tr("Play"));
+    m_playButton->setObjectName(QStringLiteral("playButton"));
+    m_playButton->setFixedWidth(kPlayButtonWidth);
+    m_playButton->setEnabled(false);
+
+    m_rateCombo = new QComboBox;
+    m_rateCombo->setObjectName(QStringLiteral("rateCombo"));
+    m_rateCombo->setAccessibleName(tr("Replay rate"));
+    m_rateCombo->addItems({tr("1x"), tr("2x"), tr("4x")});
+    m_rateCombo->setFixedWidth(kRateComboWidth);
+    m_rateCombo->setEnabled(false);
+
+    m_slider = new QSlider(Qt::Horizontal);
+    m_slider->setObjectName(QStringLiteral("replaySlider"));
+    m_slider->setAccessibleName(tr("Replay position"));
+    m_slider->setRange(0, 0);
+    m_slider->setEnabled(false);
+
+    m_timeLabel = new QLabel(ReplayText::timeText(0));
+    m_timeLabel->setObjectName(QStringLiteral("timeLabel"));
+    m_timeLabel->setFixedWidth(kTimeLabelWidth);
+}
+
+void ReplayBar::connectControls()
+{
+    connect(m_slider, &QSlider::rangeChanged, m_clock,
+            [this](int, int maximum) { m_clock->setMaximum(maximum); });
+    connect(m_slider, &QSlider::valueChanged, this, &ReplayBar::onPositionChanged);
+    connect(m_clock, &ReplayClock::positionChanged, m_slider, &QSlider::setValue);
+    connect(m_clock, &ReplayClock::playingChanged, this, &ReplayBar::onPlayingChanged);
+    connect(m_playButton, &QPushButton::clicked, m_clock, &ReplayClock::togglePlaying);
+    connect(m_rateCombo, &QComboBox::currentIndexChanged, m_clock, &ReplayClock::setRate);
+}
+
+void ReplayBar::setDuration(double seconds)
+{
+    m_slider->setRange(0, ReplayText::lastPosition(seconds));
+    m_slider->setValue(0);
+    m_slider->setEnabled(true);
+    m_playButton->setEnabled(true);
+    m_rateCombo->setEnabled(true);
+    onPositionChanged(0); // the slider says nothing when it stood at 0 already
+}
+
+void ReplayBar::onPositionChanged(int position)
+{
+    m_clock->setPosition(position);
+    m_timeLabel->setText(ReplayText::timeText(position));
+    Q_EMIT timeChanged(m_clock->seconds());
+}
+
+void ReplayBar::onPlayingChanged(bool playing)
+{
+    m_playButton->setText(playing ? tr("Stop") : tr("Play"));
+}

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+/// The title of the main window for a file name without folder and a target device; either may be
+/// empty. It never carries a modified marker, because the program keeps no such state.
+[[nodiscard]] QString mainWindowTitle(const QString& fileName = {}, const QString& device = {});
