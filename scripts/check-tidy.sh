@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Lints every source file of the build; .clang-tidy says with what, and every finding is an error.
+source "$(dirname "$0")/common.sh"
+
+ensure_packages "${build_packages[@]}" "${test_packages[@]}" \
+    clang-14 clang-tidy-14 libclang-rt-14-dev python3
+cmake --preset tidy
+# Sources may include what moc makes of them. Asking the build for it would compile the libraries as well.
+find build/tidy -name AutogenInfo.json -print0 |
+    xargs -0 -P "$jobs" -I{} cmake -E cmake_autogen {} Debug
+python3 scripts/tidy.py build/tidy "$jobs"

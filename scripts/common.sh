@@ -1,0 +1,74 @@
+# shellcheck shell=bash
+# What the scripts of this folder share; sourced, never run. Moves to the root of the repository.
+
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+# shellcheck source=scripts/packages.sh
+source scripts/packages.sh
+
+jobs=$(nproc)
+
+# say TEXT: a heading between the outputs of the tools.
+say() {
+    printf '\n=== %s\n' "$*"
+}
+
+# die TEXT: says why on standard error and gives up.
+die() {
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
+is_installed() {
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# ensure_packages NAME...: installs those that are missing; touches nothing and needs neither root nor
+# network when all are there. Elsewhere than on Debian it leaves the set-up to whoever runs it.
+ensure_packages() {
+    if ! command -v apt-get >/dev/null; then
+        echo "No apt-get here: taking for granted that the equivalents of these are installed: $*"
+        return
+    fi
+    local name missing=()
+    for name in "$@"; do
+        is_installed "$name" || missing+=("$name")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+
+    local apt=(env DEBIAN_FRONTEND=noninteractive apt-get -q -y)
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || die "Missing, and no sudo to install them with: ${missing[*]}"
+        apt=(sudo "${apt[@]}")
+    fi
+    say "Installing ${missing[*]}"
+    "${apt[@]}" update </dev/null
+    "${apt[@]}" install --no-install-recommends "${missing[@]}" </dev/null
+}
+
+# build_preset PRESET [CMAKE-BUILD-ARGUMENT...]: configures and builds, through ccache where there is one.
+build_preset() {
+    local preset=$1
+    shift
+    if command -v ccache >/dev/null; then
+        export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
+    fi
+    say "Building the $preset preset"
+    cmake --preset "$preset"
+    cmake --build --preset "$preset" -j "$jobs" "$@"
+}
+
+# test_preset PRESET [CTEST-ARGUMENT...]: runs the tests of a built preset and keeps the output for
+# test_summary.
+test_preset() {
+    local preset=$1
+    shift
+    say "Testing the $preset preset"
+    ctest --preset "$preset" -j "$jobs" "$@" </dev/null | tee "build/$preset/ctest.log"
+}
+
+# test_summary PRESET: the line in which ctest counts the tests of its last run. ctest itself may follow
+# it with a list of the tests that were skipped.
+test_summary() {
+    grep 'tests passed' "build/$1/ctest.log"
+}
