@@ -1,14 +1,18 @@
 #pragma once
 
-#include <QString>
+#include "telemetry/SampleArray.h"
 
-#include <vector>
+#include <QString>
 
 /// One recorded channel as loaded: times in seconds, ascending, one per value.
 struct TelemetryChannel
 {
     QString name;  ///< as the recording spells it
     QString units; ///< for display only, never applied to values; may be empty
-    std::vector<double> times;
-    std::vector<double> values;
+    SampleArray times;
+    SampleArray values;
+
+    /// The value at that time, linearly interpolated and held at both ends; 0 without samples.
+    /// Times that are not ascending or not finite give some value, never an error.
+    [[nodiscard]] double valueAt(double seconds) const;
 };

@@ -1,33 +1,73 @@
 #include "telemetry/TelemetrySession.h"
 
+#include "telemetry/ChannelMatcher.h"
 #include "telemetry/XrkLibrary.h"
 
 TelemetrySession::TelemetrySession() = default;
-TelemetrySession::~TelemetrySession() = default;
 
-bool TelemetrySession::load(const QString&, const QString&)
+TelemetrySession::~TelemetrySession()
 {
-    return false;
+    clear();
 }
 
-void TelemetrySession::clear() {}
+bool TelemetrySession::load(const QString& filePath, const QString& libraryPath)
+{
+    clear();
+    m_library = std::make_unique<XrkLibrary>(libraryPath.toUtf8().constData());
+    if (m_library->open_file != nullptr)
+        m_fileIndex = m_library->open_file(filePath.toUtf8().constData());
+    if (m_fileIndex < 0)
+        return false;
+    m_recording = readRecording(*m_library, m_fileIndex);
+    m_loaded = true;
+    return true;
+}
+
+void TelemetrySession::clear()
+{
+    if (m_fileIndex >= 0 && m_library->close_file_i != nullptr)
+        m_library->close_file_i(m_fileIndex);
+    m_matchCache.clear();
+    m_recording = {};
+    m_loaded = false;
+    m_fileIndex = -1;
+    m_library.reset();
+}
 
 QStringList TelemetrySession::channelNames() const
 {
-    return {};
+    QStringList names;
+    for (const auto& [key, channel] : m_recording.channels)
+        names.append(channel.name);
+    return names;
 }
 
-QString TelemetrySession::matchChannel(const QString&) const
+QString TelemetrySession::matchChannel(const QString& name) const
 {
-    return {};
+    return ChannelMatcher::match(name, channelNames());
 }
 
-const QString& TelemetrySession::matchedName(const QString& name) const
+QString TelemetrySession::matchedName(const QString& name) const
 {
-    return m_matchCache[name];
+    const TelemetryChannel* const channel = matched(name);
+    return channel != nullptr ? channel->name : QString();
 }
 
-double TelemetrySession::value(const QString&, double) const
+double TelemetrySession::value(const QString& name, double seconds) const
 {
-    return 0.0;
+    const TelemetryChannel* const channel = matched(name);
+    return channel != nullptr ? channel->valueAt(seconds) : 0.0;
+}
+
+const TelemetryChannel* TelemetrySession::matched(const QString& name) const
+{
+    const auto cached = m_matchCache.find(name);
+    if (cached != m_matchCache.end())
+        return cached->second;
+
+    const QString match = matchChannel(name);
+    const auto found = m_recording.channels.find(match.toLower());
+    // An empty match means none, even where a recorded channel has an empty name.
+    const bool matches = !match.isEmpty() && found != m_recording.channels.end();
+    return m_matchCache[name] = matches ? &found->second : nullptr;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "telemetry/TelemetryChannel.h"
+#include "telemetry/RecordingReader.h"
 
 #include <QString>
 #include <QStringList>
@@ -22,30 +22,32 @@ public:
     TelemetrySession& operator=(const TelemetrySession&) = delete;
 
     /// Replaces the whole contents by the recording at filePath, read through the library at
-    /// libraryPath. False when either cannot be opened; the session is then empty.
+    /// libraryPath. False when either cannot be opened; the session is then empty. A recording
+    /// without any usable channel loads.
     [[nodiscard]] bool load(const QString& filePath, const QString& libraryPath);
     /// Closes the file, forgets everything and unloads the library.
     void clear();
 
     [[nodiscard]] bool isLoaded() const { return m_loaded; }
-    /// Length of the replay in seconds; 0 when empty.
-    [[nodiscard]] double duration() const { return m_duration; }
+    /// Length of the replay in seconds; 0 when empty. Infinite when the recording says so.
+    [[nodiscard]] double duration() const { return m_recording.duration; }
     /// The recorded names, sorted by their lower-case form.
     [[nodiscard]] QStringList channelNames() const;
 
     /// The recorded channel that a layout channel name means, or an empty string. Uncached.
     [[nodiscard]] QString matchChannel(const QString& name) const;
     /// The same, worked out once a name and recording: for use in every frame.
-    [[nodiscard]] const QString& matchedName(const QString& name) const;
+    [[nodiscard]] QString matchedName(const QString& name) const;
     /// The matched channel's value at that time, linearly interpolated and held at both ends; 0
-    /// when nothing matches.
+    /// when nothing matches. In the recording's own unit.
     [[nodiscard]] double value(const QString& name, double seconds) const;
 
 private:
-    std::map<QString, TelemetryChannel> m_channels; // by lower-case name
-    mutable std::map<QString, QString>
-        m_matchCache; // layout name to recorded name, also empty ones
-    double m_duration = 0.0;
+    [[nodiscard]] const TelemetryChannel* matched(const QString& name) const;
+
+    Recording m_recording;
+    // By layout name as asked; null where nothing matches.
+    mutable std::map<QString, const TelemetryChannel*> m_matchCache;
     bool m_loaded = false;
     std::unique_ptr<XrkLibrary> m_library;
     int m_fileIndex = -1;

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// Finds the recorded channel that a layout channel means, although layout and logger spell names
+/// differently. Pure functions over names; the caller keeps the results.
+namespace ChannelMatcher {
+
+/// The one of the recorded names that the wanted name means, or an empty string. The first rule
+/// that yields a name decides: equal but for case; equal but for case, '_' and blanks; the best
+/// score of at least 5 over the words of both names. Where names tie, the earlier one wins, so the
+/// order of recorded matters: a session passes them sorted by their lower-case form.
+[[nodiscard]] QString match(const QString& wanted, const QStringList& recorded);
+
+} // namespace ChannelMatcher

@@ -1,0 +1,393 @@
+#include "telemetry/TelemetrySession.h"
+
+#include "tests/support/ScriptedReader.h"
+
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace {
+
+using testing::ElementsAre;
+
+QString operator""_q(const char* text, std::size_t length)
+{
+    return QString::fromUtf8(text, static_cast<qsizetype>(length));
+}
+
+const QString kFile = QStringLiteral("/r.xrk");
+
+QString library()
+{
+    return QString::fromStdString(ScriptedReader::path());
+}
+
+bool loadScript(TelemetrySession& session)
+{
+    return session.load(kFile, library());
+}
+
+/// A channel that ends at that time and goes from 0 to 10.
+ScriptedChannel endingAt(const char* name, double end)
+{
+    return {name, {0.0, end}, {0.0, 10.0}};
+}
+
+void expectEmpty(const TelemetrySession& session)
+{
+    EXPECT_FALSE(session.isLoaded());
+    EXPECT_EQ(session.duration(), 0.0);
+    EXPECT_TRUE(session.channelNames().isEmpty());
+    EXPECT_TRUE(session.matchChannel("rpm"_q).isEmpty());
+    EXPECT_TRUE(session.matchedName("rpm"_q).isEmpty());
+    EXPECT_EQ(session.value("rpm"_q, 1.0), 0.0);
+}
+
+// Opening
+
+TEST(TelemetrySession, IsEmptyAtFirst)
+{
+    expectEmpty(TelemetrySession());
+}
+
+TEST(TelemetrySession, CallsTheReaderInOrder)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {endingAt("rpm", 10.0)};
+    reader.channels[ReaderHost::kGps] = {endingAt("lat", 10.0)};
+    reader.channels[ReaderHost::kGpsRaw] = {endingAt("raw", 10.0)};
+    {
+        TelemetrySession session;
+        EXPECT_TRUE(loadScript(session));
+        EXPECT_TRUE(session.isLoaded());
+    }
+    EXPECT_THAT(reader.log,
+                ElementsAre("loaded", "open_file(/r.xrk)", "get_channels_count(3)",
+                            "get_channel_name(3,0)", "get_channel_units(3,0)",
+                            "get_channel_samples_count(3,0)", "get_channel_samples(3,0)",
+                            "get_GPS_channels_count(3)", "get_GPS_channel_name(3,0)",
+                            "get_GPS_channel_units(3,0)", "get_GPS_channel_samples_count(3,0)",
+                            "get_GPS_channel_samples(3,0)", "get_GPS_raw_channels_count(3)",
+                            "get_GPS_raw_channel_name(3,0)", "get_GPS_raw_channel_units(3,0)",
+                            "get_GPS_raw_channel_samples_count(3,0)",
+                            "get_GPS_raw_channel_samples(3,0)", "close_file_i(3)", "unloaded"));
+}
+
+TEST(TelemetrySession, LoadsARecordingWithoutChannels)
+{
+    const ScriptedReader reader;
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_TRUE(session.isLoaded());
+    EXPECT_EQ(session.duration(), 0.0);
+    EXPECT_TRUE(session.channelNames().isEmpty());
+}
+
+TEST(TelemetrySession, TakesFileIndexZeroForAnOpenFile)
+{
+    ScriptedReader reader;
+    reader.fileIndex = 0;
+    {
+        TelemetrySession session;
+        EXPECT_TRUE(loadScript(session));
+    }
+    EXPECT_EQ(reader.calls("close_file_i(0)"), 1);
+}
+
+TEST(TelemetrySession, HandsOverPathsInUtf8)
+{
+    ScriptedReader reader;
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath("Lesegerät.so"_q);
+    std::filesystem::copy_file(ScriptedReader::path(), copy.toUtf8().toStdString());
+    TelemetrySession session;
+    EXPECT_TRUE(session.load("/Aufnahme-Nürburg.xrk"_q, copy));
+    EXPECT_EQ(reader.calls("open_file(/Aufnahme-Nürburg.xrk)"), 1);
+}
+
+// Failing, closing and unloading
+
+TEST(TelemetrySession, FailsWithoutALibrary)
+{
+    TelemetrySession session;
+    EXPECT_FALSE(session.load(kFile, "/no/such/library"_q));
+    expectEmpty(session);
+    EXPECT_FALSE(session.load(kFile, QString()));
+    expectEmpty(session);
+}
+
+TEST(TelemetrySession, FailsWithoutOpenFile)
+{
+    ScriptedReader reader;
+    const QString incomplete = QString::fromStdString(reader.libraryWithout({"open_file"}));
+    {
+        TelemetrySession session;
+        EXPECT_FALSE(session.load(kFile, incomplete));
+        expectEmpty(session);
+    }
+    EXPECT_THAT(reader.log, ElementsAre("loaded", "unloaded"));
+}
+
+TEST(TelemetrySession, FailsOnAnyNegativeFileIndexAndClosesNothing)
+{
+    for (const int index : {-1, -7}) {
+        ScriptedReader reader;
+        reader.fileIndex = index;
+        {
+            TelemetrySession session;
+            EXPECT_FALSE(loadScript(session));
+            expectEmpty(session);
+        }
+        EXPECT_THAT(reader.log, ElementsAre("loaded", "open_file(/r.xrk)", "unloaded"));
+    }
+}
+
+TEST(TelemetrySession, HoldsTheLibraryAfterAFailureUntilCleared)
+{
+    ScriptedReader reader;
+    reader.fileIndex = -1;
+    TelemetrySession session;
+    EXPECT_FALSE(loadScript(session));
+    EXPECT_EQ(reader.calls("unloaded"), 0);
+    session.clear();
+    EXPECT_EQ(reader.calls("unloaded"), 1);
+}
+
+TEST(TelemetrySession, IsEmptyAfterClear)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {endingAt("rpm", 10.0)};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_EQ(session.value("rpm"_q, 1.0), 1.0);
+    session.clear();
+    expectEmpty(session);
+}
+
+TEST(TelemetrySession, IsEmptyAfterAFailedLoadThatFollowsAGoodOne)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {endingAt("rpm", 10.0)};
+    for (const bool libraryMissing : {true, false}) {
+        reader.fileIndex = 3;
+        TelemetrySession session;
+        EXPECT_TRUE(loadScript(session));
+        EXPECT_EQ(session.value("rpm"_q, 1.0), 1.0);
+        reader.fileIndex = -1;
+        EXPECT_FALSE(session.load(kFile, libraryMissing ? "/no/such/library"_q : library()));
+        expectEmpty(session);
+    }
+}
+
+TEST(TelemetrySession, ClosesEachFileOnceAndBeforeUnloading)
+{
+    // Every sequence of up to four of: a good load, a load whose file fails, a load whose library
+    // is missing, a clear; then destruction.
+    constexpr int kSteps = 4;
+    constexpr int kActions = 4;
+    for (int sequence = 0; sequence < kActions * kActions * kActions * kActions; ++sequence) {
+        ScriptedReader reader;
+        std::vector<std::string> expected;
+        const char* held = ""; // what the library in the session has open
+        const auto release = [&] {
+            if (*held == 'f')
+                expected.emplace_back("close_file_i(3)");
+            if (*held != '\0')
+                expected.emplace_back("unloaded");
+            held = "";
+        };
+        {
+            TelemetrySession session;
+            for (int step = 0, rest = sequence; step < kSteps; ++step, rest /= kActions) {
+                release();
+                const int action = rest % kActions;
+                reader.fileIndex = action == 0 ? 3 : -1;
+                if (action == 2)
+                    EXPECT_FALSE(session.load(kFile, "/no/such/library"_q));
+                else if (action == 3)
+                    session.clear();
+                else
+                    EXPECT_EQ(loadScript(session), action == 0);
+                if (action == 0 || action == 1) {
+                    expected.insert(expected.end(), {"loaded", "open_file(/r.xrk)"});
+                    held = action == 0 ? "file" : "library";
+                }
+            }
+            release();
+        }
+        std::erase_if(reader.log,
+                      [](const std::string& entry) { return entry.starts_with("get_"); });
+        EXPECT_EQ(reader.log, expected) << sequence;
+    }
+}
+
+TEST(TelemetrySession, UnloadsWithoutClosingWhereTheLibraryCannotClose)
+{
+    ScriptedReader reader;
+    const QString incomplete = QString::fromStdString(reader.libraryWithout({"close_file_i"}));
+    {
+        TelemetrySession session;
+        EXPECT_TRUE(session.load(kFile, incomplete));
+    }
+    EXPECT_EQ(reader.calls("close_file_i(3)"), 0);
+    EXPECT_EQ(reader.log.back(), "unloaded");
+}
+
+TEST(TelemetrySession, CallsNothingAfterLoading)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {endingAt("rpm", 10.0)};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    const std::size_t calls = reader.log.size();
+    EXPECT_EQ(session.value("rpm"_q, 1.0), 1.0);
+    EXPECT_EQ(session.matchChannel("RPM"_q), "rpm"_q);
+    EXPECT_EQ(session.channelNames().size(), 1);
+    EXPECT_EQ(reader.log.size(), calls);
+}
+
+// Names
+
+TEST(TelemetrySession, ListsNamesInTheOrderOfTheirLowerCase)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {endingAt("b", 1.0), endingAt("C", 1.0),
+                                           endingAt("a", 1.0)};
+    reader.channels[ReaderHost::kGps] = {endingAt("B2", 1.0), endingAt("_", 1.0)};
+    reader.channels[ReaderHost::kGpsRaw] = {endingAt("é", 1.0), endingAt("Z", 1.0)};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_THAT(session.channelNames(),
+                ElementsAre("_"_q, "a"_q, "b"_q, "B2"_q, "C"_q, "Z"_q, "é"_q));
+}
+
+TEST(TelemetrySession, KeepsTheLastOfNamesThatDifferInCase)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {{"Speed", {0.0, 10.0}, {1.0, 1.0}},
+                                           {"SPEED", {0.0, 10.0}, {2.0, 2.0}}};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_THAT(session.channelNames(), ElementsAre("SPEED"_q));
+    EXPECT_EQ(session.value("speed"_q, 5.0), 2.0);
+}
+
+TEST(TelemetrySession, ReplacesAcrossFamilies)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {{"a", {0.0, 10.0}, {1.0, 1.0}},
+                                           {"b", {0.0, 10.0}, {1.0, 1.0}}};
+    reader.channels[ReaderHost::kGps] = {{"A", {0.0, 10.0}, {2.0, 2.0}},
+                                         {"B", {0.0, 10.0}, {2.0, 2.0}}};
+    reader.channels[ReaderHost::kGpsRaw] = {{"b", {0.0, 10.0}, {3.0, 3.0}}};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_THAT(session.channelNames(), ElementsAre("A"_q, "b"_q));
+    EXPECT_EQ(session.value("a"_q, 5.0), 2.0);
+    EXPECT_EQ(session.value("b"_q, 5.0), 3.0);
+}
+
+TEST(TelemetrySession, DecodesNamesThatAreNotUtf8)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {endingAt("\xff\xfe rpm", 1.0), endingAt("\xc3", 1.0),
+                                           endingAt("\xed\xa0\x80", 1.0), endingAt("", 1.0)};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_EQ(session.channelNames().size(), 4);
+    EXPECT_EQ(session.matchChannel("rpm"_q), "\xff\xfe rpm"_q);
+    EXPECT_EQ(session.value("rpm"_q, 1.0), 10.0);
+}
+
+TEST(TelemetrySession, TreatsAMatchWithAnEmptyNameAsNone)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {endingAt("", 1.0)};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_EQ(session.channelNames().size(), 1);
+    EXPECT_EQ(session.value("_"_q, 1.0), 0.0); // compacts to the empty name
+    EXPECT_EQ(session.matchedName("_"_q), QString());
+}
+
+TEST(TelemetrySession, MatchesLayoutNamesToRecordedOnes)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {endingAt("rpm", 10.0), endingAt("GearPos", 10.0),
+                                           endingAt("Stbd RPM", 10.0)};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_EQ(session.matchChannel("RPM"_q), "rpm"_q);
+    EXPECT_EQ(session.matchedName("RPM"_q), "rpm"_q);
+    EXPECT_EQ(session.matchChannel("Gear_Pos"_q), "GearPos"_q);
+    EXPECT_EQ(session.value("Gear_Pos"_q, 5.0), 5.0);
+    EXPECT_EQ(session.matchedName("star rpm"_q), QString());
+    for (const double time : {-1.0, 0.0, 5.0, 20.0})
+        EXPECT_EQ(session.value("star rpm"_q, time), 0.0);
+}
+
+TEST(TelemetrySession, ForgetsMatchesWithTheRecording)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {endingAt("Oil Temp", 10.0)};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_EQ(session.matchedName("oil"_q), "Oil Temp"_q);
+    EXPECT_EQ(session.matchedName("water"_q), QString());
+
+    reader.channels[ReaderHost::kPlain] = {endingAt("Water Temp", 10.0)};
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_EQ(session.matchedName("oil"_q), QString());
+    EXPECT_EQ(session.value("oil"_q, 5.0), 0.0);
+    EXPECT_EQ(session.matchedName("water"_q), "Water Temp"_q);
+    EXPECT_EQ(session.value("water"_q, 5.0), 5.0);
+}
+
+// Values
+
+TEST(TelemetrySession, InterpolatesBetweenSamplesAndHoldsBothEnds)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {{"a", {1.0, 2.0, 4.0}, {10.0, 20.0, -20.0}}};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_EQ(session.value("a"_q, -1e300), 10.0);
+    EXPECT_EQ(session.value("a"_q, 1.0), 10.0);
+    EXPECT_EQ(session.value("a"_q, 1.25), 12.5);
+    EXPECT_EQ(session.value("a"_q, 2.0), 20.0);
+    EXPECT_EQ(session.value("a"_q, 3.0), 0.0);
+    EXPECT_EQ(session.value("a"_q, 4.0), -20.0);
+    EXPECT_EQ(session.value("a"_q, 1e300), -20.0);
+}
+
+TEST(TelemetrySession, TakesTheLaterOfEqualTimesAfterThem)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {
+        {"a", {0.0, 1.0, 1.0, 2.0}, {0.0, 10.0, 30.0, 40.0}},
+        {"b", {0.0, 1.0, 1.0 + 9e-13, 2.0}, {0.0, 10.0, 30.0, 40.0}},
+        {"c", {0.0, 1.0, 1.0 + 2e-12, 2.0}, {0.0, 10.0, 30.0, 40.0}}};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    EXPECT_EQ(session.value("a"_q, 0.5), 5.0);
+    EXPECT_EQ(session.value("a"_q, 1.0), 30.0);
+    EXPECT_EQ(session.value("a"_q, 1.5), 35.0);
+    // Samples less than 1e-12 s apart have no slope: the earlier one's value.
+    EXPECT_EQ(session.value("b"_q, 1.0 + 5e-13), 10.0);
+    EXPECT_NEAR(session.value("c"_q, 1.0 + 1e-12), 20.0, 0.1);
+}
+
+TEST(TelemetrySession, AnswersForASingleSample)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {{"a", {5.0}, {7.0}}};
+    TelemetrySession session;
+    EXPECT_TRUE(loadScript(session));
+    for (const double time : {0.0, 5.0, 9.0})
+        EXPECT_EQ(session.value("a"_q, time), 7.0);
+}
+
+} // namespace
