@@ -36,7 +36,10 @@ Widget* named(const QString& name, Widget* widget)
 QLabel* readOnlyRow(QFormLayout* form, const QString& title, const QString& name)
 {
     auto* const label = named(name, new QLabel);
+    label->setTextFormat(Qt::PlainText); // names are text, whatever they look like
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // A long name is cut off rather than making the panel's form wider than the panel.
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     form->addRow(title, label);
     return label;
 }
@@ -47,6 +50,13 @@ QSpinBox* pixelRow(QFormLayout* form, const QString& title, const QString& name)
     box->setSuffix(PropertyPanel::tr(" px"));
     form->addRow(title, box);
     return box;
+}
+
+void showText(QLabel* label, const QString& text)
+{
+    label->setText(text);
+    // It may be cut off. Marked up, so that a name that looks like mark-up shows as it is.
+    label->setToolTip(u"<span>" + text.toHtmlEscaped() + u"</span>");
 }
 
 QString kindText(ElementKind kind)
@@ -80,6 +90,9 @@ void PropertyPanel::StyleEditor::showColor(const QColor& shown) const
     color->setStyleSheet(
         QStringLiteral("background-color: %1; border: 1px solid gray;").arg(shown.name()));
     color->setText(shown.name());
+    QPalette readable = color->palette();
+    readable.setColor(QPalette::ButtonText, qGray(shown.rgb()) < 128 ? Qt::white : Qt::black);
+    color->setPalette(readable);
 }
 
 void PropertyPanel::StyleEditor::setEnabled(bool enabled) const
@@ -174,10 +187,10 @@ void PropertyPanel::setElement(DashElement* element)
     }
     const QScopedValueRollback updating(m_updating, true);
     m_element = element;
-    m_idLabel->setText(element->name);
-    m_channelLabel->setText(element->channelLongName.isEmpty() ? tr("(none)")
-                                                               : element->channelLongName);
-    m_typeLabel->setText(kindText(element->kind));
+    showText(m_idLabel, element->name);
+    showText(m_channelLabel,
+             element->channelLongName.isEmpty() ? tr("(none)") : element->channelLongName);
+    showText(m_typeLabel, kindText(element->kind));
     refreshGeometry();
     setGeometryEnabled(true);
 
@@ -207,7 +220,7 @@ void PropertyPanel::clear()
     const QScopedValueRollback updating(m_updating, true);
     m_element = nullptr;
     for (QLabel* const label : {m_idLabel, m_channelLabel, m_typeLabel})
-        label->setText(tr("--"));
+        showText(label, tr("--"));
     m_xSpin->setValue(0);
     m_ySpin->setValue(0);
     m_widthSpin->setValue(GestureGeometry::kMinimumSize);

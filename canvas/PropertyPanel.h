@@ -5,7 +5,6 @@
 #include <QWidget>
 
 class QComboBox;
-class QFormLayout;
 class QGroupBox;
 class QLabel;
 class QPushButton;
