@@ -1,0 +1,220 @@
+#include "app/ReplayBar.h"
+
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLayout>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class ReplayBarTest : public ::testing::Test
+{
+protected:
+    ReplayBarTest()
+    {
+        m_bar.resize(600, 40);
+        m_bar.show();
+        static_cast<void>(QTest::qWaitForWindowExposed(&m_bar));
+    }
+
+    /// One tick of the timer, without waiting for it.
+    void tick() { QMetaObject::invokeMethod(m_timer, "timeout"); }
+
+    void click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
+
+    ReplayBar m_bar;
+    QSlider* m_slider = m_bar.findChild<QSlider*>(QStringLiteral("replaySlider"));
+    QLabel* m_label = m_bar.findChild<QLabel*>(QStringLiteral("timeLabel"));
+    QPushButton* m_play = m_bar.findChild<QPushButton*>(QStringLiteral("playButton"));
+    QComboBox* m_rate = m_bar.findChild<QComboBox*>(QStringLiteral("rateCombo"));
+    QTimer* m_timer = m_bar.findChild<QTimer*>(QStringLiteral("replayTimer"));
+    QSignalSpy m_times{&m_bar, &ReplayBar::timeChanged};
+};
+
+} // namespace
+
+TEST_F(ReplayBarTest, StartsEmptyAndDisabled)
+{
+    EXPECT_EQ(m_slider->orientation(), Qt::Horizontal);
+    EXPECT_EQ(m_slider->minimum(), 0);
+    EXPECT_EQ(m_slider->maximum(), 0);
+    EXPECT_FALSE(m_slider->isEnabled());
+    EXPECT_EQ(m_label->text(), QStringLiteral("00:00.0"));
+    EXPECT_EQ(m_label->width(), 60);
+    EXPECT_TRUE(m_label->isEnabled());
+    EXPECT_EQ(m_play->text(), QStringLiteral("Play"));
+    EXPECT_EQ(m_play->width(), 50);
+    EXPECT_FALSE(m_play->isEnabled());
+    ASSERT_EQ(m_rate->count(), 3);
+    EXPECT_EQ(m_rate->itemText(0), QStringLiteral("1x"));
+    EXPECT_EQ(m_rate->itemText(1), QStringLiteral("2x"));
+    EXPECT_EQ(m_rate->itemText(2), QStringLiteral("4x"));
+    EXPECT_EQ(m_rate->currentIndex(), 0);
+    EXPECT_EQ(m_rate->width(), 45);
+    EXPECT_FALSE(m_rate->isEnabled());
+    EXPECT_EQ(m_timer->interval(), 100);
+    EXPECT_EQ(m_timer->timerType(), Qt::PreciseTimer);
+    EXPECT_FALSE(m_timer->isActive());
+}
+
+TEST_F(ReplayBarTest, StandsInOneRow)
+{
+    const QMargins margins = m_bar.layout()->contentsMargins();
+    EXPECT_EQ(margins, QMargins(4, 2, 4, 2));
+    EXPECT_LT(m_play->x(), m_rate->x());
+    EXPECT_LT(m_rate->x(), m_slider->x());
+    EXPECT_LT(m_slider->x(), m_label->x());
+    const int slider = m_slider->width();
+    m_bar.resize(700, 40);
+    EXPECT_EQ(m_slider->width(), slider + 100) << "only the slider grows";
+}
+
+TEST_F(ReplayBarTest, ADurationEnablesTheControlsAtTheBeginning)
+{
+    m_bar.setDuration(12.34);
+    EXPECT_EQ(m_slider->maximum(), 123);
+    EXPECT_EQ(m_slider->value(), 0);
+    EXPECT_TRUE(m_slider->isEnabled());
+    EXPECT_TRUE(m_play->isEnabled());
+    EXPECT_TRUE(m_rate->isEnabled());
+    EXPECT_FALSE(m_timer->isActive());
+    ASSERT_GE(m_times.count(), 1);
+    EXPECT_EQ(m_times.constLast()[0].toDouble(), 0.0);
+}
+
+TEST_F(ReplayBarTest, TheSliderMovesTimeAndLabel)
+{
+    m_bar.setDuration(100.0);
+    m_slider->setValue(754);
+    EXPECT_EQ(m_label->text(), QStringLiteral("01:15.4"));
+    EXPECT_EQ(m_times.constLast()[0].toDouble(), 75.4);
+    QTest::keyClick(m_slider, Qt::Key_Right);
+    EXPECT_EQ(m_label->text(), QStringLiteral("01:15.5"));
+    EXPECT_EQ(m_times.constLast()[0].toDouble(), 75.5);
+}
+
+TEST_F(ReplayBarTest, PlayStartsAndStops)
+{
+    m_bar.setDuration(100.0);
+    click(m_play);
+    EXPECT_EQ(m_play->text(), QStringLiteral("Stop"));
+    EXPECT_TRUE(m_timer->isActive());
+    tick();
+    EXPECT_EQ(m_slider->value(), 1);
+    EXPECT_EQ(m_label->text(), QStringLiteral("00:00.1"));
+    click(m_play);
+    EXPECT_EQ(m_play->text(), QStringLiteral("Play"));
+    EXPECT_FALSE(m_timer->isActive());
+    EXPECT_EQ(m_slider->value(), 1);
+}
+
+TEST_F(ReplayBarTest, RatesSkipPositions)
+{
+    m_bar.setDuration(100.0);
+    tick();
+    EXPECT_EQ(m_slider->value(), 1);
+    m_rate->setCurrentIndex(1);
+    tick();
+    EXPECT_EQ(m_slider->value(), 3);
+    m_rate->setCurrentIndex(2);
+    tick();
+    EXPECT_EQ(m_slider->value(), 7);
+    m_rate->setCurrentIndex(-1);
+    tick();
+    EXPECT_EQ(m_slider->value(), 8);
+    EXPECT_EQ(m_timer->interval(), 100);
+}
+
+TEST_F(ReplayBarTest, StopsAtTheEndAndNeverWraps)
+{
+    m_bar.setDuration(12.34);
+    m_rate->setCurrentIndex(2);
+    m_slider->setValue(118);
+    click(m_play);
+    tick();
+    EXPECT_EQ(m_slider->value(), 122);
+    EXPECT_TRUE(m_timer->isActive());
+    tick();
+    EXPECT_EQ(m_slider->value(), 123);
+    EXPECT_FALSE(m_timer->isActive());
+    EXPECT_EQ(m_play->text(), QStringLiteral("Play"));
+    EXPECT_EQ(m_label->text(), QStringLiteral("00:12.3"));
+}
+
+TEST_F(ReplayBarTest, ReachingTheEndExactlyStopsToo)
+{
+    m_bar.setDuration(12.3);
+    m_slider->setValue(121);
+    click(m_play);
+    tick();
+    EXPECT_TRUE(m_timer->isActive());
+    tick();
+    EXPECT_EQ(m_slider->value(), 123);
+    EXPECT_FALSE(m_timer->isActive());
+}
+
+TEST_F(ReplayBarTest, PlayAtTheEndStartsFromTheBeginning)
+{
+    m_bar.setDuration(12.34);
+    m_slider->setValue(123);
+    click(m_play);
+    EXPECT_EQ(m_slider->value(), 0);
+    EXPECT_EQ(m_label->text(), QStringLiteral("00:00.0"));
+    EXPECT_TRUE(m_timer->isActive());
+}
+
+TEST_F(ReplayBarTest, PlayContinuesFromADraggedPosition)
+{
+    m_bar.setDuration(100.0);
+    click(m_play);
+    tick();
+    m_slider->setValue(500);
+    tick();
+    EXPECT_EQ(m_slider->value(), 501);
+    EXPECT_TRUE(m_timer->isActive());
+}
+
+TEST_F(ReplayBarTest, ALoadWhilePlayingGoesOnFromTheBeginning)
+{
+    m_bar.setDuration(100.0);
+    click(m_play);
+    m_slider->setValue(900);
+    m_bar.setDuration(5.0);
+    EXPECT_EQ(m_slider->maximum(), 50);
+    EXPECT_EQ(m_slider->value(), 0);
+    EXPECT_EQ(m_label->text(), QStringLiteral("00:00.0"));
+    EXPECT_EQ(m_play->text(), QStringLiteral("Stop"));
+    EXPECT_TRUE(m_timer->isActive());
+    tick();
+    EXPECT_EQ(m_slider->value(), 1);
+}
+
+TEST_F(ReplayBarTest, NothingToPlayStopsAtTheFirstTick)
+{
+    m_bar.setDuration(0.0);
+    EXPECT_EQ(m_slider->maximum(), 0);
+    click(m_play);
+    EXPECT_TRUE(m_timer->isActive());
+    EXPECT_EQ(m_play->text(), QStringLiteral("Stop"));
+    tick();
+    EXPECT_FALSE(m_timer->isActive());
+    EXPECT_EQ(m_play->text(), QStringLiteral("Play"));
+    EXPECT_EQ(m_slider->value(), 0);
+}
+
+TEST_F(ReplayBarTest, KeepsRealTime)
+{
+    m_bar.setDuration(100.0);
+    QElapsedTimer clock;
+    clock.start();
+    click(m_play);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_slider->value() >= 5; }, 5000));
+    EXPECT_GE(clock.elapsed(), 450);
+}

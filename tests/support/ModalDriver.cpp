@@ -1,0 +1,78 @@
+#include "tests/support/ModalDriver.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int kPollMilliseconds = 1;
+
+} // namespace
+
+ModalDriver::ModalDriver()
+{
+    // Only Qt's own dialogs are widgets that a test can reach into.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { poll(); });
+    m_timer.start(kPollMilliseconds);
+}
+
+ModalDriver::~ModalDriver()
+{
+    EXPECT_TRUE(m_answers.empty()) << m_answers.size() << " expected dialog(s) did not appear";
+}
+
+void ModalDriver::chooseFile(const QString& path)
+{
+    expect<QFileDialog>([path](QFileDialog& dialog) {
+        auto* const edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(edit, nullptr);
+        edit->setText(path);
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+}
+
+void ModalDriver::cancel()
+{
+    expect<QDialog>([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+}
+
+void ModalDriver::expectBox(QMessageBox::Icon icon, const QString& title, const QString& text,
+                            QMessageBox::StandardButtons buttons, QMessageBox::StandardButton press)
+{
+    expect<QMessageBox>([=](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), icon);
+        EXPECT_EQ(box.windowTitle(), title);
+        EXPECT_EQ(box.text(), text);
+        EXPECT_EQ(box.standardButtons(), buttons);
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "busy cursor over a message box";
+        QTest::mouseClick(box.button(press), Qt::LeftButton);
+    });
+}
+
+void ModalDriver::expectBox(QMessageBox::Icon icon, const QString& title, const QString& text)
+{
+    expectBox(icon, title, text, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+void ModalDriver::poll()
+{
+    QWidget* const widget = QApplication::activeModalWidget();
+    if (!widget)
+        return;
+    if (!m_answers.empty()) {
+        // Taken off first: the answer may open the next dialog before it returns.
+        const Answer answer = std::move(m_answers.front());
+        m_answers.pop_front();
+        if (answer(widget))
+            return;
+    }
+    ADD_FAILURE() << "unexpected dialog: " << widget->windowTitle().toStdString();
+    widget->close();
+}
