@@ -1,0 +1,102 @@
+#include "canvas/MatchTrace.h"
+
+#include "document/FixedPaths.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray traced()
+{
+    QFile file(FixedPaths::channelTraceFile());
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll() : QByteArray();
+}
+
+/// Runs in an empty working directory, below which the trace file's path lies where there are no
+/// drives. The names that were traced stay known for the whole program, so every test uses its own.
+class MatchTraceTest : public ::testing::Test
+{
+protected:
+    MatchTraceTest() : m_before(QDir::currentPath()) { QDir::setCurrent(m_folder.path()); }
+    ~MatchTraceTest() override { QDir::setCurrent(m_before); }
+
+    static void makeTraceFolder()
+    {
+        QDir().mkpath(QFileInfo(FixedPaths::channelTraceFile()).path());
+    }
+
+    QTemporaryDir m_folder;
+    QString m_before;
+};
+
+} // namespace
+
+TEST_F(MatchTraceTest, ALineNamesTheLayoutChannelAndTheRecordedOne)
+{
+    EXPECT_EQ(MatchTrace::line(QStringLiteral("Gear_Pos"), QStringLiteral("GearPos")),
+              QStringLiteral("OVERLAY: \"Gear_Pos\"  ->  XRK: \"GearPos\"\n"));
+}
+
+TEST_F(MatchTraceTest, AChannelWithoutAMatchSaysSo)
+{
+    EXPECT_EQ(MatchTrace::line(QStringLiteral("star boost"), QString()),
+              QStringLiteral("OVERLAY: \"star boost\"  ->  XRK: \"NO MATCH\"\n"));
+}
+
+TEST_F(MatchTraceTest, EachNameIsWrittenOnceAndAppended)
+{
+    makeTraceFolder();
+    MatchTrace::record(QStringLiteral("once.a"), QStringLiteral("A"));
+    MatchTrace::record(QStringLiteral("once.b"), QStringLiteral("B"));
+    MatchTrace::record(QStringLiteral("once.a"), QStringLiteral("A"));
+    MatchTrace::record(QStringLiteral("once.a"), QStringLiteral("another match"));
+    EXPECT_EQ(traced(),
+              "OVERLAY: \"once.a\"  ->  XRK: \"A\"\nOVERLAY: \"once.b\"  ->  XRK: \"B\"\n");
+}
+
+TEST_F(MatchTraceTest, AnExistingFileIsContinued)
+{
+    makeTraceFolder();
+    {
+        QFile file(FixedPaths::channelTraceFile());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("before\n");
+    }
+    MatchTrace::record(QStringLiteral("continued"), QString());
+    EXPECT_EQ(traced(), "before\nOVERLAY: \"continued\"  ->  XRK: \"NO MATCH\"\n");
+}
+
+TEST_F(MatchTraceTest, NamesAreComparedCaseSensitively)
+{
+    makeTraceFolder();
+    MatchTrace::record(QStringLiteral("case"), QString());
+    MatchTrace::record(QStringLiteral("CASE"), QString());
+    EXPECT_EQ(traced().count('\n'), 2);
+}
+
+TEST_F(MatchTraceTest, WithoutItsFolderNothingIsWrittenAndNoFolderIsMade)
+{
+    MatchTrace::record(QStringLiteral("no folder"), QString());
+    EXPECT_FALSE(QFileInfo::exists(QFileInfo(FixedPaths::channelTraceFile()).path()));
+    EXPECT_TRUE(QDir().isEmpty());
+}
+
+TEST_F(MatchTraceTest, ANameWhoseLineCouldNotBeWrittenIsNotTriedAgain)
+{
+    MatchTrace::record(QStringLiteral("failed"), QString());
+    makeTraceFolder();
+    MatchTrace::record(QStringLiteral("failed"), QString());
+    EXPECT_FALSE(QFileInfo::exists(FixedPaths::channelTraceFile()));
+}
+
+TEST_F(MatchTraceTest, NamesBeyondAsciiAreWrittenAsUtf8)
+{
+    makeTraceFolder();
+    MatchTrace::record(QString::fromUtf8("Öldruck"), QString());
+    EXPECT_EQ(traced(), "OVERLAY: \"\xC3\x96ldruck\"  ->  XRK: \"NO MATCH\"\n");
+}
