@@ -1,16 +1,11 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Cross-compiles the reader library binding for Windows, together with its tests and the scripted
-# reader they load, and runs them. Needs the Debian packages g++-mingw-w64-x86-64-posix, googletest
-# and wine64 with wine; no Qt, no display. Everything is built in a folder that is removed again.
-set -eu
+# reader they load, and runs them. Needs no Qt and no display. Everything is built in a folder that is
+# removed again.
+source "$(dirname "$0")/common.sh"
 
-root=$(cd "$(dirname "$0")/.." && pwd)
-gtest=/usr/src/googletest/googletest
-compiler=x86_64-w64-mingw32-g++-posix
-
-for tool in "$compiler" wine; do
-    command -v "$tool" >/dev/null || { echo "$0: $tool is not installed" >&2; exit 1; }
-done
+ensure_packages g++-mingw-w64-x86-64-posix libgtest-dev wine wine64
+gtest=/usr/src/googletest/googletest # a dependency of libgtest-dev: there is no binary for Windows
 
 work=$(mktemp -d)
 # Neither of the two optional parts that the emulator offers to download is needed.
@@ -21,21 +16,21 @@ finish() {
     rm -rf "$work"
 }
 trap finish EXIT
-cd "$work"
 
 compile() {
-    "$compiler" -std=c++20 -static -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror \
-        -I"$root" -isystem "$gtest/include" "$@"
+    x86_64-w64-mingw32-g++-posix -std=c++20 -static -Wall -Wextra -Wpedantic -Wshadow -Wconversion \
+        -Werror -DSCRIPTED_READER_LIBRARY='"scripted_reader.dll"' -I. -isystem "$gtest/include" "$@"
 }
 
-compile -isystem "$gtest" -c "$gtest/src/gtest-all.cc" -o gtest.o &
-compile -shared "$root/tests/support/ScriptedReaderLibrary.cpp" -o scripted_reader.dll
-compile -DSCRIPTED_READER_LIBRARY='"scripted_reader.dll"' -c "$root/tests/support/ScriptedReader.cpp"
-compile -c "$root/tests/telemetry/XrkLibraryTest.cpp"
-compile -c "$root/telemetry/XrkLibrary.cpp"
+say "Compiling the binding and its tests for Windows"
+compile -isystem "$gtest" -c "$gtest/src/gtest-all.cc" -o "$work/gtest.o" &
+compile -shared tests/support/ScriptedReaderLibrary.cpp -o "$work/scripted_reader.dll"
+compile -c tests/support/ScriptedReader.cpp -o "$work/ScriptedReader.o"
+compile -c tests/telemetry/XrkLibraryTest.cpp -o "$work/XrkLibraryTest.o"
+compile -c telemetry/XrkLibrary.cpp -o "$work/XrkLibrary.o"
 wait $!
-compile ScriptedReader.o XrkLibraryTest.o XrkLibrary.o gtest.o "$gtest/src/gtest_main.cc" \
-    -o binding_tests.exe
+compile "$work"/*.o "$gtest/src/gtest_main.cc" -o "$work/binding_tests.exe"
 
-unset DISPLAY
-wine binding_tests.exe
+say "Running them"
+cd "$work"
+env -u DISPLAY wine binding_tests.exe
