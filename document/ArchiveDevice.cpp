@@ -2,6 +2,8 @@
 
 #include <QIODevice>
 
+#include <algorithm>
+
 namespace {
 
 ArchiveDevice& object(voidpf self)
@@ -27,7 +29,12 @@ uLong ArchiveDevice::read(voidpf self, voidpf /*stream*/, void* buffer, uLong si
     const qint64 count =
         device.m_device.read(static_cast<char*>(buffer), static_cast<qint64>(size));
     device.m_failed = device.m_failed || count < 0;
-    return count < 0 ? 0 : static_cast<uLong>(count);
+    if (count <= 0)
+        return 0;
+    if (!device.m_padded)
+        return static_cast<uLong>(count);
+    std::fill_n(static_cast<char*>(buffer) + count, static_cast<qint64>(size) - count, '\0');
+    return size;
 }
 
 uLong ArchiveDevice::write(voidpf self, voidpf /*stream*/, const void* buffer, uLong size)

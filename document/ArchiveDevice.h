@@ -19,6 +19,11 @@ public:
     /// The functions to open the library's handle with. They refer to this object.
     [[nodiscard]] zlib_filefunc64_def hooks();
 
+    /// Lets a read that reaches past the end of the device give zeros there instead of falling
+    /// short. The library needs that for members whose sizes it cannot resolve: it asks for whole
+    /// buffers and would drop the last one.
+    void setPadded(bool padded) { m_padded = padded; }
+
     /// Whether the device itself failed to read, write or move at any time. An archive that ends
     /// too early is no such failure.
     [[nodiscard]] bool failed() const { return m_failed; }
@@ -33,5 +38,6 @@ private:
     static int ZCALLBACK error(voidpf self, voidpf stream);
 
     QIODevice& m_device;
+    bool m_padded = false;
     bool m_failed = false;
 };

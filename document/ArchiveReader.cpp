@@ -110,6 +110,8 @@ bool ArchiveReader::readRecord()
                                 nullptr, 0) != UNZ_OK)
         return false;
     const bool knownMethod = info.compression_method == 0 || info.compression_method == Z_DEFLATED;
+    m_wideSizes =
+        info.uncompressed_size == kSizeElsewhere || info.compressed_size == kSizeElsewhere;
     m_current = {QString::fromUtf8(name.data()), declaredSize(info),
                  knownMethod && (info.flag & kEncryptedFlag) == 0};
     return true;
@@ -130,6 +132,7 @@ quint64 ArchiveReader::declaredSize(const unz_file_info64& info) const
 bool ArchiveReader::extractCurrent(const QString& filePath)
 {
     quint64 remaining = m_current.size;
+    m_device.setPadded(m_wideSizes);
     OpenMember member(m_archive.get());
     if (!member.isOpen())
         return false;

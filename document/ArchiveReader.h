@@ -59,6 +59,7 @@ private:
     ArchiveDevice m_device;
     std::unique_ptr<std::remove_pointer_t<unzFile>, Closer> m_archive;
     ArchiveMember m_current;
+    bool m_wideSizes = false; ///< the current member's sizes stand in the 64-bit field
 };
 
 /// Whether the device holds nothing but the end record of an archive without members. That is a

@@ -1,0 +1,137 @@
+// Opening and saving the large package, each beside the least that any program would have to do
+// with the same libraries. Runs in memory-backed folders where there are any, so that the processor
+// is measured and not the disk.
+
+#include "bench/LargePackage.h"
+#include "document/DashboardDocument.h"
+#include "tests/support/PackageBuilder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <pugixml.hpp>
+#include <unzip.h>
+#include <zip.h>
+
+#include <array>
+#include <cstdio>
+
+namespace {
+
+/// The package and its unpacked members, made once.
+struct Material
+{
+    QTemporaryDir folder;
+    QString package = folder.filePath(QStringLiteral("large.zconf2"));
+    std::map<QString, QByteArray> members = LargePackage::members();
+
+    Material() { TestPackage::writePackage(package, members); }
+};
+
+const Material& material()
+{
+    static const Material instance;
+    return instance;
+}
+
+void inflateCurrent(unzFile archive, const std::string& folder)
+{
+    std::array<char, 512> name{};
+    unzGetCurrentFileInfo64(archive, nullptr, name.data(), name.size() - 1, nullptr, 0, nullptr, 0);
+    unzOpenCurrentFile(archive);
+    std::FILE* file = std::fopen((folder + '/' + name.data()).c_str(), "wb");
+    std::array<char, 8192> chunk{};
+    for (int count = 0; (count = unzReadCurrentFile(archive, chunk.data(), chunk.size())) > 0;)
+        std::fwrite(chunk.data(), 1, static_cast<std::size_t>(count), file);
+    std::fclose(file);
+    unzCloseCurrentFile(archive);
+}
+
+void openFloor(benchmark::State& state)
+{
+    const QByteArray package = QFile::encodeName(material().package);
+    for ([[maybe_unused]] const auto iteration : state) {
+        const QTemporaryDir folder;
+        const std::string path = folder.path().toStdString();
+        unzFile archive = unzOpen64(package.constData());
+        for (int status = unzGoToFirstFile(archive); status == UNZ_OK;
+             status = unzGoToNextFile(archive))
+            inflateCurrent(archive, path);
+        unzClose(archive);
+        pugi::xml_document overlay;
+        if (!overlay.load_file((path + "/overlay.ov3.xml").c_str()))
+            state.SkipWithError("the overlay does not parse");
+        std::vector<QPixmap> images;
+        for (int page = 0; page < 20; ++page)
+            images.emplace_back(folder.filePath(QString::number(page) + QStringLiteral(".png")));
+        benchmark::DoNotOptimize(images);
+        state.PauseTiming();
+        QDir(folder.path()).removeRecursively();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(openFloor)->Unit(benchmark::kMillisecond);
+
+void openPackage(benchmark::State& state)
+{
+    for ([[maybe_unused]] const auto iteration : state) {
+        DashboardDocument document;
+        if (!document.open(material().package))
+            state.SkipWithError("the package does not open");
+        state.PauseTiming();
+        QDir(document.tempDir()).removeRecursively();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(openPackage)->Unit(benchmark::kMillisecond);
+
+void saveFloor(benchmark::State& state)
+{
+    const QByteArray path =
+        QFile::encodeName(material().folder.filePath(QStringLiteral("floor.zconf2")));
+    for ([[maybe_unused]] const auto iteration : state) {
+        zipFile archive = zipOpen64(path.constData(), APPEND_STATUS_CREATE);
+        for (const auto& [name, content] : material().members) {
+            const zip_fileinfo info{};
+            zipOpenNewFileInZip(archive, name.toUtf8().constData(), &info, nullptr, 0, nullptr, 0,
+                                nullptr, Z_DEFLATED, Z_DEFAULT_COMPRESSION);
+            zipWriteInFileInZip(archive, content.constData(),
+                                static_cast<unsigned>(content.size()));
+            zipCloseFileInZip(archive);
+        }
+        if (zipClose(archive, nullptr) != ZIP_OK)
+            state.SkipWithError("the archive cannot be written");
+    }
+}
+BENCHMARK(saveFloor)->Unit(benchmark::kMillisecond);
+
+void savePackage(benchmark::State& state)
+{
+    DashboardDocument document;
+    if (!document.open(material().package))
+        state.SkipWithError("the package does not open");
+    const QString path = material().folder.filePath(QStringLiteral("saved.zconf2"));
+    for ([[maybe_unused]] const auto iteration : state) {
+        if (!document.save(path))
+            state.SkipWithError("the package cannot be saved");
+    }
+    QDir(document.tempDir()).removeRecursively();
+}
+BENCHMARK(savePackage)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (QFileInfo(QStringLiteral("/dev/shm")).isWritable())
+        qputenv("TMPDIR", "/dev/shm");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

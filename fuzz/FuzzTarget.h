@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+// What every fuzz target defines.
+
+/// Runs one input; ends the process when a promise does not hold.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+/// Inputs to start from, made by our own tools.
+[[nodiscard]] std::vector<QByteArray> fuzzSeeds();
+
+/// A promise that every input must keep. Ends the process, which is how a fuzzer and the replay see
+/// a failure.
+#define FUZZ_REQUIRE(condition)                                                                    \
+    do {                                                                                           \
+        if (!(condition)) {                                                                        \
+            std::fprintf(stderr, "%s:%d: broken promise: %s\n", __FILE__, __LINE__, #condition);   \
+            std::abort();                                                                          \
+        }                                                                                          \
+    } while (false)

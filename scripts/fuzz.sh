@@ -1,0 +1,29 @@
+#!/bin/sh
+# Runs every fuzz target for some seconds each (60 unless told otherwise) and fails when one of them
+# finds anything:
+#
+#     scripts/fuzz.sh [SECONDS]
+#
+# Inputs found on the way are kept in build/fuzz/corpus and start the next run. An input that breaks
+# a target is written to build/fuzz/findings; once the fault is mended, it moves to
+# tests/fuzz_regression/TARGET, where the ordinary tests replay it.
+set -eu
+cd "$(dirname "$0")/.."
+seconds=${1:-60}
+
+cmake --preset fuzz
+cmake --build --preset fuzz
+
+export QT_QPA_PLATFORM=offscreen
+export LSAN_OPTIONS="suppressions=$PWD/cmake/lsan.supp:print_suppressions=0"
+programs=build/fuzz/fuzz
+findings=build/fuzz/findings
+mkdir -p "$findings"
+for target in $(cat "$programs/targets.txt"); do
+    corpus=build/fuzz/corpus/$target
+    mkdir -p "$corpus"
+    "$programs/${target}_replay" --write-seeds "$corpus"
+    echo "== $target, $seconds seconds"
+    "$programs/$target" -max_total_time="$seconds" -max_len=16384 -timeout=25 \
+        -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$findings/$target-" "$corpus"
+done

@@ -1,0 +1,54 @@
+#include "tests/support/FolderTools.h"
+
+#include "tests/support/PackageBuilder.h"
+
+#include <QDir>
+#include <QDirIterator>
+
+namespace FolderTools {
+
+namespace {
+
+constexpr QDir::Filters kEverything =
+    QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+
+} // namespace
+
+std::map<QString, QByteArray> contents(const QString& folder)
+{
+    std::map<QString, QByteArray> files;
+    const QDir root(folder);
+    QDirIterator all(folder, kEverything, QDirIterator::Subdirectories);
+    while (all.hasNext()) {
+        const QString path = all.next();
+        if (all.fileInfo().isFile())
+            files[root.relativeFilePath(path)] = TestPackage::readFile(path);
+    }
+    return files;
+}
+
+std::map<QString, QByteArray> visible(std::map<QString, QByteArray> files)
+{
+    std::erase_if(files, [](const auto& file) {
+        return file.first.startsWith(u'.') || file.first.contains(QStringLiteral("/."));
+    });
+    return files;
+}
+
+QStringList names(const QString& folder)
+{
+    return QDir(folder).entryList(kEverything, QDir::Name);
+}
+
+bool holdsSymbolicLink(const QString& folder)
+{
+    QDirIterator all(folder, kEverything, QDirIterator::Subdirectories);
+    while (all.hasNext()) {
+        all.next();
+        if (all.fileInfo().isSymLink())
+            return true;
+    }
+    return false;
+}
+
+} // namespace FolderTools

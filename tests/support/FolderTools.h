@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <map>
+
+/// Looks at folders the way a test wants to compare them.
+namespace FolderTools {
+
+/// Path below the folder and content of every file at any depth, hidden ones too.
+[[nodiscard]] std::map<QString, QByteArray> contents(const QString& folder);
+/// Those of the files that a save takes: none that is hidden or lies in a hidden folder.
+[[nodiscard]] std::map<QString, QByteArray> visible(std::map<QString, QByteArray> files);
+/// Names of everything that stands directly in the folder, hidden ones too, sorted.
+[[nodiscard]] QStringList names(const QString& folder);
+/// Whether a symbolic link, also a dangling one, stands in the folder at any depth.
+[[nodiscard]] bool holdsSymbolicLink(const QString& folder);
+
+} // namespace FolderTools

@@ -1,0 +1,170 @@
+#include "tests/support/RawArchive.h"
+
+#include <QtEndian>
+
+#include <zlib.h>
+
+namespace RawArchive {
+
+namespace {
+
+constexpr quint32 kLocalSignature = 0x04034b50;
+constexpr quint32 kDescriptorSignature = 0x08074b50;
+constexpr quint32 kCentralSignature = 0x02014b50;
+constexpr quint32 kEndSignature = 0x06054b50;
+constexpr quint32 kWideEndSignature = 0x06064b50;
+constexpr quint32 kWideLocatorSignature = 0x07064b50;
+constexpr quint16 kVersionNeeded = 20;
+constexpr quint32 kElsewhere = 0xffffffff;
+
+/// Appends integers in the archive's byte order.
+class Bytes
+{
+public:
+    template <typename T>
+    Bytes& add(T value)
+    {
+        const T little = qToLittleEndian(value);
+        m_bytes.append(reinterpret_cast<const char*>(&little), sizeof little);
+        return *this;
+    }
+    Bytes& add16(std::size_t value) { return add(static_cast<quint16>(value)); }
+    Bytes& add32(std::size_t value) { return add(static_cast<quint32>(value)); }
+    Bytes& addText(const QByteArray& text)
+    {
+        m_bytes.append(text);
+        return *this;
+    }
+    [[nodiscard]] std::size_t size() const { return static_cast<std::size_t>(m_bytes.size()); }
+    [[nodiscard]] const QByteArray& bytes() const { return m_bytes; }
+
+private:
+    QByteArray m_bytes;
+};
+
+/// What both records of a member say.
+struct Fields
+{
+    QByteArray data;
+    quint32 crc;
+    quint64 size;
+    QByteArray wide;
+
+    [[nodiscard]] quint32 shownSize() const
+    {
+        return wide.isEmpty() ? static_cast<quint32>(size) : kElsewhere;
+    }
+    [[nodiscard]] quint32 shownPacked() const
+    {
+        return wide.isEmpty() ? static_cast<quint32>(data.size()) : kElsewhere;
+    }
+};
+
+Fields fieldsOf(const Member& member)
+{
+    Fields fields;
+    fields.data =
+        member.data.value_or(member.method == kDeflate ? deflated(member.content) : member.content);
+    fields.crc = member.crc.value_or(
+        static_cast<quint32>(crc32(0, reinterpret_cast<const Bytef*>(member.content.constData()),
+                                   static_cast<uInt>(member.content.size()))));
+    fields.size = member.size.value_or(static_cast<quint64>(member.content.size()));
+    if (member.wideSizes) {
+        fields.wide = Bytes()
+                          .add16(1)
+                          .add16(16)
+                          .add(fields.size)
+                          .add(static_cast<quint64>(fields.data.size()))
+                          .bytes();
+    }
+    return fields;
+}
+
+void addLocal(Bytes& out, const Member& member, const Fields& fields)
+{
+    const bool late = (member.flags & kDataDescriptor) != 0;
+    const QByteArray name = member.localName.value_or(member.name);
+    out.add(kLocalSignature).add(kVersionNeeded).add(member.flags).add(member.method).add32(0);
+    out.add(late ? 0U : fields.crc);
+    out.add(late ? 0U : fields.shownPacked()).add(late ? 0U : fields.shownSize());
+    out.add16(static_cast<std::size_t>(name.size()));
+    out.add16(static_cast<std::size_t>(fields.wide.size()));
+    out.addText(name).addText(fields.wide).addText(fields.data);
+    if (late) {
+        out.add(kDescriptorSignature).add(fields.crc);
+        out.add32(static_cast<std::size_t>(fields.data.size())).add32(fields.size);
+    }
+}
+
+void addCentral(Bytes& out, const Member& member, const Fields& fields, std::size_t offset)
+{
+    out.add(kCentralSignature).add(member.madeBy).add(kVersionNeeded);
+    out.add(member.flags).add(member.method).add32(0).add(fields.crc);
+    out.add(fields.shownPacked()).add(fields.shownSize());
+    out.add16(static_cast<std::size_t>(member.name.size()));
+    out.add16(static_cast<std::size_t>(fields.wide.size()));
+    out.add16(static_cast<std::size_t>(member.comment.size()));
+    out.add16(0).add16(0).add(member.attributes).add32(member.offset.value_or(offset));
+    out.addText(member.name).addText(fields.wide).addText(member.comment);
+}
+
+void addWideEnd(Bytes& out, std::size_t count, std::size_t start, std::size_t size)
+{
+    constexpr quint64 kLength = 44;
+    const auto at = static_cast<quint64>(out.size());
+    out.add(kWideEndSignature).add(kLength).add16(45).add16(45).add32(0).add32(0);
+    out.add(static_cast<quint64>(count)).add(static_cast<quint64>(count));
+    out.add(static_cast<quint64>(size)).add(static_cast<quint64>(start));
+    out.add(kWideLocatorSignature).add32(0).add(at).add32(1);
+}
+
+} // namespace
+
+QByteArray build(const Archive& archive)
+{
+    Bytes out;
+    Bytes directory;
+    for (const Member& member : archive.members) {
+        const Fields fields = fieldsOf(member);
+        addCentral(directory, member, fields, out.size());
+        addLocal(out, member, fields);
+    }
+    const std::size_t start = out.size();
+    out.addText(directory.bytes());
+    if (archive.wideEnd)
+        addWideEnd(out, archive.members.size(), start, directory.size());
+    const auto count = archive.count.value_or(
+        static_cast<quint16>(archive.wideEnd ? 0xffffU : archive.members.size()));
+    out.add(kEndSignature).add16(0).add16(0).add(count).add(count);
+    out.add32(directory.size()).add32(start);
+    out.add16(static_cast<std::size_t>(archive.comment.size())).addText(archive.comment);
+    return archive.before + out.bytes() + archive.after;
+}
+
+QByteArray build(const std::vector<Member>& members)
+{
+    Archive archive;
+    archive.members = members;
+    return build(archive);
+}
+
+QByteArray deflated(const QByteArray& content)
+{
+    z_stream stream{};
+    if (deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, -MAX_WBITS, MAX_MEM_LEVEL,
+                     Z_DEFAULT_STRATEGY) != Z_OK)
+        return {};
+    QByteArray result(
+        static_cast<qsizetype>(deflateBound(&stream, static_cast<uLong>(content.size()))), '\0');
+    QByteArray input = content;
+    stream.next_in = reinterpret_cast<Bytef*>(input.data());
+    stream.avail_in = static_cast<uInt>(input.size());
+    stream.next_out = reinterpret_cast<Bytef*>(result.data());
+    stream.avail_out = static_cast<uInt>(result.size());
+    deflate(&stream, Z_FINISH);
+    result.resize(static_cast<qsizetype>(stream.total_out));
+    deflateEnd(&stream);
+    return result;
+}
+
+} // namespace RawArchive
