@@ -1,0 +1,21 @@
+#include "tests/support/LoadedOverlay.h"
+
+#include "tests/support/PackageBuilder.h"
+
+bool LoadedOverlay::load(const QByteArray& xml)
+{
+    const QString path = m_folder.filePath(QStringLiteral("overlay.ov3.xml"));
+    return TestPackage::writeFile(path, xml) && document.loadOverlay(path);
+}
+
+bool LoadedOverlay::loadDevice(const QByteArray& xml)
+{
+    const QString path = m_folder.filePath(QStringLiteral("device.aimcfg"));
+    return TestPackage::writeFile(path, xml) && document.loadDeviceFile(path);
+}
+
+QByteArray LoadedOverlay::written()
+{
+    const QString path = m_folder.filePath(QStringLiteral("written.xml"));
+    return document.writeBack(path) ? TestPackage::readFile(path) : QByteArray();
+}
