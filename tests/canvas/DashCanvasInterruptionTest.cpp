@@ -1,0 +1,296 @@
+// What happens to a drag when page, document or undo history change under it.
+
+#include "app/commands/DeleteCommand.h"
+#include "app/commands/NewPageCommand.h"
+#include "document/DashboardDocument.h"
+#include "tests/canvas/CanvasFixture.h"
+#include "tests/support/PackageBuilder.h"
+
+#include <QTemporaryDir>
+
+namespace {
+
+/// A canvas on the first of two pages of a real document, re-pointed after every change of the undo
+/// stack as the main window does it.
+class DashCanvasInDocument : public ::testing::Test
+{
+protected:
+    DashCanvasInDocument()
+    {
+        using TestPackage::digitElement;
+        const QString path = m_folder.filePath(QStringLiteral("overlay.ov3.xml"));
+        TestPackage::writeFile(
+            path, TestPackage::overlayXml(
+                      {TestPackage::page("A", 800, 480,
+                                         {digitElement("a.0", 100, 100, 50, 40),
+                                          digitElement("a.1", 200, 100, 50, 40)}),
+                       TestPackage::page("B", 800, 480, {digitElement("b.0", 100, 100, 50, 40)})}));
+        EXPECT_TRUE(m_document.loadOverlay(path));
+        m_canvas.resize(820, 500);
+        m_canvas.setUndoStack(&m_stack);
+        m_canvas.setDocument(&m_document);
+        m_canvas.setPage(m_document.pageAt(0));
+        QObject::connect(&m_stack, &QUndoStack::indexChanged, &m_canvas, [this] {
+            m_canvas.rebindPage(m_document.pageAt(m_shownPage), m_canvas.selectedIndex());
+        });
+    }
+
+    [[nodiscard]] DashElement& element(std::size_t index)
+    {
+        return m_document.pageAt(0)->elements.at(index);
+    }
+
+    void press(int x, int y) { QTest::mousePress(&m_canvas, Qt::LeftButton, {}, {x + 10, y + 10}); }
+    void moveTo(int x, int y) { QTest::mouseMove(&m_canvas, {x + 10, y + 10}); }
+    void release(int x, int y)
+    {
+        QTest::mouseRelease(&m_canvas, Qt::LeftButton, {}, {x + 10, y + 10});
+    }
+    void drag(const QPoint& from, const QPoint& to)
+    {
+        press(from.x(), from.y());
+        moveTo(to.x(), to.y());
+        release(to.x(), to.y());
+    }
+
+    QTemporaryDir m_folder;
+    DashboardDocument m_document;
+    QUndoStack m_stack;
+    DashCanvas m_canvas;
+    int m_shownPage = 0;
+};
+
+using DashCanvasOnBarePage = CanvasFixture;
+
+} // namespace
+
+TEST_F(DashCanvasInDocument, AStepFindsItsElementAfterThePagesHaveMoved)
+{
+    drag({120, 120}, {140, 120});
+    for (int i = 0; i < 50; ++i)
+        m_stack.push(new NewPageCommand(&m_document, QStringLiteral("new")));
+    while (m_stack.canUndo())
+        m_stack.undo();
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    while (m_stack.canRedo())
+        m_stack.redo();
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{120, 100, 50, 40}));
+}
+
+TEST_F(DashCanvasInDocument, AStepFindsItsElementAfterADeletionWasUndone)
+{
+    drag({220, 120}, {240, 120});
+    m_stack.push(new DeleteCommand(&m_document, 0, 0));
+    m_stack.push(new DeleteCommand(&m_document, 0, 0));
+    m_stack.undo();
+    m_stack.undo();
+    m_stack.undo();
+    EXPECT_EQ(geometryOf(element(1)), (ElementGeometry{200, 100, 50, 40}));
+    EXPECT_EQ(element(1).name, QStringLiteral("a.1"));
+}
+
+TEST_F(DashCanvasInDocument, TheSelectionSurvivesItsOwnStep)
+{
+    QSignalSpy moved(&m_canvas, &DashCanvas::elementMoved);
+    drag({220, 120}, {240, 120});
+    EXPECT_EQ(m_canvas.selectedIndex(), 1);
+    ASSERT_EQ(moved.count(), 1);
+    EXPECT_EQ(moved[0], (QVariantList{1, 220, 100}));
+}
+
+TEST_F(DashCanvasInDocument, UndoByKeyTakesTheDragBackFirst)
+{
+    drag({220, 120}, {240, 120}); // one step on the other element
+    press(120, 120);
+    moveTo(300, 300);
+    QKeyEvent undoKey(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
+    QCoreApplication::sendEvent(&m_canvas, &undoKey);
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    m_stack.undo();
+    moveTo(320, 300);
+    release(320, 300);
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(geometryOf(element(1)), (ElementGeometry{200, 100, 50, 40}));
+    EXPECT_EQ(m_stack.count(), 1);
+    EXPECT_TRUE(m_stack.canRedo());
+}
+
+TEST_F(DashCanvasInDocument, UndoByKeyOfTheDraggedElementsOwnStepReturnsExactly)
+{
+    drag({120, 120}, {140, 120});
+    press(140, 120);
+    moveTo(120, 120); // by chance where the undo will put it
+    QKeyEvent undoKey(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
+    QCoreApplication::sendEvent(&m_canvas, &undoKey);
+    m_stack.undo();
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    m_stack.redo();
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{120, 100, 50, 40}));
+}
+
+TEST_F(DashCanvasInDocument, AnUndoFromElsewhereTakesTheDragBackToo)
+{
+    drag({220, 120}, {240, 120});
+    press(120, 120);
+    moveTo(300, 300);
+    m_stack.undo();
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    moveTo(320, 300);
+    release(320, 300);
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(m_stack.count(), 1);
+}
+
+TEST_F(DashCanvasInDocument, AnUndoOfTheDraggedElementsOwnStepWins)
+{
+    drag({120, 120}, {140, 120});
+    press(140, 120);
+    moveTo(300, 300);
+    m_stack.undo();
+    release(300, 300);
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(m_stack.index(), 0);
+}
+
+TEST_F(DashCanvasInDocument, AnElementThatIsDeletedInADragComesBackWhereItWas)
+{
+    press(120, 120);
+    moveTo(300, 300);
+    QObject::connect(&m_canvas, &DashCanvas::deleteRequested, &m_canvas, [this](int index) {
+        m_stack.push(new DeleteCommand(&m_document, 0, index));
+        m_canvas.clearSelectionAndRepaint();
+    });
+    QTest::keyClick(&m_canvas, Qt::Key_Backspace);
+    release(300, 300);
+    EXPECT_EQ(m_document.pageAt(0)->elements.size(), 1U);
+    m_stack.undo();
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+}
+
+TEST_F(DashCanvasInDocument, TheDeleteShortcutTakesTheDragBackFirst)
+{
+    press(120, 120);
+    moveTo(300, 300);
+    QKeyEvent deleteKey(QEvent::ShortcutOverride, Qt::Key_Delete, Qt::NoModifier);
+    QCoreApplication::sendEvent(&m_canvas, &deleteKey);
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+}
+
+TEST_F(DashCanvasInDocument, OtherKeysLeaveADragAlone)
+{
+    press(120, 120);
+    moveTo(140, 120);
+    QTest::keyClick(&m_canvas, Qt::Key_Control);
+    QTest::keyClick(&m_canvas, Qt::Key_Z);
+    release(140, 120);
+    EXPECT_EQ(element(0).x, 120);
+    EXPECT_EQ(m_stack.count(), 1);
+}
+
+TEST_F(DashCanvasInDocument, AnUndoThatRemovesTheShownPageEndsTheDragSafely)
+{
+    m_stack.push(new NewPageCommand(&m_document, QStringLiteral("new")));
+    m_shownPage = 2;
+    m_document.pageAt(2)->elements.push_back(makeElement(QStringLiteral("n"), {100, 100, 50, 40}));
+    m_canvas.setPage(m_document.pageAt(2));
+    press(120, 120);
+    moveTo(300, 300);
+    m_stack.undo();
+    EXPECT_EQ(m_canvas.page(), nullptr);
+    EXPECT_EQ(m_canvas.selectedIndex(), -1);
+    moveTo(310, 300);
+    release(310, 300);
+    EXPECT_EQ(m_stack.count(), 1);
+}
+
+TEST_F(DashCanvasInDocument, APageChangeInADragLeavesTheElementWhereItIs)
+{
+    press(120, 120);
+    moveTo(140, 120);
+    m_canvas.setPage(m_document.pageAt(1));
+    moveTo(300, 300);
+    release(300, 300);
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{120, 100, 50, 40}));
+    EXPECT_EQ(geometryOf(m_document.pageAt(1)->elements[0]), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(m_stack.count(), 0);
+}
+
+TEST_F(DashCanvasInDocument, APageThatIsNotTheDocumentsIsEditedItself)
+{
+    DashPage bare = m_document.pages()[0];
+    m_canvas.setPage(&bare);
+    m_stack.disconnect(&m_canvas);
+    drag({120, 120}, {140, 120});
+    EXPECT_EQ(bare.elements[0].x, 120);
+    EXPECT_EQ(element(0).x, 100);
+    m_stack.undo();
+    EXPECT_EQ(bare.elements[0].x, 100);
+}
+
+TEST_F(DashCanvasInDocument, StepsOnTheSecondPageStayOnTheSecondPage)
+{
+    m_shownPage = 1;
+    m_canvas.setPage(m_document.pageAt(1));
+    drag({120, 120}, {140, 120});
+    EXPECT_EQ(m_document.pageAt(1)->elements[0].x, 120);
+    EXPECT_EQ(element(0).x, 100);
+    m_stack.undo();
+    EXPECT_EQ(m_document.pageAt(1)->elements[0].x, 100);
+}
+
+TEST_F(DashCanvasInDocument, AListenerMayDropThePageWhenAnElementIsSelected)
+{
+    QObject::connect(&m_canvas, &DashCanvas::elementSelected, &m_canvas,
+                     [this] { m_canvas.setPage(nullptr); });
+    drag({120, 120}, {140, 120});
+    EXPECT_EQ(element(0).x, 100);
+    EXPECT_EQ(m_stack.count(), 0);
+}
+
+TEST_F(DashCanvasInDocument, AListenerMayDropThePageWhenAStepIsPushed)
+{
+    m_stack.disconnect(&m_canvas);
+    QObject::connect(&m_stack, &QUndoStack::indexChanged, &m_canvas,
+                     [this] { m_canvas.setPage(nullptr); });
+    QSignalSpy moved(&m_canvas, &DashCanvas::elementMoved);
+    drag({120, 120}, {140, 120});
+    EXPECT_EQ(element(0).x, 120);
+    EXPECT_EQ(moved.count(), 0);
+}
+
+TEST_F(DashCanvasOnBarePage, RebindingKeepsTheSelectionThatIsAskedFor)
+{
+    add({100, 100, 50, 40});
+    add({200, 100, 50, 40});
+    QSignalSpy selected(&m_canvas, &DashCanvas::elementSelected);
+    m_canvas.rebindPage(&m_page, 1);
+    EXPECT_EQ(m_canvas.selectedIndex(), 1);
+    m_canvas.rebindPage(&m_page, -1);
+    EXPECT_EQ(m_canvas.selectedIndex(), -1);
+    EXPECT_EQ(selected.count(), 0);
+}
+
+TEST_F(DashCanvasOnBarePage, RebindingToAnElementThatDoesNotExistSelectsNone)
+{
+    add({100, 100, 50, 40});
+    for (const int index : {1, 100, -5}) {
+        m_canvas.rebindPage(&m_page, index);
+        EXPECT_EQ(m_canvas.selectedIndex(), -1);
+    }
+    m_canvas.rebindPage(nullptr, 0);
+    EXPECT_EQ(m_canvas.selectedIndex(), -1);
+}
+
+TEST_F(DashCanvasOnBarePage, RebindingToAnotherElementLeavesTheDraggedOne)
+{
+    add({100, 100, 50, 40});
+    add({200, 100, 50, 40});
+    press(at(120, 120));
+    moveTo(at(130, 120));
+    m_canvas.rebindPage(&m_page, 1);
+    moveTo(at(150, 120));
+    release(at(150, 120));
+    EXPECT_EQ(element(0).x, 110);
+    EXPECT_EQ(element(1).x, 200);
+    EXPECT_EQ(m_stack.count(), 0);
+}

@@ -1,0 +1,250 @@
+// State, helpers, repaints and keys of the canvas; gestures and painting have files of their own.
+
+#include "telemetry/TelemetrySession.h"
+#include "tests/canvas/CanvasFixture.h"
+
+namespace {
+
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+
+    [[nodiscard]] int count() const { return m_count; }
+
+private:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        m_count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int m_count = 0;
+};
+
+class DashCanvasTest : public CanvasFixture
+{
+protected:
+    QSignalSpy m_selected{&m_canvas, &DashCanvas::elementSelected};
+    QSignalSpy m_deleteRequested{&m_canvas, &DashCanvas::deleteRequested};
+
+    void show()
+    {
+        m_canvas.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&m_canvas));
+        QCoreApplication::processEvents();
+    }
+
+    /// How often the canvas is painted by the action itself, and by the event loop after it.
+    struct Paints
+    {
+        int atOnce;
+        int later;
+
+        friend bool operator==(const Paints&, const Paints&) = default;
+    };
+
+    template <typename Action>
+    Paints paintsCausedBy(Action action)
+    {
+        const PaintCounter counter(m_canvas);
+        action();
+        const int atOnce = counter.count();
+        QCoreApplication::processEvents();
+        return {atOnce, counter.count() - atOnce};
+    }
+};
+
+} // namespace
+
+TEST_F(DashCanvasTest, IsSetUpForPreciseEditing)
+{
+    const DashCanvas canvas;
+    EXPECT_EQ(canvas.minimumSize(), QSize(400, 240));
+    EXPECT_TRUE(canvas.testAttribute(Qt::WA_MouseTracking));
+    EXPECT_EQ(canvas.focusPolicy(), Qt::StrongFocus);
+    EXPECT_EQ(canvas.selectedIndex(), -1);
+    EXPECT_EQ(canvas.page(), nullptr);
+}
+
+TEST_F(DashCanvasTest, WithoutAPageTheHelpersSayNothingIsScaled)
+{
+    m_canvas.setPage(nullptr);
+    EXPECT_EQ(m_canvas.fitScale(), 1.0);
+    EXPECT_EQ(m_canvas.pageOrigin(), QPointF(10, 10));
+    EXPECT_EQ(m_canvas.elementRect(makeElement({}, {5, 6, 7, 8})), QRectF(15, 16, 7, 8));
+}
+
+TEST_F(DashCanvasTest, HelpersFollowTheWidgetsSize)
+{
+    m_canvas.resize(400, 240);
+    EXPECT_DOUBLE_EQ(m_canvas.fitScale(), 220.0 / 480.0);
+    EXPECT_NEAR(m_canvas.pageOrigin().x(), 16.67, 0.005);
+    EXPECT_DOUBLE_EQ(m_canvas.pageOrigin().y(), 10.0);
+    const QRectF rect = m_canvas.elementRect(makeElement({}, {100, 100, 50, 40}));
+    EXPECT_DOUBLE_EQ(rect.x(), m_canvas.pageOrigin().x() + 100 * m_canvas.fitScale());
+    EXPECT_DOUBLE_EQ(rect.height(), 40 * m_canvas.fitScale());
+}
+
+TEST_F(DashCanvasTest, SnapsOnlyWhenSwitchedOn)
+{
+    EXPECT_EQ(m_canvas.snapValue(17), 17);
+    m_canvas.setSnap(true, 10);
+    EXPECT_EQ(m_canvas.snapValue(17), 20);
+    EXPECT_EQ(m_canvas.snapValue(-15), -10);
+    EXPECT_EQ(m_canvas.snapValue(2'147'483'647), 2'147'483'647);
+    m_canvas.setSnap(true, 1);
+    EXPECT_EQ(m_canvas.snapValue(17), 17);
+    m_canvas.setSnap(false, 10);
+    EXPECT_EQ(m_canvas.snapValue(17), 17);
+}
+
+// --- Repaints ------------------------------------------------------------------------------------
+
+TEST_F(DashCanvasTest, APageIsPaintedAtTheNextOccasion)
+{
+    show();
+    EXPECT_EQ(paintsCausedBy([&] { m_canvas.setPage(nullptr); }), (Paints{0, 1}));
+}
+
+TEST_F(DashCanvasTest, ASessionAndASpeedUnitAreShownAtTheNextOccasion)
+{
+    show();
+    TelemetrySession session;
+    EXPECT_EQ(paintsCausedBy([&] { m_canvas.setSession(&session); }), (Paints{0, 1}));
+    EXPECT_EQ(paintsCausedBy([&] { m_canvas.setSpeedUnit(1); }), (Paints{0, 1}));
+    m_canvas.setSession(nullptr);
+}
+
+TEST_F(DashCanvasTest, AReplayTimeIsPaintedAtOnce)
+{
+    show();
+    EXPECT_EQ(paintsCausedBy([&] { m_canvas.setReplayTime(1.5); }), (Paints{1, 0}));
+}
+
+TEST_F(DashCanvasTest, SnappingSchedulesNoRepaint)
+{
+    show();
+    EXPECT_EQ(paintsCausedBy([&] { m_canvas.setSnap(true, 10); }), (Paints{0, 0}));
+}
+
+TEST_F(DashCanvasTest, ANewSelectionIsPaintedAndTheSameOneIsNot)
+{
+    add({100, 100, 50, 40});
+    show();
+    EXPECT_EQ(paintsCausedBy([&] { press(at(120, 120)); }), (Paints{0, 1}));
+    EXPECT_EQ(paintsCausedBy([&] { release(at(120, 120)); }), (Paints{0, 1}));
+    EXPECT_EQ(paintsCausedBy([&] { press(at(120, 120)); }), (Paints{0, 0}));
+}
+
+TEST_F(DashCanvasTest, ADragIsPaintedAndARightReleaseIsNot)
+{
+    add({100, 100, 50, 40});
+    show();
+    press(at(120, 120));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paintsCausedBy([&] { moveTo(at(130, 120)); }), (Paints{0, 1}));
+    EXPECT_EQ(paintsCausedBy([&] { release(at(130, 120), Qt::RightButton); }), (Paints{0, 0}));
+}
+
+TEST_F(DashCanvasTest, ClearingTheSelectionRepaintsAndEmitsNothing)
+{
+    add({100, 100, 50, 40});
+    show();
+    press(at(120, 120));
+    QCoreApplication::processEvents();
+    m_selected.clear();
+    EXPECT_EQ(paintsCausedBy([&] { m_canvas.clearSelectionAndRepaint(); }), (Paints{0, 1}));
+    EXPECT_EQ(m_canvas.selectedIndex(), -1);
+    EXPECT_EQ(m_selected.count(), 0);
+}
+
+TEST_F(DashCanvasTest, ClearingTheSelectionEndsADrag)
+{
+    add({100, 100, 50, 40});
+    press(at(120, 120));
+    moveTo(at(130, 120));
+    m_canvas.clearSelectionAndRepaint();
+    moveTo(at(150, 120));
+    release(at(150, 120));
+    EXPECT_EQ(element(0).x, 110);
+    EXPECT_EQ(m_stack.count(), 0);
+}
+
+TEST_F(DashCanvasTest, APageClearsTheSelectionAndEmitsNothing)
+{
+    add({100, 100, 50, 40});
+    click(at(120, 120));
+    m_selected.clear();
+    m_canvas.setPage(&m_page);
+    EXPECT_EQ(m_canvas.selectedIndex(), -1);
+    EXPECT_EQ(m_selected.count(), 0);
+    EXPECT_EQ(m_canvas.page(), &m_page);
+}
+
+// --- Keys ----------------------------------------------------------------------------------------
+
+TEST_F(DashCanvasTest, DeleteAndBackspaceAskForDeletion)
+{
+    add({100, 100, 50, 40});
+    add({200, 100, 50, 40});
+    click(at(220, 120));
+    QTest::keyClick(&m_canvas, Qt::Key_Delete);
+    QTest::keyClick(&m_canvas, Qt::Key_Backspace);
+    ASSERT_EQ(m_deleteRequested.count(), 2);
+    EXPECT_EQ(m_deleteRequested[0], QVariantList{1});
+    EXPECT_EQ(m_deleteRequested[1], QVariantList{1});
+    EXPECT_EQ(m_page.elements.size(), 2U) << "the canvas itself deletes nothing";
+}
+
+TEST_F(DashCanvasTest, WithoutASelectionTheDeletionKeysGoToTheParent)
+{
+    add({100, 100, 50, 40});
+    for (const int key : {Qt::Key_Delete, Qt::Key_Backspace}) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&m_canvas, &event);
+        EXPECT_FALSE(event.isAccepted());
+    }
+    m_canvas.setPage(nullptr);
+    QTest::keyClick(&m_canvas, Qt::Key_Delete);
+    EXPECT_EQ(m_deleteRequested.count(), 0);
+}
+
+TEST_F(DashCanvasTest, ADeletionKeyIsAcceptedOnlyWithASelection)
+{
+    add({100, 100, 50, 40});
+    click(at(120, 120));
+    for (const int key : {Qt::Key_Delete, Qt::Key_Backspace}) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        event.ignore();
+        QCoreApplication::sendEvent(&m_canvas, &event);
+        EXPECT_TRUE(event.isAccepted());
+    }
+}
+
+TEST_F(DashCanvasTest, OtherKeysGoToTheParentAndNudgeNothing)
+{
+    add({100, 100, 50, 40});
+    click(at(120, 120));
+    for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_A,
+                          Qt::Key_Escape, Qt::Key_Return}) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&m_canvas, &event);
+        EXPECT_FALSE(event.isAccepted()) << key;
+    }
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(m_deleteRequested.count(), 0);
+}
+
+TEST_F(DashCanvasTest, ASelectionThatNoLongerExistsIsHarmless)
+{
+    add({100, 100, 50, 40});
+    press(at(120, 120));
+    m_page.elements.clear();
+    moveTo(at(150, 120));
+    release(at(150, 120));
+    QTest::keyClick(&m_canvas, Qt::Key_Delete);
+    m_canvas.grab();
+    EXPECT_EQ(m_stack.count(), 0);
+    EXPECT_EQ(m_deleteRequested.count(), 0);
+}
