@@ -1,0 +1,23 @@
+#pragma once
+
+#include "samples/reader/RecordingText.h"
+#include "samples/recording/Circuit.h"
+#include "samples/recording/Drive.h"
+
+#include <vector>
+
+/// One channel that the sample logger records.
+struct RecordedChannel
+{
+    RecordingText::Family family;
+    const char* name;
+    const char* units;
+    int rate;     ///< samples a second, a divisor of kStatesPerSecond
+    int decimals; ///< of the values as written
+    double noise; ///< greatest deviation of the sensor, either way
+    double (*value)(const CarState& state, const Circuit& circuit);
+};
+
+/// The channels in the order of recording. Their names are spelled as a logger might, which is not
+/// how the sample layouts spell them: every rule of matching gets something to do.
+[[nodiscard]] const std::vector<RecordedChannel>& recordedChannels();
