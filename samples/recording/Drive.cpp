@@ -9,14 +9,14 @@
 namespace {
 
 // A light prototype on slick tyres. Metres, seconds, kilograms, watts.
-constexpr double kGrip = 15.0;    // lateral and braking acceleration
-constexpr double kTraction = 8.0; // acceleration out of slow bends
-constexpr double kPowerToMass = 340.0;
+constexpr double kGrip = 12.0;    // lateral and braking acceleration
+constexpr double kTraction = 6.0; // acceleration out of slow bends
+constexpr double kPowerToMass = 200.0;
 constexpr double kDrag = 0.0011; // 1/m
-constexpr double kTopSpeed = 66.0;
+constexpr double kTopSpeed = 60.0;
 
 constexpr double kStep = 1.0 / kStatesPerSecond;
-constexpr double kPullAway = 4.0; // m/s2, out of the pits and back into them
+constexpr double kPullAway = 3.0; // m/s2, out of the pits and back into them
 
 constexpr std::array kGearRatios = {285.0, 205.0, 160.0, 131.0, 111.0, 97.0}; // rpm per m/s
 constexpr double kIdleRpm = 1400.0;
@@ -56,13 +56,21 @@ std::vector<double> fastestLap(const Circuit& circuit)
     return speeds;
 }
 
+double speedAt(const std::vector<double>& lap, double lapDistance)
+{
+    const double steps = lapDistance / Circuit::kStep;
+    const auto step = static_cast<std::size_t>(steps);
+    return std::lerp(lap[step % lap.size()], lap[(step + 1) % lap.size()],
+                     steps - std::floor(steps));
+}
+
 /// Changes gradually from one lap's pace to the next one's.
 double paceAt(double laps)
 {
     const auto lap = static_cast<std::size_t>(laps);
     const double here = kPaces[std::min(lap, kPaces.size() - 1)];
     const double next = kPaces[std::min(lap + 1, kPaces.size() - 1)];
-    return here + (next - here) * (laps - std::floor(laps));
+    return std::lerp(here, next, laps - std::floor(laps));
 }
 
 void addPedals(CarState& state)
@@ -93,9 +101,8 @@ std::vector<CarState> drive(const Circuit& circuit, double seconds)
     const auto count = static_cast<int>(seconds * kStatesPerSecond);
     for (int i = 0; i <= count; ++i) {
         state.time = i * kStep;
-        const auto place = static_cast<std::size_t>(state.lapDistance / Circuit::kStep);
         const double pace = paceAt(state.distance / circuit.length());
-        const double speed = std::min({fastest[place % fastest.size()] * pace,
+        const double speed = std::min({speedAt(fastest, state.lapDistance) * pace,
                                        kPullAway * state.time, kPullAway * (seconds - state.time)});
         state.longitudinal = (speed - state.speed) / kStep;
         state.speed = speed;
