@@ -28,7 +28,9 @@ uLong ArchiveDevice::read(voidpf self, voidpf /*stream*/, void* buffer, uLong si
     ArchiveDevice& device = object(self);
     const qint64 count =
         device.m_device.read(static_cast<char*>(buffer), static_cast<qint64>(size));
-    device.m_failed = device.m_failed || count < 0;
+    const bool cutShort = count < static_cast<qint64>(size);
+    device.m_failed = device.m_failed || count < 0 ||
+                      (cutShort && device.m_device.pos() < device.m_device.size());
     if (count <= 0)
         return 0;
     if (!device.m_padded)

@@ -11,7 +11,9 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
+#include <filesystem>
 #include <limits>
+#include <system_error>
 
 namespace {
 
@@ -75,6 +77,17 @@ QStringList filesBelow(const QString& folder)
     return paths;
 }
 
+/// QDirIterator passes over a folder that it cannot list, and the files in it would be lost.
+bool canListAll(const QString& folder)
+{
+    std::error_code error;
+    std::filesystem::recursive_directory_iterator entry(QFileInfo(folder).filesystemFilePath(),
+                                                        error);
+    while (!error && entry != std::filesystem::recursive_directory_iterator())
+        entry.increment(error);
+    return !error;
+}
+
 bool writeArchive(QIODevice& device, const QDir& root, const QStringList& paths)
 {
     ArchiveWriter archive(device);
@@ -104,10 +117,10 @@ bool DashboardPackage::unpackArchive(const QString& archivePath, const QString& 
 
 bool DashboardPackage::packDirectory(const QString& srcDir, const QString& archivePath)
 {
-    if (!QFileInfo(srcDir).isDir())
-        return false;
     // Listed before the new archive exists, which may well stand in the same folder.
     const QStringList paths = filesBelow(srcDir);
+    if (!canListAll(srcDir))
+        return false;
     return replaceFile(
         archivePath, [&](QIODevice& device) { return writeArchive(device, QDir(srcDir), paths); });
 }

@@ -1,0 +1,116 @@
+#include "tests/document/FaultFixture.h"
+
+#include "tests/support/FolderTools.h"
+#include "tests/support/PackageBuilder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QScopeGuard>
+
+#include <random>
+
+namespace {
+
+/// Several buffers long and not to be compressed, so that writing it takes several calls.
+QByteArray image()
+{
+    std::minstd_rand random; // NOLINT: the same bytes every time
+    QByteArray bytes(100000, '\0');
+    for (char& byte : bytes)
+        byte = static_cast<char>(random());
+    return bytes;
+}
+
+void removeUnpackDir(const DashboardDocument& document)
+{
+    if (!document.tempDir().isEmpty())
+        QDir(document.tempDir()).removeRecursively();
+}
+
+} // namespace
+
+FaultFixture::FaultFixture() : m_realTempPath(qgetenv("TMPDIR"))
+{
+    QDir(m_world.path()).mkdir(QStringLiteral("packages"));
+    QDir(m_world.path()).mkdir(QStringLiteral("temp"));
+    qputenv("TMPDIR", QFile::encodeName(m_world.filePath(QStringLiteral("temp"))));
+    EXPECT_TRUE(writePackage(m_package, "Race"));
+    reopen();
+    m_old = TestPackage::readFile(m_package);
+}
+
+FaultFixture::~FaultFixture()
+{
+    if (m_realTempPath.isNull())
+        qunsetenv("TMPDIR");
+    else
+        qputenv("TMPDIR", m_realTempPath);
+}
+
+std::map<QString, QByteArray> FaultFixture::members(const QByteArray& pageName, int x)
+{
+    using namespace TestPackage;
+    const Object element = digitElement("mask.1", x, 20, 30, 40);
+    return {{QStringLiteral("overlay.ov3.xml"), overlayXml({page(pageName, 800, 480, {element})})},
+            {QStringLiteral("device.aimcfg"), deviceXml("MXS", 12, {{7, "RPM", "RPM", "rpm"}})},
+            {QStringLiteral("images/0.png"), image()},
+            {QStringLiteral("images/deep/notes.txt"), "kept"}};
+}
+
+bool FaultFixture::writePackage(const QString& path, const QByteArray& pageName)
+{
+    return TestPackage::writePackage(path, members(pageName, kUnmoved));
+}
+
+bool FaultFixture::isComplete(const QString& path, int x)
+{
+    DashboardDocument document;
+    const auto cleanUp = qScopeGuard([&] { removeUnpackDir(document); });
+    if (!document.open(path) || document.pageCount() != 1 ||
+        document.pageAt(0)->elements.size() != 1 || document.pageAt(0)->elements[0].x != x)
+        return false;
+    auto expected = members("Race", x);
+    auto found = FolderTools::contents(document.tempDir());
+    expected.erase(QStringLiteral("overlay.ov3.xml")); // re-indented by a save
+    found.erase(QStringLiteral("overlay.ov3.xml"));
+    return found == expected;
+}
+
+void FaultFixture::expectNothingLost(bool saved)
+{
+    if (saved)
+        EXPECT_TRUE(isComplete(m_package, kMoved));
+    else
+        EXPECT_EQ(TestPackage::readFile(m_package), m_old);
+    EXPECT_EQ(FolderTools::names(m_folder), QStringList(QStringLiteral("race.zconf2")));
+    EXPECT_EQ(FolderTools::contents(m_document->tempDir()).size(), members({}, 0).size());
+
+    EXPECT_EQ(m_document->addBlankPage(QStringLiteral("after the fault")), 1);
+    EXPECT_TRUE(m_document->removePage(1));
+    EXPECT_EQ(m_document->pageAt(0)->elements.at(0).x, kMoved);
+    EXPECT_TRUE(m_document->save(m_package));
+    EXPECT_TRUE(isComplete(m_package, kMoved));
+    TestPackage::writeFile(m_package, m_old);
+}
+
+void FaultFixture::reopen()
+{
+    if (m_document)
+        removeUnpackDir(*m_document);
+    m_document = std::make_unique<DashboardDocument>();
+    EXPECT_TRUE(m_document->open(m_package));
+    m_document->pageAt(0)->elements.at(0).x = kMoved;
+}
+
+/// In memory where there is a place for it: hundreds of saves wait for the disk otherwise.
+QString FaultFixture::worldTemplate()
+{
+    const QString memory = QStringLiteral("/dev/shm");
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) +
+           QStringLiteral("/gaugewright-faults-XXXXXX");
+}
+
+QByteArray FaultFixture::world() const
+{
+    return QFile::encodeName(m_world.path());
+}
