@@ -26,13 +26,6 @@ void limitFileSize()
     setrlimit(RLIMIT_FSIZE, &limit);
 }
 
-QString folderTemplate()
-{
-    const QString memory = QStringLiteral("/dev/shm");
-    const QString root = QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
-    return root + QStringLiteral("/gaugewright-fuzz-XXXXXX");
-}
-
 void requireSavesTheSame(const QString& unpacked, const QString& archive, const QString& again)
 {
     const auto files = FolderTools::visible(FolderTools::contents(unpacked));
@@ -61,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     static const bool limited = (limitFileSize(), true);
     Q_UNUSED(limited);
-    const QTemporaryDir folder(folderTemplate());
+    const QTemporaryDir folder(FolderTools::memoryTemplate());
     const QString archive = folder.filePath(QStringLiteral("input"));
     const QString out = folder.filePath(QStringLiteral("out"));
     FUZZ_REQUIRE(TestPackage::writeFile(

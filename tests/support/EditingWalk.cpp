@@ -5,6 +5,7 @@
 #include "app/commands/InsertElementCommand.h"
 #include "app/commands/MoveCommand.h"
 #include "app/commands/NewPageCommand.h"
+#include "tests/support/FolderTools.h"
 #include "tests/support/InStep.h"
 #include "tests/support/PackageBuilder.h"
 #include "tests/support/RandomOverlay.h"
@@ -22,13 +23,6 @@ void removeUnpackDir(const DashboardDocument& document)
         QDir(document.tempDir()).removeRecursively();
 }
 
-/// In memory where there is such a place: a walk writes often, and every write waits for the disk.
-QString folderTemplate()
-{
-    const QString memory = QStringLiteral("/dev/shm");
-    return (QDir(memory).exists() ? memory : QDir::tempPath()) + QStringLiteral("/walk-XXXXXX");
-}
-
 QString text(ByteSource& source)
 {
     return QString::fromUtf8(source.xmlText());
@@ -36,7 +30,9 @@ QString text(ByteSource& source)
 
 } // namespace
 
-EditingWalk::EditingWalk(ByteSource& source) : m_source(source), m_folder(folderTemplate())
+EditingWalk::EditingWalk(ByteSource& source)
+    : m_source(source),
+      m_folder(FolderTools::memoryTemplate())
 {
     const QString path = m_folder.filePath(QStringLiteral("walk.zconf2"));
     const QByteArray overlay = RandomOverlay::xml(m_source);

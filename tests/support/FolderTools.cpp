@@ -7,6 +7,13 @@
 
 namespace FolderTools {
 
+QString memoryTemplate()
+{
+    const QString memory = QStringLiteral("/dev/shm");
+    const QString root = QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
+    return root + QStringLiteral("/gaugewright-test-XXXXXX");
+}
+
 namespace {
 
 constexpr QDir::Filters kEverything =

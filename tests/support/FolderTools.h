@@ -9,6 +9,10 @@
 /// Looks at folders the way a test wants to compare them.
 namespace FolderTools {
 
+/// A template for QTemporaryDir: in memory where there is such a place, for tests that write often,
+/// because every write waits for the disk. Not for hundreds of megabytes.
+[[nodiscard]] QString memoryTemplate();
+
 /// Path below the folder and content of every file at any depth, hidden ones too.
 [[nodiscard]] std::map<QString, QByteArray> contents(const QString& folder);
 /// Those of the files that a save takes: none that is hidden or lies in a hidden folder.

@@ -1,6 +1,12 @@
 #include "tests/support/LoadedOverlay.h"
 
+#include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
+
+LoadedOverlay::LoadedOverlay(const QByteArray& xml) : m_folder(FolderTools::memoryTemplate())
+{
+    m_loaded = load(xml);
+}
 
 bool LoadedOverlay::load(const QByteArray& xml)
 {

@@ -10,7 +10,7 @@ class LoadedOverlay
 {
 public:
     /// Loads the text as a whole overlay file.
-    explicit LoadedOverlay(const QByteArray& xml) { m_loaded = load(xml); }
+    explicit LoadedOverlay(const QByteArray& xml);
 
     /// The text of an overlay whose configuration object holds what is given, on one line.
     [[nodiscard]] static QByteArray around(const QByteArray& conf)

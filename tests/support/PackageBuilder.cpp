@@ -124,13 +124,13 @@ QByteArray readFile(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-void writeFolder(const QString& folder, const std::map<QString, QByteArray>& members)
+void writeFolder(const QString& folder, const Members& members)
 {
     for (const auto& [name, content] : members)
         writeFile(folder + u'/' + name, content);
 }
 
-bool writePackage(const QString& path, const std::map<QString, QByteArray>& members)
+bool writePackage(const QString& path, const Members& members)
 {
     zipFile archive = zipOpen64(path.toLocal8Bit().constData(), APPEND_STATUS_CREATE);
     if (!archive)
@@ -150,15 +150,15 @@ bool writePackage(const QString& path, const std::map<QString, QByteArray>& memb
 
 bool writePackage(const QString& path, const QByteArray& overlay, const QByteArray& device)
 {
-    std::map<QString, QByteArray> members{{QStringLiteral("overlay.ov3.xml"), overlay}};
+    Members members{{QStringLiteral("overlay.ov3.xml"), overlay}};
     if (!device.isEmpty())
         members[QStringLiteral("device.aimcfg")] = device;
     return writePackage(path, members);
 }
 
-std::map<QString, QByteArray> readPackage(const QString& path)
+Members readPackage(const QString& path)
 {
-    std::map<QString, QByteArray> members;
+    Members members;
     unzFile archive = unzOpen64(path.toLocal8Bit().constData());
     if (!archive)
         return members;

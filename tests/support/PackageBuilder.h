@@ -53,16 +53,19 @@ struct Channel
 [[nodiscard]] QByteArray deviceXml(const QByteArray& type, int typeCode,
                                    const std::vector<Channel>& channels);
 
+/// Files of a package or folder: path with "/" as the separator, and content.
+using Members = std::map<QString, QByteArray>;
+
 /// Writes the members into a folder, making sub-folders as needed.
-void writeFolder(const QString& folder, const std::map<QString, QByteArray>& members);
+void writeFolder(const QString& folder, const Members& members);
 bool writeFile(const QString& path, const QByteArray& content);
 [[nodiscard]] QByteArray readFile(const QString& path);
 
 /// Writes a package holding the members, through the archive library's own calls.
-bool writePackage(const QString& path, const std::map<QString, QByteArray>& members);
+bool writePackage(const QString& path, const Members& members);
 /// A package with "overlay.ov3.xml" and, unless empty, "device.aimcfg".
 bool writePackage(const QString& path, const QByteArray& overlay, const QByteArray& device = {});
 /// Every member of a package with its content.
-[[nodiscard]] std::map<QString, QByteArray> readPackage(const QString& path);
+[[nodiscard]] Members readPackage(const QString& path);
 
 } // namespace TestPackage
