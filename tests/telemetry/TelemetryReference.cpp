@@ -12,9 +12,9 @@ QString compact(const QString& s)
     QString result;
     for (const QChar c : s) {
         if (c != QChar(u'_') && c != QChar(u' '))
-            result += QString(c).toLower();
+            result += c;
     }
-    return result;
+    return result.toLower();
 }
 
 std::vector<QString> tokens(const QString& s)
