@@ -68,6 +68,8 @@ void MainWindow::createPanes()
         splitter->addWidget(widget);
         splitter->setStretchFactor(pane++, widget == m_canvas ? 1 : 0); // only the canvas grows
     }
+    // Without sizes of its own the splitter would give the side panes more room than they may fill.
+    splitter->setSizes({m_pageList->maximumWidth(), kInitialSize.width(), kPanelWidth});
 
     auto* const central = new QWidget;
     auto* const layout = new QVBoxLayout(central);

@@ -1,5 +1,7 @@
 #include "app/PageListPanel.h"
 
+#include <QStyledItemDelegate>
+
 #include <utility>
 
 namespace {
@@ -7,11 +9,27 @@ namespace {
 constexpr int kMinimumWidth = 120;
 constexpr int kMaximumWidth = 180;
 constexpr QSize kThumbnailSize{120, 72};
+constexpr int kRowSpacing = 4;
 
 QIcon thumbnailOf(const QPixmap& image)
 {
     return QIcon(image.scaled(kThumbnailSize, Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
+
+/// Shows the name below the thumbnail: beside it, the narrow list would have no room for it.
+class PageRowDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->decorationPosition = QStyleOptionViewItem::Top;
+        option->displayAlignment = Qt::AlignCenter;
+    }
+};
 
 } // namespace
 
@@ -22,6 +40,10 @@ PageListPanel::PageListPanel(QWidget* parent) : QListWidget(parent)
     setMaximumWidth(kMaximumWidth);
     setMinimumWidth(kMinimumWidth);
     setIconSize(kThumbnailSize);
+    setItemDelegate(new PageRowDelegate(this));
+    setSpacing(kRowSpacing);
+    setTextElideMode(Qt::ElideRight);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // long names are cut, and in the tooltip
     connect(this, &QListWidget::currentRowChanged, this, &PageListPanel::onCurrentRowChanged);
 }
 
@@ -31,6 +53,7 @@ void PageListPanel::setPages(const std::vector<DashPage>& pages)
     QHash<qint64, QIcon> thumbnails;
     for (const DashPage& page : pages) {
         auto* const item = new QListWidgetItem(page.name, this);
+        item->setToolTip(page.name.toHtmlEscaped());
         if (page.image.isNull())
             continue;
         const qint64 key = page.image.cacheKey();

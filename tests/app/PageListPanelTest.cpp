@@ -1,6 +1,7 @@
 #include "app/PageListPanel.h"
 
 #include <QMetaMethod>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSignalSpy>
 #include <QTest>
@@ -162,4 +163,16 @@ TEST_F(PageListPanelTest, ARefillWithBlockedSignalsIsQuietAndShown)
     EXPECT_EQ(m_selected.count(), 0);
     EXPECT_EQ(m_panel.currentRow(), 1);
     EXPECT_TRUE(m_panel.item(1)->isSelected());
+}
+
+TEST_F(PageListPanelTest, ShowsNamesBelowThumbnailsSoThatEveryRowFitsTheWidth)
+{
+    m_panel.setPages({page(QStringLiteral("Qualifying, wet tyres"), {800, 480}),
+                      page(QStringLiteral("A name that is far too long for any list"))});
+    QTest::qWait(0);
+    const QRect row = m_panel.visualItemRect(m_panel.item(0));
+    EXPECT_GT(row.height(), 72 + m_panel.fontMetrics().height() - 1);
+    EXPECT_FALSE(m_panel.horizontalScrollBar()->isVisible());
+    EXPECT_EQ(m_panel.item(1)->toolTip(),
+              QStringLiteral("A name that is far too long for any list"));
 }
