@@ -34,10 +34,8 @@ void DashCanvas::rebindPage(DashPage* page, int selectedIndex)
 {
     const Gesture gesture = std::exchange(m_gesture, {});
     m_page = page;
-    const int formerIndex =
-        std::exchange(m_selectedIndex, elementAt(selectedIndex) ? selectedIndex : -1);
-    if (m_selectedIndex == formerIndex)
-        takeBack(gesture);
+    m_selectedIndex = elementAt(selectedIndex) ? selectedIndex : -1;
+    takeBack(gesture);
     update();
 }
 

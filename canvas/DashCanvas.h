@@ -31,9 +31,10 @@ public:
     /// Shows a page, or nothing for null; drops selection and gesture, emits nothing. An element
     /// that is being dragged stays where it is.
     void setPage(DashPage* page);
-    /// Shows the same page at its present place in memory, with that element selected (-1 for
-    /// none), after the document's records have moved. Ends a gesture in progress, taking the drag
-    /// back if the element is still where the drag left it; emits nothing.
+    /// Shows the same page at its present place in memory, after the document's records have moved;
+    /// selectedIndex is where the selected element stands now, -1 when it is gone. Ends a gesture
+    /// in progress, taking the drag back if the element is still where the drag left it; emits
+    /// nothing.
     void rebindPage(DashPage* page, int selectedIndex);
     /// The document whose pages are shown, so that commands can find them again. Null for a canvas
     /// that shows a page of no document.

@@ -152,6 +152,19 @@ TEST_F(DashCanvasInDocument, AnUndoOfTheDraggedElementsOwnStepWins)
     EXPECT_EQ(m_stack.index(), 0);
 }
 
+TEST_F(DashCanvasInDocument, ADragIsTakenBackAlsoWhenTheElementsIndexHasChanged)
+{
+    m_stack.push(new DeleteCommand(&m_document, 0, 0));
+    m_stack.disconnect(&m_canvas);
+    press(220, 120);
+    ASSERT_EQ(m_canvas.selectedIndex(), 0);
+    moveTo(300, 300);
+    m_stack.undo();
+    m_canvas.rebindPage(m_document.pageAt(0), 1);
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(geometryOf(element(1)), (ElementGeometry{200, 100, 50, 40}));
+}
+
 TEST_F(DashCanvasInDocument, AnElementThatIsDeletedInADragComesBackWhereItWas)
 {
     press(120, 120);
