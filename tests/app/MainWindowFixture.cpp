@@ -11,9 +11,8 @@
 using TestPackage::digitElement;
 using TestPackage::labelElement;
 
-void MainWindowFixture::showWindow()
+void MainWindowFixture::activate() const
 {
-    m_window->show();
     m_window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
 }
@@ -54,6 +53,12 @@ QString MainWindowFixture::names(int page) const
     for (const DashElement& element : elements(page))
         result << element.name;
     return result.join(u' ');
+}
+
+void MainWindowFixture::press(QWidget& pane, Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    activate();
+    QTest::keyClick(&pane, key, modifiers);
 }
 
 void MainWindowFixture::clickPage(int row) const
@@ -105,6 +110,6 @@ void MainWindowFixture::insertElement(int donorRow, int channelRow)
 void MainWindowFixture::clearPage()
 {
     m_dialogs.expect<QMessageBox>(
-        [](QMessageBox& box) { QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton); });
+        [](QMessageBox& box) { ModalDriver::press(box, QMessageBox::Yes); });
     trigger("clearPageAction");
 }

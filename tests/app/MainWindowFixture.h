@@ -23,9 +23,13 @@
 class MainWindowFixture : public ::testing::Test
 {
 protected:
-    MainWindowFixture() : m_window(std::make_unique<MainWindow>()) { showWindow(); }
+    MainWindowFixture() : m_window(std::make_unique<MainWindow>())
+    {
+        m_window->show();
+        activate();
+    }
 
-    void showWindow();
+    void activate() const;
 
     /// Writes a package of the usual three pages: "Race" with the four elements race.0 to race.3 in
     /// a row, "Box" with one, "Empty" with none; device type "MXS", code 12, two channels.
@@ -65,6 +69,8 @@ protected:
     /// The names of a page's elements, blank-separated.
     [[nodiscard]] QString names(int page = 0) const;
 
+    /// A key stroke with the window active, as it is again when a dialog has closed.
+    void press(QWidget& pane, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const;
     void trigger(const char* action) const { child<QAction>(action)->trigger(); }
     void clickPage(int row) const;
     /// The middle of an element of the page that the canvas shows, in its pixels.

@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -19,8 +20,7 @@ ModalDriver::ModalDriver()
 {
     // Only Qt's own dialogs are widgets that a test can reach into.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { poll(); });
-    m_timer.start(kPollMilliseconds);
+    pollLater();
 }
 
 ModalDriver::~ModalDriver()
@@ -30,12 +30,7 @@ ModalDriver::~ModalDriver()
 
 void ModalDriver::chooseFile(const QString& path)
 {
-    expect<QFileDialog>([path](QFileDialog& dialog) {
-        auto* const edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        ASSERT_NE(edit, nullptr);
-        edit->setText(path);
-        QTest::keyClick(edit, Qt::Key_Return);
-    });
+    expect<QFileDialog>([path](QFileDialog& dialog) { typePath(dialog, path); });
 }
 
 void ModalDriver::cancel()
@@ -52,7 +47,7 @@ void ModalDriver::expectBox(QMessageBox::Icon icon, const QString& title, const 
         EXPECT_EQ(box.text(), text);
         EXPECT_EQ(box.standardButtons(), buttons);
         EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "busy cursor over a message box";
-        QTest::mouseClick(box.button(press), Qt::LeftButton);
+        ModalDriver::press(box, press);
     });
 }
 
@@ -61,8 +56,29 @@ void ModalDriver::expectBox(QMessageBox::Icon icon, const QString& title, const 
     expectBox(icon, title, text, QMessageBox::Ok, QMessageBox::Ok);
 }
 
+void ModalDriver::typePath(QFileDialog& dialog, const QString& path)
+{
+    auto* const edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    ASSERT_NE(edit, nullptr);
+    edit->setText(path);
+    QTest::keyClick(edit, Qt::Key_Return);
+}
+
+void ModalDriver::press(QMessageBox& box, QMessageBox::StandardButton button)
+{
+    ASSERT_NE(box.button(button), nullptr);
+    QTest::mouseClick(box.button(button), Qt::LeftButton);
+}
+
+void ModalDriver::pollLater()
+{
+    // A new timer each time: one that is being handled does not fire again for a nested dialog.
+    QTimer::singleShot(kPollMilliseconds, &m_context, [this] { poll(); });
+}
+
 void ModalDriver::poll()
 {
+    pollLater();
     QWidget* const widget = QApplication::activeModalWidget();
     if (!widget)
         return;

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QMessageBox>
-#include <QTimer>
+#include <QObject>
 
 #include <deque>
 #include <functional>
 #include <utility>
+
+class QFileDialog;
 
 /// Answers the modal dialogs that the code under test opens, in the order in which the answers were
 /// given. A dialog that nobody expects fails the test and is closed, so that a test never hangs; an
@@ -40,12 +42,17 @@ public:
     /// The same with OK only.
     void expectBox(QMessageBox::Icon icon, const QString& title, const QString& text);
 
+    // What answers are made of, as a user would do it.
+    static void typePath(QFileDialog& dialog, const QString& path);
+    static void press(QMessageBox& box, QMessageBox::StandardButton button);
+
 private:
     /// Returns whether the dialog is of the expected kind.
     using Answer = std::function<bool(QWidget*)>;
 
+    void pollLater();
     void poll();
 
     std::deque<Answer> m_answers;
-    QTimer m_timer;
+    QObject m_context; // of the timers, so that none outlives the driver
 };

@@ -1,0 +1,144 @@
+#include "document/FixedPaths.h"
+#include "tests/app/MainWindowFixture.h"
+#include "tests/support/ScriptedReader.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QPushButton>
+#include <QSlider>
+#include <QTimer>
+
+namespace {
+
+/// The main window with the scripted reader library standing where the editor looks for one.
+class MainWindowReplay : public MainWindowFixture
+{
+protected:
+    MainWindowReplay()
+    {
+        const QString library = FixedPaths::readerLibrary();
+        EXPECT_TRUE(QDir().mkpath(QFileInfo(library).absolutePath()));
+        // Tests of one run share the folder; whichever comes first puts the link there.
+        QFile::link(QString::fromStdString(ScriptedReader::path()), library);
+        m_reader.channels[ReaderHost::kPlain] = {{"Engine_RPM", {0.0, 12.34}, {1000.0, 9000.0}},
+                                                 {"Throttle", {0.0, 1.0}, {0.0, 100.0}}};
+        m_reader.channels[ReaderHost::kGps] = {{"GPS Speed", {0.0, 12340.0}, {10.0, 10.0}}};
+        EXPECT_TRUE(TestPackage::writeFile(recording(), "recording"));
+    }
+
+    ~MainWindowReplay() override { m_window.reset(); } // the reader must outlive the session
+
+    [[nodiscard]] QString recording() const { return path(QStringLiteral("lap.xrk")); }
+
+    void load(const char* action = "loadTelemetryAction")
+    {
+        m_dialogs.chooseFile(recording());
+        trigger(action);
+    }
+
+    ScriptedReader m_reader;
+};
+
+} // namespace
+
+TEST_F(MainWindowReplay, AsksForARecordingAndCancelChangesNothing)
+{
+    m_dialogs.expect<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Load XRK Telemetry Data"));
+        EXPECT_EQ(dialog.nameFilters(), QStringList{QStringLiteral("XRK Files (*.xrk)")});
+        EXPECT_EQ(dialog.directory(), QDir(FixedPaths::recordingFolder()));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    trigger("loadTelemetryAction");
+    EXPECT_FALSE(child<QSlider>("replaySlider")->isEnabled());
+    EXPECT_EQ(status(), QStringLiteral("Ready -- Open a .zconf2 file to begin"));
+    EXPECT_TRUE(m_reader.log.empty());
+}
+
+TEST_F(MainWindowReplay, ALoadEnablesTheControlsAndSaysWhatItFound)
+{
+    load("toolbarLoadTelemetryAction");
+    EXPECT_TRUE(child<QSlider>("replaySlider")->isEnabled());
+    EXPECT_TRUE(child<QPushButton>("playButton")->isEnabled());
+    EXPECT_TRUE(child<QComboBox>("rateCombo")->isEnabled());
+    EXPECT_EQ(child<QSlider>("replaySlider")->maximum(), 123);
+    EXPECT_EQ(child<QSlider>("replaySlider")->value(), 0);
+    EXPECT_EQ(child<QLabel>("timeLabel")->text(), QStringLiteral("00:00.0"));
+    EXPECT_EQ(status(), QStringLiteral("Loaded XRK: lap.xrk | 3 channels | Duration: 00:12"));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(MainWindowReplay, AFailedLoadSaysSoAndLeavesTheControls)
+{
+    load();
+    child<QSlider>("replaySlider")->setValue(50);
+    m_reader.fileIndex = -1;
+    m_dialogs.chooseFile(recording());
+    m_dialogs.expectBox(QMessageBox::Critical, QStringLiteral("Error"),
+                        QStringLiteral("Failed to load XRK file:\n%1\n\nCheck DLL path: %2")
+                            .arg(recording(), FixedPaths::readerLibrary()));
+    trigger("loadTelemetryAction");
+    EXPECT_TRUE(child<QSlider>("replaySlider")->isEnabled());
+    EXPECT_EQ(child<QSlider>("replaySlider")->value(), 50);
+    EXPECT_EQ(child<QSlider>("replaySlider")->maximum(), 123);
+    EXPECT_EQ(status(), QStringLiteral("Loaded XRK: lap.xrk | 3 channels | Duration: 00:12"));
+    canvas().grab();
+}
+
+TEST_F(MainWindowReplay, TheCanvasShowsTheValueAtTheReplayTime)
+{
+    openUsual();
+    const QImage before = canvas().grab().toImage();
+    load();
+    const QImage atStart = canvas().grab().toImage();
+    EXPECT_NE(atStart, before);
+    child<QSlider>("replaySlider")->setValue(100);
+    const QImage later = canvas().grab().toImage();
+    EXPECT_NE(later, atStart);
+    child<QSlider>("replaySlider")->setValue(0);
+    EXPECT_EQ(canvas().grab().toImage(), atStart);
+}
+
+TEST_F(MainWindowReplay, TheSpeedUnitChangesTheShownSpeedAndNotTheClock)
+{
+    open(writePackage(
+        QStringLiteral("speed.zconf2"),
+        {TestPackage::page("A", 800, 480,
+                           {TestPackage::digitElement("s", 100, 100, 400, 200, "GPS Speed")})}));
+    load();
+    child<QSlider>("replaySlider")->setValue(30);
+    const QImage kilometres = canvas().grab().toImage();
+    child<QComboBox>("speedUnitCombo")->setCurrentIndex(1);
+    const QImage miles = canvas().grab().toImage();
+    EXPECT_NE(miles, kilometres);
+    child<QComboBox>("speedUnitCombo")->setCurrentIndex(2);
+    EXPECT_NE(canvas().grab().toImage(), miles);
+    EXPECT_EQ(child<QSlider>("replaySlider")->value(), 30);
+    child<QComboBox>("speedUnitCombo")->setCurrentIndex(0);
+    EXPECT_EQ(canvas().grab().toImage(), kilometres);
+}
+
+TEST_F(MainWindowReplay, ARunningReplayGoesOnThroughALoadAndAnOpen)
+{
+    load();
+    QTest::mouseClick(child<QPushButton>("playButton"), Qt::LeftButton);
+    load();
+    EXPECT_TRUE(child<QTimer>("replayTimer")->isActive());
+    EXPECT_EQ(child<QPushButton>("playButton")->text(), QStringLiteral("Stop"));
+    openUsual();
+    const int before = child<QSlider>("replaySlider")->value();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return child<QSlider>("replaySlider")->value() > before + 1; }, 3000));
+}
+
+TEST_F(MainWindowReplay, TheWindowCanGoWhileTheReplayRuns)
+{
+    openUsual();
+    load();
+    QTest::mouseClick(child<QPushButton>("playButton"), Qt::LeftButton);
+    QTest::qWait(150);
+    m_window.reset();
+    EXPECT_EQ(m_reader.log.back(), "unloaded");
+}
