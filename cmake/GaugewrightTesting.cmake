@@ -12,6 +12,7 @@ function(gaugewright_test name)
   target_link_libraries(${name} PRIVATE gaugewright_test_support ${ARG_LINK} GTest::gmock
     GTest::gtest rapidcheck gaugewright_warnings)
   set_target_properties(${name} PROPERTIES AUTOMOC ON CXX_EXTENSIONS OFF)
+  gaugewright_manifest(${name})
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
     PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()

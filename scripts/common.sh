@@ -46,6 +46,22 @@ ensure_packages() {
     "${apt[@]}" install --no-install-recommends "${missing[@]}" </dev/null
 }
 
+# make_scratch: sets work to a folder that is removed when the script ends. The Windows emulator keeps
+# its files there as well, shows nothing, and does without the parts that it offers to download.
+work=
+make_scratch() {
+    work=$(mktemp -d)
+    export WINEPREFIX=$work/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+    unset DISPLAY WAYLAND_DISPLAY
+    trap remove_scratch EXIT
+}
+
+remove_scratch() {
+    # The emulator's server outlives its programs by some seconds and would write into the folder.
+    if [ -d "$WINEPREFIX" ]; then wineserver -k -w || true; fi
+    rm -rf "$work"
+}
+
 # build_preset PRESET [CMAKE-BUILD-ARGUMENT...]: configures and builds, through ccache where there is one.
 build_preset() {
     local preset=$1
@@ -71,4 +87,16 @@ test_preset() {
 # it with a list of the tests that were skipped.
 test_summary() {
     grep 'tests passed' "build/$1/ctest.log"
+}
+
+# version: that of the project, from the one place where it stands.
+version() {
+    sed -n 's/^project(gaugewright VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt
+}
+
+# stays_open PROGRAM: starts a program without a display, and fails when it ends by itself.
+stays_open() {
+    local status=0
+    QT_QPA_PLATFORM=offscreen timeout 5 "$1" </dev/null || status=$?
+    [ "$status" -eq 124 ] || die "$1 ended by itself, with status $status"
 }

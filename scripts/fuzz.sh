@@ -1,4 +1,4 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Runs every fuzz target for some seconds each (60 unless told otherwise) and fails when one of them
 # finds anything:
 #
@@ -7,23 +7,22 @@
 # Inputs found on the way are kept in build/fuzz/corpus and start the next run. An input that breaks
 # a target is written to build/fuzz/findings; once the fault is mended, it moves to
 # tests/fuzz_regression/TARGET, where the ordinary tests replay it.
-set -eu
-cd "$(dirname "$0")/.."
+source "$(dirname "$0")/common.sh"
 seconds=${1:-60}
 
-cmake --preset fuzz
-cmake --build --preset fuzz
+ensure_packages "${build_packages[@]}" "${test_packages[@]}" clang-14 libclang-rt-14-dev
+build_preset fuzz
 
 export QT_QPA_PLATFORM=offscreen
 export LSAN_OPTIONS="suppressions=$PWD/cmake/lsan.supp:print_suppressions=0"
 programs=build/fuzz/fuzz
 findings=build/fuzz/findings
 mkdir -p "$findings"
-for target in $(cat "$programs/targets.txt"); do
+while read -r target; do
     corpus=build/fuzz/corpus/$target
     mkdir -p "$corpus"
     "$programs/${target}_replay" --write-seeds "$corpus"
-    echo "== $target, $seconds seconds"
+    say "Fuzzing $target for $seconds seconds"
     "$programs/$target" -max_total_time="$seconds" -max_len=16384 -timeout=25 \
-        -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$findings/$target-" "$corpus"
-done
+        -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$findings/$target-" "$corpus" </dev/null
+done <"$programs/targets.txt"

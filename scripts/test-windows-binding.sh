@@ -7,15 +7,7 @@ source "$(dirname "$0")/common.sh"
 ensure_packages g++-mingw-w64-x86-64-posix libgtest-dev wine wine64
 gtest=/usr/src/googletest/googletest # a dependency of libgtest-dev: there is no binary for Windows
 
-work=$(mktemp -d)
-# Neither of the two optional parts that the emulator offers to download is needed.
-export WINEPREFIX="$work/prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
-finish() {
-    # The emulator's server outlives the tests by some seconds and would write into the folder.
-    if [ -d "$WINEPREFIX" ]; then wineserver -k -w || true; fi
-    rm -rf "$work"
-}
-trap finish EXIT
+make_scratch
 
 compile() {
     x86_64-w64-mingw32-g++-posix -std=c++20 -static -Wall -Wextra -Wpedantic -Wshadow -Wconversion \
@@ -33,4 +25,4 @@ compile "$work"/*.o "$gtest/src/gtest_main.cc" -o "$work/binding_tests.exe"
 
 say "Running them"
 cd "$work"
-env -u DISPLAY wine binding_tests.exe
+wine binding_tests.exe

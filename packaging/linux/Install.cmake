@@ -1,0 +1,48 @@
+# The layout on Linux. The editor looks for its icon beside its executable, so both stand in a folder of
+# their own, and the folder of commands holds a link. Desktops pick up the shared files by themselves:
+# the distribution's triggers refresh their caches.
+include(GNUInstallDirs)
+
+set(private_dir "${CMAKE_INSTALL_LIBEXECDIR}/gaugewright")
+set(doc_dir "${CMAKE_INSTALL_DATADIR}/doc/gaugewright")
+set(icon_dir "${CMAKE_INSTALL_DATADIR}/icons/hicolor")
+set(assets "${GAUGEWRIGHT_SOURCE_DIR}/assets")
+set(made "${CMAKE_CURRENT_BINARY_DIR}")
+
+# compressed(IN OUT): gzip without name and time, so that the same input makes the same package.
+find_program(GZIP gzip REQUIRED)
+mark_as_advanced(GZIP)
+function(compressed in out)
+  execute_process(COMMAND "${GZIP}" -9nc INPUT_FILE "${in}" OUTPUT_FILE "${out}"
+    COMMAND_ERROR_IS_FATAL ANY)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${in}")
+endfunction()
+
+install(TARGETS gaugewright RUNTIME DESTINATION "${private_dir}")
+install(FILES "${assets}/icon.png" DESTINATION "${private_dir}/assets")
+file(RELATIVE_PATH link_target "${CMAKE_INSTALL_FULL_BINDIR}"
+  "${CMAKE_INSTALL_FULL_LIBEXECDIR}/gaugewright/gaugewright")
+install(CODE "
+  set(bin \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
+  file(MAKE_DIRECTORY \"\${bin}\")
+  file(CREATE_LINK \"${link_target}\" \"\${bin}/gaugewright\" SYMBOLIC)")
+
+install(FILES linux/gaugewright.desktop DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
+install(FILES linux/gaugewright.xml DESTINATION "${CMAKE_INSTALL_DATADIR}/mime/packages")
+install(FILES "${assets}/icon.svg" DESTINATION "${icon_dir}/scalable/apps" RENAME gaugewright.svg)
+install(FILES "${assets}/icon.png" DESTINATION "${icon_dir}/256x256/apps" RENAME gaugewright.png)
+install(FILES linux/application-x-zconf2.svg DESTINATION "${icon_dir}/scalable/mimetypes")
+
+configure_file(linux/gaugewright.metainfo.xml.in gaugewright.metainfo.xml @ONLY)
+install(FILES "${made}/gaugewright.metainfo.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
+
+configure_file(linux/gaugewright.1.in gaugewright.1 @ONLY)
+compressed("${made}/gaugewright.1" "${made}/gaugewright.1.gz")
+install(FILES "${made}/gaugewright.1.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+
+execute_process(COMMAND date --utc --rfc-email "--date=${GAUGEWRIGHT_RELEASE_DATE}"
+  OUTPUT_VARIABLE GAUGEWRIGHT_RELEASE_TIME OUTPUT_STRIP_TRAILING_WHITESPACE
+  COMMAND_ERROR_IS_FATAL ANY)
+configure_file(linux/changelog.in changelog @ONLY)
+compressed("${made}/changelog" "${made}/changelog.gz")
+install(FILES linux/copyright "${made}/changelog.gz" DESTINATION "${doc_dir}")

@@ -1,0 +1,78 @@
+#!/usr/bin/env bash
+# Makes the Linux packages and holds them against the validators of Debian and freedesktop.org; then
+# builds the Windows resources into a program and looks whether they are in it.
+source "$(dirname "$0")/common.sh"
+
+build=build/package
+packages=$build/packages
+make_scratch
+
+check_metadata() {
+    xmllint --noout packaging/linux/*.xml packaging/linux/*.svg packaging/windows/utf8.manifest \
+        assets/icon.svg "$build/packaging/gaugewright.metainfo.xml"
+    desktop-file-validate packaging/linux/gaugewright.desktop
+    appstreamcli validate --no-net "$build/packaging/gaugewright.metainfo.xml"
+    LC_ALL=C.UTF-8 man --warnings --local-file "$build/packaging/gaugewright.1" 2>"$work/man" >/dev/null
+    [ ! -s "$work/man" ] || die "Man page: $(cat "$work/man")"
+}
+
+# The file type must be known, and as an archive, on a desktop that knows nothing but this package.
+check_file_type() {
+    local data=$work/data
+    mkdir -p "$data/mime/packages"
+    cp packaging/linux/gaugewright.xml /usr/share/mime/packages/freedesktop.org.xml "$data/mime/packages"
+    XDG_DATA_HOME=$data update-mime-database "$data/mime"
+    echo "Not empty" >"$work/layout.zconf2"
+    XDG_DATA_HOME=$data gio info -a standard::content-type "$work/layout.zconf2" |
+        grep -q 'application/x-zconf2$' || die "The file type of *.zconf2 is not recognised"
+    grep -qx 'application/x-zconf2 application/zip' "$data/mime/subclasses" ||
+        die "*.zconf2 is not known as an archive"
+}
+
+# Only the editor belongs into a package, not what it is tried and tested with.
+check_contents() {
+    local deb=$1 tgz=$2 strangers
+    strangers=$({ dpkg-deb --fsys-tarfile "$deb" | tar t; tar tf "$tgz"; } |
+        grep -iE 'sample|tour|reader|test|\.a$|\.h$' || true)
+    [ -z "$strangers" ] || die "Not to be shipped: $strangers"
+    lintian --fail-on error,warning --display-info --suppress-tags binary-has-unneeded-section "$deb"
+}
+
+# The archive must run from wherever it was unpacked, and find the icon through the link.
+check_archive_runs() {
+    tar xf "$1" -C "$work" --strip-components=1
+    [ -f "$(dirname "$(readlink -f "$work/bin/gaugewright")")/assets/icon.png" ] ||
+        die "No icon beside the executable"
+    stays_open "$work/bin/gaugewright"
+}
+
+check_windows_resources() {
+    cmake -S tests/project/windows -B "$work/windows" -G Ninja \
+        -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/toolchain-mingw-w64.cmake" >/dev/null
+    cmake --build "$work/windows"
+    local program=$work/windows/program.exe
+    wrestool --extract --raw --type=24 "$program" >"$work/program.manifest"
+    cmp "$work/program.manifest" packaging/windows/utf8.manifest
+    wrestool --extract --type=14 --output="$work/program.ico" "$program"
+    icotool --list "$work/program.ico" | grep -q -- --width=256 ||
+        die "The icon of the Windows program is incomplete"
+    wrestool --extract --raw --type=16 "$program" | iconv -f UTF-16LE -t UTF-8 -c |
+        grep -qaF "$(version)" || die "The Windows program does not carry its version"
+    wine "$program" || die "The manifest does not give the Windows program the UTF-8 code page"
+}
+
+ensure_packages "${build_packages[@]}" "${check_packages[@]}"
+umask 022
+rm -rf "$packages"
+build_preset package
+cpack --preset package
+deb=$(echo "$packages"/*.deb)
+tgz=$(echo "$packages"/*.tar.gz)
+
+say "Checking $deb and $tgz"
+check_metadata
+check_file_type
+check_contents "$deb" "$tgz"
+check_archive_runs "$tgz"
+check_windows_resources
+echo "Packages, metadata and Windows resources are sound."
