@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Proves that every visible text can be translated: the tests show that each comes from a translator,
+# and this script that lupdate hands each of those texts to translators, without a warning.
+source "$(dirname "$0")/common.sh"
+
+ensure_packages "${build_packages[@]}" "${test_packages[@]}" python3 qt6-l10n-tools
+make_scratch
+build_preset debug --target app_tests
+
+say "Comparing the texts that the window shows with those that lupdate finds"
+/usr/lib/qt6/bin/lupdate -silent -locations none -I . app canvas dialogs document telemetry \
+    -ts "$work/texts.ts" 2>"$work/warnings"
+[ ! -s "$work/warnings" ] || die "lupdate: $(cat "$work/warnings")"
+QT_QPA_PLATFORM=offscreen GAUGEWRIGHT_SEEN_TEXTS="$work/seen" \
+    build/debug/tests/app/app_tests --gtest_filter='Translation.*' >"$work/log" 2>&1 ||
+    die "$(cat "$work/log")"
+python3 - "$work/texts.ts" "$work/seen" <<'PYTHON'
+import sys
+import xml.etree.ElementTree
+
+found = {(context.findtext("name"), text)
+         for context in xml.etree.ElementTree.parse(sys.argv[1]).iter("context")
+         for text in (message.findtext("source") for message in context.iter("message"))}
+seen = {tuple(entry.split("\n", 1)) for entry in open(sys.argv[2]).read().split("\0") if entry}
+for context, text in sorted(seen - found):
+    print(f"lupdate does not find: {context}: {text}")
+for context, text in sorted(found - seen):
+    print(f"not shown by the test: {context}: {text}")
+print(f"{len(found)} texts to translate, {len(seen & found)} of them seen.")
+sys.exit(0 if seen and seen <= found else 1)
+PYTHON
