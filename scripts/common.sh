@@ -97,6 +97,6 @@ version() {
 # stays_open PROGRAM: starts a program without a display, and fails when it ends by itself.
 stays_open() {
     local status=0
-    QT_QPA_PLATFORM=offscreen timeout 5 "$1" </dev/null || status=$?
-    [ "$status" -eq 124 ] || die "$1 ended by itself, with status $status"
+    QT_QPA_PLATFORM=offscreen timeout 5 "$@" </dev/null || status=$?
+    [ "$status" -eq 124 ] || die "$* ended by itself, with status $status"
 }
