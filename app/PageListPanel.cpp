@@ -1,5 +1,7 @@
 #include "app/PageListPanel.h"
 
+#include "dialogs/LiteralToolTip.h"
+
 #include <QStyledItemDelegate>
 
 #include <utility>
@@ -53,7 +55,7 @@ void PageListPanel::setPages(const std::vector<DashPage>& pages)
     QHash<qint64, QIcon> thumbnails;
     for (const DashPage& page : pages) {
         auto* const item = new QListWidgetItem(page.name, this);
-        item->setToolTip(page.name.toHtmlEscaped());
+        item->setToolTip(literalToolTip(page.name));
         if (page.image.isNull())
             continue;
         const qint64 key = page.image.cacheKey();

@@ -1,5 +1,6 @@
 #include "dialogs/AddElementDialog.h"
 
+#include "dialogs/LiteralToolTip.h"
 #include "document/DashboardDocument.h"
 
 #include <QDialogButtonBox>
@@ -16,12 +17,6 @@ constexpr int kTypeListWidth = 220;
 constexpr int kSummaryHeight = 50;
 constexpr int kTypeStretch = 1;
 constexpr int kChannelStretch = 2;
-
-/// Tool tips that look like markup are rendered as such; names are not markup.
-QString literalToolTip(const QString& text)
-{
-    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
-}
 
 /// A row that only says something: it cannot be chosen.
 void addPlaceholder(QListWidget* list, const QString& text)

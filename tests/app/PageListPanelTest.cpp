@@ -168,11 +168,14 @@ TEST_F(PageListPanelTest, ARefillWithBlockedSignalsIsQuietAndShown)
 TEST_F(PageListPanelTest, ShowsNamesBelowThumbnailsSoThatEveryRowFitsTheWidth)
 {
     m_panel.setPages({page(QStringLiteral("Qualifying, wet tyres"), {800, 480}),
-                      page(QStringLiteral("A name that is far too long for any list"))});
+                      page(QStringLiteral("A name that is far too long for any list")),
+                      page(QStringLiteral("Wet & dry")), page(QStringLiteral("<i>Wet</i>"))});
     QTest::qWait(0);
     const QRect row = m_panel.visualItemRect(m_panel.item(0));
     EXPECT_GT(row.height(), 72 + m_panel.fontMetrics().height() - 1);
     EXPECT_FALSE(m_panel.horizontalScrollBar()->isVisible());
     EXPECT_EQ(m_panel.item(1)->toolTip(),
               QStringLiteral("A name that is far too long for any list"));
+    EXPECT_EQ(m_panel.item(2)->toolTip(), QStringLiteral("Wet & dry"));
+    EXPECT_EQ(m_panel.item(3)->toolTip(), QStringLiteral("&lt;i&gt;Wet&lt;/i&gt;"));
 }

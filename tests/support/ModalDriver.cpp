@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QTest>
 #include <QTimer>
 
@@ -80,8 +81,9 @@ void ModalDriver::poll()
 {
     pollLater();
     QWidget* const widget = QApplication::activeModalWidget();
-    if (!widget)
+    if (!widget || widget == m_answering)
         return;
+    const QScopedValueRollback answering(m_answering, widget);
     if (!m_answers.empty()) {
         // Taken off first: the answer may open the next dialog before it returns.
         const Answer answer = std::move(m_answers.front());

@@ -54,5 +54,6 @@ private:
     void poll();
 
     std::deque<Answer> m_answers;
-    QObject m_context; // of the timers, so that none outlives the driver
+    QWidget* m_answering = nullptr; // left alone while its answer runs, which may take its time
+    QObject m_context;              // of the timers, so that none outlives the driver
 };
