@@ -50,7 +50,7 @@ QColor toneColor(Tone tone)
 double valueShare(Instrument instrument)
 {
     if (instrument == Instrument::Dial)
-        return 0.2;
+        return 0.14;
     return instrument == Instrument::BarReadout ? 0.4 : 0.55;
 }
 
