@@ -102,14 +102,6 @@ void FaultFixture::reopen()
     m_document->pageAt(0)->elements.at(0).x = kMoved;
 }
 
-/// In memory where there is a place for it: hundreds of saves wait for the disk otherwise.
-QString FaultFixture::worldTemplate()
-{
-    const QString memory = QStringLiteral("/dev/shm");
-    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) +
-           QStringLiteral("/gaugewright-faults-XXXXXX");
-}
-
 QByteArray FaultFixture::world() const
 {
     return QFile::encodeName(m_world.path());

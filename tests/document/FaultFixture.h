@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/DashboardDocument.h"
+#include "tests/support/FolderTools.h"
 
 #include <QTemporaryDir>
 
@@ -38,14 +39,12 @@ protected:
 
     [[nodiscard]] QByteArray world() const;
 
-    QTemporaryDir m_world{worldTemplate()};
+    QTemporaryDir m_world{FolderTools::memoryTemplate()};
     QString m_folder = m_world.filePath(QStringLiteral("packages"));
     QString m_package = m_folder + QStringLiteral("/race.zconf2");
     QByteArray m_old;                              ///< bytes of m_package as it was opened
     std::unique_ptr<DashboardDocument> m_document; ///< m_package, with its element moved to kMoved
 
 private:
-    [[nodiscard]] static QString worldTemplate();
-
     QByteArray m_realTempPath;
 };

@@ -1,0 +1,201 @@
+// What the archive format and the library cannot hold must fail, and what wraps must not lose
+// members.
+
+#include "document/ArchiveWriter.h"
+#include "document/DashboardPackage.h"
+#include "tests/support/FolderTools.h"
+#include "tests/support/PackageBuilder.h"
+#include "tests/support/RawArchive.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int kTooMany = 70000;
+
+RawArchive::Archive archiveOf(int members)
+{
+    RawArchive::Archive archive;
+    for (int i = 0; i < members; ++i) {
+        archive.members.push_back(
+            {QByteArray::number(i / 1000) + '/' + QByteArray::number(i), "x", RawArchive::kStored});
+    }
+    return archive;
+}
+
+int countFiles(const QString& folder)
+{
+    int count = 0;
+    QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
+    for (; files.hasNext(); files.next())
+        ++count;
+    return count;
+}
+
+void expectUnpacksAll(const RawArchive::Archive& archive)
+{
+    const QTemporaryDir folder(FolderTools::memoryTemplate());
+    const QString path = folder.filePath(QStringLiteral("a.zconf2"));
+    const QTemporaryDir out(FolderTools::memoryTemplate());
+    ASSERT_TRUE(TestPackage::writeFile(path, RawArchive::build(archive)));
+    EXPECT_TRUE(DashboardPackage::unpackArchive(path, out.path()));
+    EXPECT_EQ(countFiles(out.path()), kTooMany);
+}
+
+/// Pretends that gigabytes stand before what is written to it.
+class FarDevice : public QIODevice
+{
+public:
+    explicit FarDevice(qint64 start) : m_start(start)
+    {
+        open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+        QIODevice::seek(start);
+    }
+    [[nodiscard]] qint64 size() const override { return m_start + m_bytes.size(); }
+    bool seek(qint64 position) override { return QIODevice::seek(position); }
+
+protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(const char* data, qint64 size) override
+    {
+        const qint64 at = pos() - m_start;
+        m_bytes.replace(at, size, data, size);
+        return size;
+    }
+
+private:
+    qint64 m_start;
+    QByteArray m_bytes;
+};
+
+/// Says that it holds more than it gives.
+class ShortDevice : public QBuffer
+{
+public:
+    [[nodiscard]] qint64 size() const override { return QBuffer::size() + 1; }
+};
+
+} // namespace
+
+TEST(ArchiveLimitTest, UnpacksMoreMembersThanTheEndRecordCanCount)
+{
+    RawArchive::Archive archive = archiveOf(kTooMany);
+    archive.wideEnd = true;
+    expectUnpacksAll(archive);
+}
+
+TEST(ArchiveLimitTest, UnpacksAllMembersWhenTheirCountWrapped)
+{
+    const RawArchive::Archive archive = archiveOf(kTooMany);
+    expectUnpacksAll(archive);
+}
+
+TEST(ArchiveLimitTest, SavesNoMoreMembersThanTheEndRecordCanCount)
+{
+    const QTemporaryDir folder(FolderTools::memoryTemplate());
+    const QString path = folder.filePath(QStringLiteral("a.zconf2"));
+    const QTemporaryDir files(FolderTools::memoryTemplate());
+    for (std::size_t i = 0; i <= ArchiveWriter::kMaxMembers; ++i) {
+        QFile file(files.filePath(QString::number(i)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    ASSERT_TRUE(TestPackage::writeFile(path, "old"));
+    EXPECT_FALSE(DashboardPackage::packDirectory(files.path(), path));
+    EXPECT_EQ(TestPackage::readFile(path), "old");
+}
+
+TEST(ArchiveLimitTest, WritesAsManyMembersAsTheEndRecordCounts)
+{
+    const QTemporaryDir folder(FolderTools::memoryTemplate());
+    const QString path = folder.filePath(QStringLiteral("a.zconf2"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ArchiveWriter archive(file);
+    for (std::size_t i = 0; i < ArchiveWriter::kMaxMembers; ++i) {
+        QBuffer content;
+        content.open(QIODevice::ReadOnly);
+        ASSERT_TRUE(archive.addMember(QByteArray::number(qulonglong(i)), content));
+    }
+    EXPECT_TRUE(archive.finish());
+    file.close();
+    const QTemporaryDir out(FolderTools::memoryTemplate());
+    ASSERT_TRUE(DashboardPackage::unpackArchive(path, out.path()));
+    EXPECT_EQ(countFiles(out.path()), static_cast<int>(ArchiveWriter::kMaxMembers));
+}
+
+TEST(ArchiveLimitTest, RefusesOneMemberMore)
+{
+    QBuffer target;
+    ASSERT_TRUE(target.open(QIODevice::WriteOnly));
+    ArchiveWriter archive(target);
+    QBuffer content;
+    ASSERT_TRUE(content.open(QIODevice::ReadOnly));
+    for (std::size_t i = 0; i < ArchiveWriter::kMaxMembers; ++i)
+        ASSERT_TRUE(archive.addMember(QByteArray::number(qulonglong(i)), content));
+    EXPECT_FALSE(archive.addMember("one more", content));
+}
+
+TEST(ArchiveLimitTest, RefusesAMemberOfFourGigabytes)
+{
+    const QTemporaryDir folder(FolderTools::memoryTemplate());
+    QFile huge(folder.filePath(QStringLiteral("huge")));
+    ASSERT_TRUE(huge.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(huge.resize(0xffffffffLL)); // takes no room on the disk
+    QBuffer target;
+    ASSERT_TRUE(target.open(QIODevice::WriteOnly));
+    ArchiveWriter archive(target);
+    EXPECT_FALSE(archive.addMember("huge", huge));
+}
+
+TEST(ArchiveLimitTest, RefusesAnArchiveOfFourGigabytes)
+{
+    constexpr qint64 kLimit = 0xffffffffLL;
+    QBuffer content;
+    ASSERT_TRUE(content.open(QIODevice::ReadOnly));
+    {
+        FarDevice near(kLimit - 1000);
+        ArchiveWriter archive(near);
+        EXPECT_TRUE(archive.addMember("small", content));
+        EXPECT_TRUE(archive.finish());
+    }
+    {
+        FarDevice directoryTooFar(kLimit - 60);
+        ArchiveWriter archive(directoryTooFar);
+        EXPECT_TRUE(archive.addMember("small", content));
+        EXPECT_FALSE(archive.finish());
+    }
+    {
+        FarDevice memberTooFar(kLimit - 20);
+        ArchiveWriter archive(memberTooFar);
+        EXPECT_FALSE(archive.addMember("small", content));
+    }
+}
+
+TEST(ArchiveLimitTest, RefusesAMemberThatGivesLessThanItHolds)
+{
+    QBuffer target;
+    ASSERT_TRUE(target.open(QIODevice::WriteOnly));
+    ArchiveWriter archive(target);
+    ShortDevice content;
+    content.setData("content");
+    ASSERT_TRUE(content.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(archive.addMember("short", content));
+}
+
+TEST(ArchiveLimitTest, WritesLongNamesThatFitTheFormat)
+{
+    const QByteArray name = QByteArray(200, 'n') + '/' + QByteArray(200, 'm');
+    QBuffer target;
+    ASSERT_TRUE(target.open(QIODevice::WriteOnly));
+    ArchiveWriter archive(target);
+    QBuffer content;
+    ASSERT_TRUE(content.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(archive.addMember(name, content));
+    EXPECT_FALSE(archive.addMember(QByteArray(70000, 'n'), content));
+}

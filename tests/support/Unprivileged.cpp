@@ -1,0 +1,27 @@
+#include "tests/support/Unprivileged.h"
+
+#include <grp.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr unsigned kNobody = 65534;
+
+bool dropPrivileges()
+{
+    return geteuid() != 0 ||
+           (setgroups(0, nullptr) == 0 && setgid(kNobody) == 0 && setuid(kNobody) == 0);
+}
+
+} // namespace
+
+bool runUnprivileged(const std::function<bool()>& body)
+{
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(dropPrivileges() && body() ? 0 : 1);
+    int status = 0;
+    return child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) &&
+           WEXITSTATUS(status) == 0;
+}
