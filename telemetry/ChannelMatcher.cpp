@@ -10,14 +10,14 @@ constexpr int kUnwantedSide = -3; // a channel of one side, when none was asked 
 constexpr int kSameWordCount = 2;
 constexpr int kLowestScore = 5;
 
-QString lowered(QString name)
+QString lowered(const QString& name)
 {
     return name.toLower();
 }
 
-QString compacted(QString name)
+QString compacted(const QString& name)
 {
-    return name.remove(u'_').remove(u' ').toLower();
+    return QString(name).remove(u'_').remove(u' ').toLower();
 }
 
 QStringList wordsOf(const QString& name)

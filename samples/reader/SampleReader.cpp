@@ -20,7 +20,7 @@ using RecordingText::Channel;
 using RecordingText::Family;
 using RecordingText::Recording;
 
-std::map<int, Recording> openFiles; // NOLINT: the interface knows files by number only
+std::map<int, Recording> openFiles; // by the number that stands for the file in every call
 
 const Recording* findFile(int file)
 {
@@ -87,6 +87,8 @@ int copySamples(Family family, int file, int channel, double* times, double* val
 
 } // namespace
 
+// NOLINTBEGIN(readability-identifier-naming): exports are found by these very names
+
 READER_EXPORT int open_file(const char* path)
 {
     try {
@@ -146,3 +148,5 @@ READER_EXPORT int get_laps_count(int file)
 FAMILY(get_, RecordingText::kPlain)
 FAMILY(get_GPS_, RecordingText::kGps)
 FAMILY(get_GPS_raw_, RecordingText::kGpsRaw)
+
+// NOLINTEND(readability-identifier-naming)

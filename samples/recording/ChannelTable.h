@@ -4,7 +4,7 @@
 #include "samples/recording/Circuit.h"
 #include "samples/recording/Drive.h"
 
-#include <vector>
+#include <span>
 
 /// One channel that the sample logger records.
 struct RecordedChannel
@@ -20,4 +20,4 @@ struct RecordedChannel
 
 /// The channels in the order of recording. Their names are spelled as a logger might, which is not
 /// how the sample layouts spell them: every rule of matching gets something to do.
-[[nodiscard]] const std::vector<RecordedChannel>& recordedChannels();
+[[nodiscard]] std::span<const RecordedChannel> recordedChannels();

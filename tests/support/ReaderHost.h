@@ -15,7 +15,7 @@ public:
         kFamilies
     };
 
-    /// Holds the object's address in decimal while a library may be loaded.
+    /// Holds the object's address, as printf writes a pointer, while a library may be loaded.
     static constexpr const char* kAddressVariable = "GAUGEWRIGHT_READER_HOST";
 
     virtual ~ReaderHost() = default;

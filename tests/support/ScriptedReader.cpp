@@ -1,6 +1,7 @@
 #include "tests/support/ScriptedReader.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -51,8 +52,10 @@ void hideExport(std::string& image, const std::string& name)
 
 ScriptedReader::ScriptedReader()
 {
-    setHostAddress(
-        std::to_string(reinterpret_cast<std::uintptr_t>(static_cast<ReaderHost*>(this))));
+    std::array<char, 32> address{};
+    std::snprintf(address.data(), address.size(), "%p",
+                  static_cast<void*>(static_cast<ReaderHost*>(this)));
+    setHostAddress(address.data());
 }
 
 ScriptedReader::~ScriptedReader()

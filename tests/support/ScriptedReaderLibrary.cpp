@@ -1,7 +1,7 @@
 // A reader library without a mind of its own: twenty exports that forward to the test's ReaderHost.
 #include "tests/support/ReaderHost.h"
 
-#include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 
 #ifdef _WIN32
@@ -18,11 +18,11 @@ class Connection
 public:
     Connection()
     {
-        const char* address = std::getenv(ReaderHost::kAddressVariable);
-        if (address == nullptr)
+        const char* const address = std::getenv(ReaderHost::kAddressVariable);
+        void* host = nullptr;
+        if (address == nullptr || std::sscanf(address, "%p", &host) != 1)
             std::abort(); // loaded by a test that has no host
-        m_host = reinterpret_cast<ReaderHost*>(
-            static_cast<std::uintptr_t>(std::strtoull(address, nullptr, 10)));
+        m_host = static_cast<ReaderHost*>(host);
         m_host->loaded();
     }
     ~Connection() { m_host->unloaded(); }
@@ -38,6 +38,8 @@ private:
 const Connection kHost;
 
 } // namespace
+
+// NOLINTBEGIN(readability-identifier-naming): exports are found by these very names
 
 READER_EXPORT int open_file(const char* path)
 {
@@ -85,3 +87,5 @@ UNEXPECTED(get_laps_count)
 FAMILY(get_, ReaderHost::kPlain)
 FAMILY(get_GPS_, ReaderHost::kGps)
 FAMILY(get_GPS_raw_, ReaderHost::kGpsRaw)
+
+// NOLINTEND(readability-identifier-naming)
