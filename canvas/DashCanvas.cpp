@@ -106,7 +106,8 @@ void DashCanvas::paintEvent(QPaintEvent*)
     QPainter painter(this);
     PagePainter::paint(
         painter, rect(),
-        {m_page, transform(), m_selectedIndex, m_grid, {m_session, m_replaySeconds, m_speedUnit}});
+        {m_page, transform(), m_selectedIndex, m_grid, {m_session, m_replaySeconds, m_speedUnit}},
+        m_elidedTexts);
 }
 
 void DashCanvas::mousePressEvent(QMouseEvent* event)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/ElidedTexts.h"
 #include "canvas/GestureGeometry.h"
 #include "canvas/PageTransform.h"
 #include "canvas/SnapGrid.h"
@@ -112,4 +113,5 @@ private:
     SnapGrid m_grid;
     double m_replaySeconds = 0.0;
     int m_speedUnit = 0;
+    ElidedTexts m_elidedTexts;
 };

@@ -19,9 +19,6 @@ constexpr QColor kCaptionColor(160, 160, 160);
 // The raster engine computes in 32 bits with a fraction: beyond this, shapes would wrap around.
 constexpr double kFarthestPixel = 16'384;
 
-// No box shows as much of a name; laying out megabytes to cut them off would stall every frame.
-constexpr qsizetype kLongestShownName = 1000;
-
 QColor tint(ElementKind kind)
 {
     constexpr int kAlpha = 60;
@@ -61,26 +58,16 @@ QRectF drawable(const QRectF& rect)
             QPointF(clamped(rect.right()), clamped(rect.bottom()))};
 }
 
-QString elided(const QString& text, const QFont& font, double boxWidth)
-{
-    constexpr int kPadding = 4; // both sides together
-    return QFontMetrics(font).elidedText(text.left(kLongestShownName), Qt::ElideRight,
-                                         Saturate::truncate(boxWidth) - kPadding);
-}
-
-QRectF captionArea(const QRectF& rect)
-{
-    return rect.adjusted(2, 1, -2, -1);
-}
-
 } // namespace
 
 ElementPainter::ElementPainter(QPainter& painter, const PageTransform& transform,
-                               const LiveView& live)
+                               const LiveView& live, ElidedTexts& texts)
     : m_painter(painter),
       m_transform(transform),
-      m_live(live)
+      m_live(live),
+      m_texts(texts)
 {
+    m_texts.setBaseFont(painter.font());
 }
 
 void ElementPainter::draw(const DashElement& element, bool selected) const
@@ -137,8 +124,7 @@ void ElementPainter::drawCaption(const QRectF& rect, const QString& channel) con
     font.setWeight(QFont::Normal);
     m_painter.setFont(font);
     m_painter.setPen(kCaptionColor);
-    m_painter.drawText(captionArea(rect), Qt::AlignLeft | Qt::AlignTop,
-                       elided(channel, font, rect.width()));
+    drawName(rect, channel, Qt::AlignLeft | Qt::AlignTop);
 }
 
 void ElementPainter::drawPlaceholder(const QRectF& rect, const DashElement& element) const
@@ -147,10 +133,16 @@ void ElementPainter::drawPlaceholder(const QRectF& rect, const DashElement& elem
     QFont font = m_painter.font();
     font.setPixelSize(LiveText::placeholderPixelSize(m_transform.scale()));
     m_painter.setFont(font);
-    if (!element.channelLongName.isEmpty()) {
-        m_painter.drawText(captionArea(rect), Qt::AlignLeft | Qt::AlignTop,
-                           elided(element.channelLongName, font, rect.width()));
-    }
-    m_painter.drawText(captionArea(rect), Qt::AlignRight | Qt::AlignBottom,
-                       elided(element.name, font, rect.width()));
+    if (!element.channelLongName.isEmpty())
+        drawName(rect, element.channelLongName, Qt::AlignLeft | Qt::AlignTop);
+    drawName(rect, element.name, Qt::AlignRight | Qt::AlignBottom);
+}
+
+/// In the painter's font and pen, cut off to the box.
+void ElementPainter::drawName(const QRectF& rect, const QString& name, Qt::Alignment where) const
+{
+    constexpr int kPadding = 4; // both sides together
+    const int width = Saturate::truncate(rect.width()) - kPadding;
+    m_painter.drawText(rect.adjusted(2, 1, -2, -1), static_cast<int>(where),
+                       m_texts.elided(name, m_painter.font(), width));
 }

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "canvas/ElidedTexts.h"
 #include "canvas/PageView.h"
 #include "document/DashElement.h"
 
 #include <QColor>
-#include <QFont>
 #include <QRectF>
 
 class QPainter;
@@ -17,7 +17,8 @@ class ElementPainter
 public:
     static constexpr QColor kSelectionColor{255, 255, 0};
 
-    ElementPainter(QPainter& painter, const PageTransform& transform, const LiveView& live);
+    ElementPainter(QPainter& painter, const PageTransform& transform, const LiveView& live,
+                   ElidedTexts& texts);
 
     void draw(const DashElement& element, bool selected) const;
 
@@ -27,9 +28,11 @@ private:
     void drawValue(const QRectF& rect, const DashElement& element) const;
     void drawCaption(const QRectF& rect, const QString& channel) const;
     void drawPlaceholder(const QRectF& rect, const DashElement& element) const;
+    void drawName(const QRectF& rect, const QString& name, Qt::Alignment where) const;
     [[nodiscard]] QString liveText(const QString& channel) const;
 
     QPainter& m_painter;
     const PageTransform& m_transform;
     const LiveView& m_live;
+    ElidedTexts& m_texts;
 };

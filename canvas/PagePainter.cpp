@@ -55,7 +55,8 @@ void drawHandles(QPainter& painter, const QRectF& rect)
 
 } // namespace
 
-void PagePainter::paint(QPainter& painter, const QRect& area, const PageView& view)
+void PagePainter::paint(QPainter& painter, const QRect& area, const PageView& view,
+                        ElidedTexts& texts)
 {
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.fillRect(area, kBackdrop);
@@ -64,7 +65,7 @@ void PagePainter::paint(QPainter& painter, const QRect& area, const PageView& vi
     drawPage(painter, view);
 
     const std::vector<DashElement>& elements = view.page->elements;
-    const ElementPainter elementPainter(painter, view.transform, view.live);
+    const ElementPainter elementPainter(painter, view.transform, view.live, texts);
     for (std::size_t i = 0; i < elements.size(); ++i)
         elementPainter.draw(elements[i], static_cast<int>(i) == view.selectedIndex);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/ElidedTexts.h"
 #include "canvas/PageView.h"
 
 #include <QRect>
@@ -11,6 +12,7 @@ class QPainter;
 namespace PagePainter {
 
 /// @param area the whole canvas in widget pixels, filled even where the page does not reach
-void paint(QPainter& painter, const QRect& area, const PageView& view);
+/// @param texts kept by the caller from one painting to the next, to save work
+void paint(QPainter& painter, const QRect& area, const PageView& view, ElidedTexts& texts);
 
 } // namespace PagePainter
