@@ -125,8 +125,8 @@ struct Questions
     {
         for (std::size_t i = 0; i < kLayoutNames; ++i)
             names.push_back(QStringLiteral("sensor %1 temp").arg(i * 5));
-        for (double time = 0.05; time < kSeconds; time += 0.1)
-            times.push_back(time);
+        for (int tenth = 0; tenth < kSeconds * 10; ++tenth)
+            times.push_back(tenth / 10.0);
     }
 };
 

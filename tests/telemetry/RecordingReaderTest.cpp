@@ -55,6 +55,7 @@ Recording readPlain(std::vector<ScriptedChannel> channels)
 std::vector<QString> keys(const Recording& recording)
 {
     std::vector<QString> result;
+    result.reserve(recording.channels.size());
     for (const auto& [key, channel] : recording.channels)
         result.push_back(key);
     return result;
@@ -191,6 +192,7 @@ TEST(RecordingReader, IgnoresEndsBeyondTwiceTheMedian)
 {
     const auto durationOf = [](const std::vector<double>& ends) {
         std::vector<ScriptedChannel> channels;
+        channels.reserve(ends.size());
         for (const double end : ends)
             channels.push_back(endingAt(std::to_string(channels.size()).c_str(), end));
         return readPlain(channels).duration;

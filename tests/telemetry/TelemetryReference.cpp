@@ -23,7 +23,7 @@ std::vector<QString> tokens(const QString& s)
     QString token;
     for (const QChar c : QString(s.toLower() + QChar(u' '))) {
         if (c == QChar(u' ') || c == QChar(u'_')) {
-            if (token.size() > 0)
+            if (!token.isEmpty())
                 result.push_back(token);
             token = QString();
         } else {
@@ -36,10 +36,32 @@ std::vector<QString> tokens(const QString& s)
 QString side(const std::vector<QString>& words)
 {
     for (const char* known : {"port", "stbd", "star"}) {
-        if (words.size() > 0 && words[0] == QString::fromLatin1(known))
+        if (!words.empty() && words[0] == QString::fromLatin1(known))
             return words[0];
     }
     return QString();
+}
+
+int scoreOf(const std::vector<QString>& wanted, const std::vector<QString>& candidate)
+{
+    int score = 0;
+    for (const QString& t : wanted) {
+        for (const QString& c : candidate) {
+            if (c == t) {
+                score += 10;
+                break;
+            }
+            if (c.indexOf(t) >= 0 || t.indexOf(c) >= 0) {
+                score += 5;
+                break;
+            }
+        }
+    }
+    if (side(wanted).isEmpty() && !side(candidate).isEmpty())
+        score -= 3;
+    if (wanted.size() == candidate.size())
+        score += 2;
+    return score;
 }
 
 void readFamily(const ScriptedReader& script, ReaderHost::Family family, Session& session)
@@ -65,8 +87,8 @@ void readFamily(const ScriptedReader& script, ReaderHost::Family family, Session
         }
         const double last = channel.times[channel.times.size() - 1];
         if (family != ReaderHost::kPlain && last > session.duration * 10.0) {
-            for (std::size_t k = 0; k < channel.times.size(); ++k)
-                channel.times[k] = channel.times[k] / 1000.0;
+            for (double& time : channel.times)
+                time = time / 1000.0;
         }
         if (channel.times[channel.times.size() - 1] > session.duration)
             session.duration = channel.times[channel.times.size() - 1];
@@ -111,32 +133,14 @@ QString matchChannel(const Session& session, const QString& name)
             return channel.name;
     }
 
-    const auto T = tokens(name);
-    const QString S = side(T);
+    const auto wanted = tokens(name);
     int best = 0;
     QString bestName;
     for (const auto& [key, channel] : session.channels) {
-        const auto C = tokens(channel.name);
-        const QString CS = side(C);
-        if (!S.isEmpty() && CS != S)
+        const auto candidate = tokens(channel.name);
+        if (!side(wanted).isEmpty() && side(candidate) != side(wanted))
             continue;
-        int score = 0;
-        for (const QString& t : T) {
-            for (const QString& c : C) {
-                if (c == t) {
-                    score += 10;
-                    break;
-                }
-                if (c.indexOf(t) >= 0 || t.indexOf(c) >= 0) {
-                    score += 5;
-                    break;
-                }
-            }
-        }
-        if (S.isEmpty() && !CS.isEmpty())
-            score -= 3;
-        if (T.size() == C.size())
-            score += 2;
+        const int score = scoreOf(wanted, candidate);
         if (score > best) {
             best = score;
             bestName = channel.name;
