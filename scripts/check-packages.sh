@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes the Linux packages and holds them against the validators of Debian and freedesktop.org; then
-# builds the Windows resources into a program and looks whether they are in it.
+# builds the Windows resources into a program, looks whether they are in it and packs it for Windows.
 source "$(dirname "$0")/common.sh"
 
 build=build/package
@@ -46,11 +46,11 @@ check_archive_runs() {
     stays_open "$work/bin/gaugewright"
 }
 
-check_windows_resources() {
+check_windows() {
     cmake -S tests/project/windows -B "$work/windows" -G Ninja \
         -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/toolchain-mingw-w64.cmake" >/dev/null
     cmake --build "$work/windows"
-    local program=$work/windows/program.exe
+    local program=$work/windows/gaugewright.exe
     wrestool --extract --raw --type=24 "$program" >"$work/program.manifest"
     cmp "$work/program.manifest" packaging/windows/utf8.manifest
     wrestool --extract --type=14 --output="$work/program.ico" "$program"
@@ -58,6 +58,9 @@ check_windows_resources() {
         die "The icon of the Windows program is incomplete"
     wrestool --extract --raw --type=16 "$program" | iconv -f UTF-16LE -t UTF-8 -c |
         grep -qaF "$(version)" || die "The Windows program does not carry its version"
+    (cd "$work/windows" && cpack -G "ZIP;NSIS")
+    file "$work/windows/packages/gaugewright-$(version)-win64.exe" | grep -q 'Nullsoft Installer' ||
+        die "No Windows installer was made"
     wine "$program" || die "The manifest does not give the Windows program the UTF-8 code page"
 }
 
@@ -74,5 +77,5 @@ check_metadata
 check_file_type
 check_contents "$deb" "$tgz"
 check_archive_runs "$tgz"
-check_windows_resources
+check_windows
 echo "Packages, metadata and Windows resources are sound."

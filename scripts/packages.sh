@@ -21,7 +21,7 @@ test_packages=(
 check_packages=(
     git clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev shellcheck
     qt6-l10n-tools
-    appstream desktop-file-utils dpkg-dev libglib2.0-bin libxml2-utils lintian man-db
+    appstream desktop-file-utils dpkg-dev file libglib2.0-bin libxml2-utils lintian man-db
     shared-mime-info
     g++-mingw-w64-x86-64-posix icoutils librsvg2-bin nsis wine wine64
 )
