@@ -5,13 +5,17 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QStorageInfo>
 
 namespace FolderTools {
 
 QString memoryTemplate()
 {
     const QString memory = QStringLiteral("/dev/shm");
-    const QString root = QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
+    constexpr qint64 kEnough = 1'000'000'000;
+    const bool fits =
+        QFileInfo(memory).isWritable() && QStorageInfo(memory).bytesAvailable() >= kEnough;
+    const QString root = fits ? memory : QDir::tempPath();
     return root + QStringLiteral("/gaugewright-test-XXXXXX");
 }
 

@@ -9,8 +9,8 @@
 /// Looks at folders the way a test wants to compare them.
 namespace FolderTools {
 
-/// A template for QTemporaryDir: in memory where there is such a place, for tests that write often,
-/// because every write waits for the disk. Not for hundreds of megabytes.
+/// A template for QTemporaryDir: in memory where there is such a place with enough room, for tests
+/// that write often, because every write waits for the disk.
 [[nodiscard]] QString memoryTemplate();
 
 /// Path below the folder and content of every file at any depth, hidden ones too.
