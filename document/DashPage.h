@@ -8,7 +8,8 @@
 #include <cstdint>
 #include <vector>
 
-/// One page of a dashboard: a plain value. Sizes are in whole pixels of the target display.
+/// One page of a dashboard: a plain value. Sizes are in whole pixels of the target display. Its
+/// pixmap, also a null one, needs an application object.
 struct DashPage
 {
     QString name;

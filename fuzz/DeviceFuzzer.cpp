@@ -25,6 +25,7 @@ std::vector<QByteArray> fuzzSeeds()
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    ensureApplication();
     LoadedOverlay overlay(LoadedOverlay::around(
         R"(<p n="DIMENSIONE_X">320</p><p n="DIMENSIONE_Y">240</p><e c="GPageParam"/>)"));
     const QByteArray xml(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));

@@ -20,6 +20,7 @@ std::vector<QByteArray> fuzzSeeds()
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    ensureApplication();
     ByteSource source({data, size});
     const QByteArray failure = EditingWalk(source).run();
     if (!failure.isEmpty())

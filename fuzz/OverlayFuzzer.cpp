@@ -51,6 +51,7 @@ std::vector<QByteArray> fuzzSeeds()
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    ensureApplication();
     LoadedOverlay overlay(
         QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
     FUZZ_REQUIRE(InStep::firstDisagreement(overlay.document).isEmpty());
