@@ -31,7 +31,7 @@ void unloadModule(void* module)
 
 void* loadModule(const char* path)
 {
-    if (*path == '\0')
+    if (path == nullptr || *path == '\0')
         return nullptr; // to the loader, no path means the running program itself
     return dlopen(path, RTLD_NOW | RTLD_LOCAL);
 }

@@ -71,10 +71,11 @@ std::array<bool, kNames.size()> allSlots(bool filled)
 
 TEST(XrkLibrary, IsAllNullWithoutALibrary)
 {
-    for (const char* path : {"/no/such/library", "", "."}) {
+    constexpr const char* kNoPath = nullptr;
+    for (const char* path : {"/no/such/library", "", ".", kNoPath}) {
         const XrkLibrary library(path);
-        EXPECT_FALSE(library.isLoaded()) << path;
-        EXPECT_EQ(filledSlots(library), allSlots(false)) << path;
+        EXPECT_FALSE(library.isLoaded());
+        EXPECT_EQ(filledSlots(library), allSlots(false));
     }
 }
 
