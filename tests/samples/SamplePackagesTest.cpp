@@ -78,9 +78,9 @@ struct Promise
     int images;
 };
 
-void PrintTo(const Promise& promise, std::ostream* out)
+std::ostream& operator<<(std::ostream& out, const Promise& promise)
 {
-    *out << promise.fileName;
+    return out << promise.fileName;
 }
 
 std::string nameOf(const testing::TestParamInfo<Promise>& package)
