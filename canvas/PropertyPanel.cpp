@@ -52,8 +52,11 @@ QSpinBox* pixelRow(QFormLayout* form, const QString& title, const QString& name)
     return box;
 }
 
-void showText(QLabel* label, const QString& text)
+void showText(QLabel* label, const QString& whole)
 {
+    // A name may be megabytes long, and laying that out takes minutes.
+    constexpr qsizetype kLongestText = 10'000;
+    const QString text = whole.left(kLongestText);
     label->setText(text);
     // It may be cut off. Marked up, so that a name that looks like mark-up shows as it is.
     label->setToolTip(u"<span>" + text.toHtmlEscaped() + u"</span>");
