@@ -7,6 +7,27 @@
 
 namespace XmlTree {
 
+namespace {
+
+/// Ends a walk below that many levels.
+class DepthLimit : public pugi::xml_tree_walker
+{
+public:
+    explicit DepthLimit(int limit) : m_limit(limit) {}
+    bool for_each(pugi::xml_node& /*node*/) override { return depth() < m_limit; }
+
+private:
+    int m_limit;
+};
+
+bool holdsJustText(pugi::xml_node property)
+{
+    const pugi::xml_node child = property.first_child();
+    return child.type() == pugi::node_pcdata && !child.next_sibling();
+}
+
+} // namespace
+
 pugi::xml_node nthObject(pugi::xml_node parent, const char* className, int index)
 {
     for (const pugi::xml_node child : objects(parent)) {
@@ -29,8 +50,10 @@ std::int32_t number(pugi::xml_node property)
 void setText(pugi::xml_node property, const QString& value)
 {
     // Text that stays the same keeps its bytes, also where they are not valid UTF-8.
-    const QByteArray bytes =
-        text(property) == value ? QByteArray(property.child_value()) : value.toUtf8();
+    const bool unchanged = text(property) == value;
+    if (unchanged && holdsJustText(property))
+        return;
+    const QByteArray bytes = unchanged ? QByteArray(property.child_value()) : value.toUtf8();
     while (const pugi::xml_node child = property.first_child())
         removeSubtree(child);
     property.append_child(pugi::node_pcdata).set_value(bytes.constData());
@@ -76,23 +99,8 @@ void removeSubtree(pugi::xml_node node)
 
 bool isNestedDeeperThan(pugi::xml_node root, int limit)
 {
-    int depth = 0;
-    pugi::xml_node node = root;
-    while (depth <= limit) {
-        if (const pugi::xml_node child = node.first_child()) {
-            node = child;
-            ++depth;
-            continue;
-        }
-        while (node != root && !node.next_sibling()) {
-            node = node.parent();
-            --depth;
-        }
-        if (node == root)
-            return false;
-        node = node.next_sibling();
-    }
-    return true;
+    DepthLimit walker(limit);
+    return !root.traverse(walker);
 }
 
 } // namespace XmlTree
