@@ -10,8 +10,7 @@ LoadedOverlay::LoadedOverlay(const QByteArray& xml) : m_folder(FolderTools::memo
 
 bool LoadedOverlay::load(const QByteArray& xml)
 {
-    const QString path = m_folder.filePath(QStringLiteral("overlay.ov3.xml"));
-    return TestPackage::writeFile(path, xml) && document.loadOverlay(path);
+    return TestPackage::writeFile(path(), xml) && document.loadOverlay(path());
 }
 
 bool LoadedOverlay::loadDevice(const QByteArray& xml)

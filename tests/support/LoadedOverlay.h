@@ -24,6 +24,12 @@ public:
     [[nodiscard]] bool loadDevice(const QByteArray& xml);
     [[nodiscard]] bool isLoaded() const { return m_loaded; }
 
+    /// The file that was loaded last.
+    [[nodiscard]] QString path() const
+    {
+        return m_folder.filePath(QStringLiteral("overlay.ov3.xml"));
+    }
+
     /// The bytes that a write-back puts into the file.
     [[nodiscard]] QByteArray written();
 
