@@ -76,10 +76,16 @@ Page warmUp()
     return page;
 }
 
-Page tyres()
+Page chassis()
 {
-    Page page{"Tyres", QColor(0xfd, 0xd8, 0x35)};
-    page.tiles = {{CarPlan, {4, 0, 4, 6}}};
+    Page page{"Chassis", QColor(0xfd, 0xd8, 0x35)};
+    page.tiles = {
+        {CarPlan, {4, 0, 4, 6}},
+        {Bar, {0, 2, 4, 1}, "FRONT BRAKES", "Brake Press F", {0, 100, 85, 100}, Alert, true},
+        {Readout, {8, 2, 4, 1}, "STEERING", "Steering Angle", {-180, 180}, Info, true},
+        {Bar, {0, 5, 4, 1}, "REAR BRAKES", "Brake Press R", {0, 100, 85, 100}, Alert, true},
+        {BarReadout, {8, 5, 4, 1}, "LATERAL", "GPS LatAcc", {-2, 2, 2, 2}, Info},
+    };
     const struct
     {
         int column;
@@ -87,25 +93,9 @@ Page tyres()
         std::string name;
     } corners[] = {{0, 0, " FL"}, {8, 0, " FR"}, {0, 3, " RL"}, {8, 3, " RR"}};
     for (const auto& [x, y, name] : corners) {
-        page.tiles.insert(
-            page.tiles.end(),
-            {{Readout, {x, y, 2, 1}, "PRESSURE", "Tyre Press" + name, {1, 3}, Plain, true},
-             {Readout, {x + 2, y, 2, 1}, "TREAD", "Tyre Temp" + name, {20, 120}, Caution},
-             {Readout, {x, y + 1, 2, 1}, "INNER", "Tyre Temp Inner" + name, {20, 120}, Dimmed},
-             {Readout, {x + 2, y + 1, 2, 1}, "OUTER", "Tyre Temp Outer" + name, {20, 120}, Dimmed},
-             {BarReadout,
-              {x, y + 2, 2, 1},
-              "BRAKE",
-              "Brake Temp" + name,
-              {0, 800, 650, 800},
-              Alert},
-             {Bar,
-              {x + 2, y + 2, 2, 1},
-              "LOAD",
-              "Wheel Load" + name,
-              {0, 6000, 5200, 6000},
-              Info,
-              true}});
+        page.tiles.push_back({Readout, {x, y, 4, 1}, "WHEEL SPEED", "Wheel Speed" + name});
+        page.tiles.push_back(
+            {BarReadout, {x, y + 1, 4, 1}, "TRAVEL", "Damper" + name, {0, 60, 52, 60}, Caution});
     }
     return page;
 }
@@ -124,7 +114,7 @@ Page engine()
         {Readout, {8, 4, 2, 1}, "BATTERY", "Battery", {10, 16}, Good, true},
         {Readout, {10, 4, 2, 1}, "BOOST", "star boost", {0, 2}},
         {Bar, {0, 5, 4, 1}, "THROTTLE", "Throttle", {0, 100, 100, 100}, Good, true},
-        {Readout, {4, 5, 2, 1}, "IGNITION", "Ignition Advance", {0, 40}, Dimmed},
+        {Readout, {4, 5, 2, 1}, "GEARBOX", "Gearbox Temp", {0, 140}, Dimmed},
         {Readout, {6, 5, 2, 1}, "AIRBOX", "Airbox Temp", {0, 80}, Dimmed},
         {Caption, {8, 5, 2, 1}, "MAP 3"},
         {IconReadout, {10, 5, 2, 1}, "FUEL", "Fuel Press", {0, 6, 0, 2.5}},
@@ -137,12 +127,12 @@ Page fuel()
     Page page{"Fuel", QColor(0x43, 0xa0, 0x47)};
     page.tiles = {
         {Dial, {0, 0, 5, 4}, "TANK", "Fuel Level", {0, 60, 0, 6}, Good, true},
-        {Readout, {5, 0, 4, 2}, "LAPS LEFT", "Fuel Laps Left", {0, 40}, Caution, true},
-        {Readout, {9, 0, 3, 1}, "USED", "Fuel Used", {0, 60}},
-        {Readout, {9, 1, 3, 1}, "LAST LAP", "Fuel Lap", {0, 4}},
-        {BarReadout, {5, 2, 7, 1}, "FLOW", "Fuel Flow", {0, 80, 70, 80}, Info, true},
+        {Readout, {5, 0, 4, 2}, "FLOW", "Fuel Flow", {0, 80}, Caution, true},
+        {Readout, {9, 0, 3, 1}, "LAP", "Lap Number", {0, 60}},
+        {Readout, {9, 1, 3, 1}, "SPEED", "GPS Speed", {0, 280}},
+        {BarReadout, {5, 2, 7, 1}, "ENGINE SPEED", "RPM", {0, 9000, 7600, 9000}, Info, true},
         {Bar, {5, 3, 7, 1}, "PRESSURE", "Fuel Press", {0, 6, 0, 2.5}, Good},
-        {IconReadout, {0, 4, 4, 1}, "TEMPERATURE", "Fuel Temp", {0, 70, 55, 70}, Plain, true},
+        {IconReadout, {0, 4, 4, 1}, "INTAKE AIR", "Airbox Temp", {0, 80, 60, 80}, Plain, true},
         {Readout, {4, 4, 4, 1}, "LAMBDA", "Lambda 1", {0.7, 1.3}, Dimmed},
         {Readout, {8, 4, 4, 1}, "LAP TIME", "Lap Time", {0, 120}, Plain},
         {Strip, {0, 5, 8, 1}, "RESERVE 4 l|STOP LAP 14|ADD 32 l"},
@@ -178,10 +168,10 @@ Page pit()
         {Dial, {6, 0, 6, 3}, "ENGINE", "RPM", {0, 9000, 4000, 9000}, Plain, true},
         {Readout, {0, 3, 4, 1}, "PIT TIME", "Pit Time", {0, 120}, Caution},
         {BarReadout, {4, 3, 4, 1}, "FUEL", "Fuel Level", {0, 60, 0, 6}, Good, true},
-        {Readout, {8, 3, 4, 1}, "STINT", "Stint Time", {0, 5400}},
+        {Readout, {8, 3, 4, 1}, "LAP", "Lap Number", {0, 60}},
         {IconReadout, {0, 4, 3, 1}, "WATER", "Water Temp", {40, 130, 110, 130}},
         {IconReadout, {3, 4, 3, 1}, "OIL", "Oil Temp", {40, 150, 130, 150}},
-        {Readout, {6, 4, 3, 1}, "CLUTCH", "Clutch Position", {0, 100}, Dimmed},
+        {Readout, {6, 4, 3, 1}, "THROTTLE", "Throttle", {0, 100}, Dimmed},
         {Readout, {9, 4, 3, 1}, "BATTERY", "Battery", {10, 16}, Dimmed, true},
         {Caption, {0, 5, 4, 1}, "BOX 12"},
         {Strip, {4, 5, 8, 1}, "TYRES: SOFT|FUEL: 32 l|DRIVER: B"},
@@ -200,5 +190,5 @@ Package SamplePackages::clubRacing()
             1201,
             "layout",
             sheet,
-            {race(), qualifying(), warmUp(), tyres(), engine(), fuel(), gps(), pit()}};
+            {race(), qualifying(), warmUp(), chassis(), engine(), fuel(), gps(), pit()}};
 }

@@ -57,7 +57,7 @@ Page grid()
     Page page{"Grid", QColor(0x78, 0x90, 0x9c), false, kColumns, kRows};
     page.tiles = {
         {Readout, {0, 0, 6, 2}, "ENGINE", "RPM", {0, 9000}, Alert, true},
-        {Readout, {0, 2, 3, 1}, "CLUTCH", "Clutch Position", {0, 100}, Info},
+        {Readout, {0, 2, 3, 1}, "THROTTLE", "Throttle", {0, 100}, Info},
         {Readout, {3, 2, 3, 1}, "GEAR", "Gear_Pos", {0, 6}, Caution, true},
         {Strip, {0, 3, 6, 1}, "LAUNCH|4800|READY"},
     };
