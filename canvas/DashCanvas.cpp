@@ -45,6 +45,15 @@ void DashCanvas::setSession(TelemetrySession* session)
     update();
 }
 
+void DashCanvas::setUndoStack(QUndoStack* stack)
+{
+    if (m_undoStack)
+        m_undoStack->disconnect(this);
+    m_undoStack = stack;
+    if (stack)
+        connect(stack, &QUndoStack::indexChanged, this, &DashCanvas::onUndoIndexChanged);
+}
+
 void DashCanvas::setReplayTime(double seconds)
 {
     m_replaySeconds = seconds;
@@ -94,8 +103,11 @@ bool DashCanvas::event(QEvent* event)
     // Arrives before the shortcut runs its command, while the record can still be put back exactly.
     if (event->type() == QEvent::ShortcutOverride) {
         const auto* const key = static_cast<QKeyEvent*>(event);
-        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo) ||
-            key->matches(QKeySequence::Delete))
+        const bool undoes =
+            key->matches(QKeySequence::Undo) && m_undoStack && m_undoStack->canUndo();
+        const bool redoes =
+            key->matches(QKeySequence::Redo) && m_undoStack && m_undoStack->canRedo();
+        if (undoes || redoes || key->matches(QKeySequence::Delete))
             takeBack(std::exchange(m_gesture, {}));
     }
     return QWidget::event(event);
@@ -212,7 +224,8 @@ PageRef DashCanvas::pageRef() const
 void DashCanvas::beginGesture(DragMode mode, const QPoint& press)
 {
     if (const DashElement* const element = selectedElement())
-        m_gesture = {mode, press, geometryOf(*element), geometryOf(*element)};
+        m_gesture = {mode, press, geometryOf(*element), geometryOf(*element),
+                     m_undoStack ? m_undoStack->index() : 0};
 }
 
 /// Turns what the drag has done to the record into one undoable step.
@@ -235,11 +248,34 @@ void DashCanvas::commit(const Gesture& gesture)
         Q_EMIT elementResized(index, element->w, element->h);
 }
 
+/// Ends a drag that an undo, a redo or somebody else's push interrupts. A page of a document may
+/// have moved in memory by then: its owner answers with rebindPage, which does the same.
+void DashCanvas::onUndoIndexChanged()
+{
+    if (!m_document)
+        takeBack(std::exchange(m_gesture, {}));
+}
+
+/// Whether a command that has run since the press moved the dragged element itself.
+bool DashCanvas::stackMovedSelection(const Gesture& gesture) const
+{
+    if (!m_undoStack)
+        return false;
+    const auto [first, last] = std::minmax({gesture.undoIndex, m_undoStack->index()});
+    for (int i = first; i < last; ++i) {
+        const auto* const move = dynamic_cast<const MoveCommand*>(m_undoStack->command(i));
+        if (move && move->moves(m_page, m_selectedIndex))
+            return true;
+    }
+    return false;
+}
+
 /// Puts the dragged element back to where it was at the press, unless something else has moved it.
 void DashCanvas::takeBack(const Gesture& gesture)
 {
     DashElement* const element = selectedElement();
-    if (!gesture.isActive() || !element || geometryOf(*element) != gesture.live)
+    if (!gesture.isActive() || !element || geometryOf(*element) != gesture.live ||
+        stackMovedSelection(gesture))
         return;
     ::setGeometry(*element, gesture.start);
     update();

@@ -8,6 +8,7 @@
 #include "document/ElementGeometry.h"
 
 #include <QPointF>
+#include <QPointer>
 #include <QRectF>
 #include <QWidget>
 
@@ -19,9 +20,10 @@ class TelemetrySession;
 /// Shows one page, scaled to fit and centred, and edits its elements with mouse and keyboard.
 ///
 /// A drag changes the record live and becomes one MoveCommand on release. An undo, a redo or a
-/// deletion in the middle of a drag takes the drag back first. The canvas owns neither the page nor
-/// the document, the session or the undo stack; whoever frees or moves a page's record must call
-/// setPage or rebindPage first.
+/// deletion in the middle of a drag ends it, and the element stands again where it was at the
+/// press, or where that step has put it. The canvas owns neither the page nor the document, the
+/// session or the undo stack; whoever frees or moves a page's record must call setPage or
+/// rebindPage first.
 class DashCanvas : public QWidget
 {
     Q_OBJECT
@@ -47,7 +49,7 @@ public:
     void setSpeedUnit(int unit);
     /// Grid pitch in display pixels. Schedules no repaint: the grid follows at the next one.
     void setSnap(bool enabled, int gridSize);
-    void setUndoStack(QUndoStack* stack) { m_undoStack = stack; }
+    void setUndoStack(QUndoStack* stack);
 
     [[nodiscard]] DashPage* page() const { return m_page; }
     /// -1 when nothing is selected.
@@ -91,6 +93,7 @@ private:
         QPoint press;          ///< widget pixels
         ElementGeometry start; ///< the element at the press
         ElementGeometry live;  ///< where the drag has taken it
+        int undoIndex = 0;     ///< of the undo stack at the press
 
         [[nodiscard]] bool isActive() const { return mode != GestureGeometry::DragMode::Idle; }
     };
@@ -103,10 +106,12 @@ private:
     void beginGesture(GestureGeometry::DragMode mode, const QPoint& press);
     void commit(const Gesture& gesture);
     void takeBack(const Gesture& gesture);
+    void onUndoIndexChanged();
+    [[nodiscard]] bool stackMovedSelection(const Gesture& gesture) const;
 
     DashPage* m_page = nullptr;
     DashboardDocument* m_document = nullptr;
-    QUndoStack* m_undoStack = nullptr;
+    QPointer<QUndoStack> m_undoStack;
     TelemetrySession* m_session = nullptr;
     int m_selectedIndex = -1;
     Gesture m_gesture;

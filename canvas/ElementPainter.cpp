@@ -95,7 +95,7 @@ void ElementPainter::drawLive(const QRectF& rect, const DashElement& element) co
 
 QString ElementPainter::liveText(const QString& channel) const
 {
-    const QString& recorded = m_live.session->matchedName(channel);
+    const QString recorded = m_live.session->matchedName(channel);
     MatchTrace::record(channel, recorded);
     const double value = m_live.session->value(channel, m_live.seconds);
     return LiveText::format(

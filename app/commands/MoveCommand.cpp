@@ -13,6 +13,11 @@ MoveCommand::MoveCommand(const PageRef& page, int elementIndex, const ElementGeo
 
 MoveCommand::~MoveCommand() = default;
 
+bool MoveCommand::moves(const DashPage* page, int elementIndex) const
+{
+    return m_elementIndex == elementIndex && m_page.resolve() == page;
+}
+
 void MoveCommand::undo()
 {
     apply(m_before);

@@ -18,6 +18,9 @@ public:
                 const ElementGeometry& after);
     ~MoveCommand() override;
 
+    /// Whether this is the element that the command moves.
+    [[nodiscard]] bool moves(const DashPage* page, int elementIndex) const;
+
     void undo() override;
     void redo() override;
 

@@ -307,3 +307,70 @@ TEST_F(DashCanvasOnBarePage, RebindingToAnotherElementLeavesTheDraggedOne)
     EXPECT_EQ(element(1).x, 200);
     EXPECT_EQ(m_stack.count(), 0);
 }
+
+TEST_F(DashCanvasInDocument, AnUndoThatLandsWhereTheDragStoodIsKept)
+{
+    drag({120, 120}, {140, 120});
+    press(140, 120);
+    moveTo(120, 120); // by chance where the undo will put it
+    m_stack.undo();
+    release(120, 120);
+    EXPECT_EQ(element(0).x, 100);
+    EXPECT_EQ(m_stack.count(), 1);
+    EXPECT_TRUE(m_stack.canRedo());
+}
+
+TEST_F(DashCanvasOnBarePage, AnUndoEndsTheDragAndKeepsTheRedoHistory)
+{
+    add({100, 100, 50, 40});
+    drag(at(120, 120), at(140, 120));
+    QSignalSpy moved(&m_canvas, &DashCanvas::elementMoved);
+    press(at(140, 120));
+    moveTo(at(160, 120));
+    m_stack.undo();
+    release(at(160, 120));
+    EXPECT_EQ(element(0).x, 100);
+    EXPECT_EQ(m_stack.count(), 1);
+    EXPECT_TRUE(m_stack.canRedo());
+    EXPECT_EQ(moved.count(), 0);
+}
+
+TEST_F(DashCanvasOnBarePage, AnUndoOfAnotherElementsStepTakesTheDragBack)
+{
+    add({100, 100, 50, 40});
+    add({200, 100, 50, 40});
+    drag(at(220, 120), at(240, 120));
+    press(at(120, 120));
+    moveTo(at(160, 120));
+    m_stack.undo();
+    release(at(160, 120));
+    EXPECT_EQ(element(0).x, 100);
+    EXPECT_EQ(element(1).x, 200);
+}
+
+TEST_F(DashCanvasOnBarePage, TheUndoKeyLeavesADragAloneWhenThereIsNothingToUndo)
+{
+    add({100, 100, 50, 40});
+    press(at(120, 120));
+    moveTo(at(160, 120));
+    QKeyEvent undoKey(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
+    QCoreApplication::sendEvent(&m_canvas, &undoKey);
+    release(at(160, 120));
+    EXPECT_EQ(element(0).x, 140);
+    EXPECT_EQ(m_stack.count(), 1);
+}
+
+TEST_F(DashCanvasOnBarePage, AFormerUndoStackIsNotHeardAnyMore)
+{
+    add({100, 100, 50, 40});
+    drag(at(120, 120), at(140, 120));
+    QUndoStack another;
+    m_canvas.setUndoStack(&another);
+    press(at(140, 120));
+    moveTo(at(160, 120));
+    m_stack.setClean();
+    m_stack.clear();
+    release(at(160, 120));
+    EXPECT_EQ(element(0).x, 140);
+    EXPECT_EQ(another.count(), 1);
+}

@@ -102,9 +102,7 @@ public:
     /// Every undo and every redo leads exactly to what was there at that index.
     void walkHistory()
     {
-        m_model.takeBack();
-        if (m_canvas.selectedIndex() >= 0)
-            pressUndoKey();
+        release();
         while (m_stack.canUndo()) {
             m_stack.undo();
             RC_ASSERT(geometries(m_page) == m_history[static_cast<std::size_t>(m_stack.index())]);
@@ -170,19 +168,23 @@ private:
         m_canvas.setSnap(m_model.snaps, m_model.pitch);
     }
 
-    void pressUndoKey()
+    void pressKey(bool undo)
     {
-        QKeyEvent key(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
+        QKeyEvent key(QEvent::ShortcutOverride, undo ? Qt::Key_Z : Qt::Key_Y, Qt::ControlModifier);
         QCoreApplication::sendEvent(&m_canvas, &key);
     }
 
-    /// As by keyboard, also in the middle of a drag.
+    /// As by keyboard, also in the middle of a drag. A key that has nothing to undo or redo leaves
+    /// the drag alone.
     void undoOrRedo()
     {
-        RC_LOG() << "undo or redo\n";
-        pressUndoKey();
+        const bool undo = number(0, 1) == 0;
+        RC_LOG() << (undo ? "undo\n" : "redo\n");
+        pressKey(undo);
+        if (undo ? !m_stack.canUndo() : !m_stack.canRedo())
+            return;
         m_model.takeBack();
-        if (number(0, 1) == 0)
+        if (undo)
             m_stack.undo();
         else
             m_stack.redo();
