@@ -1,8 +1,8 @@
 // Disks that run full at every possible point, limits on the size of a file, disks and folders that
 // take nothing.
 
-#include "tests/document/FaultFixture.h"
 #include "tests/document/FaultScenario.h"
+#include "tests/document/OpenPackageFixture.h"
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/ImmutableFolder.h"
@@ -23,7 +23,7 @@ int pagesOf(qsizetype bytes)
     return static_cast<int>((bytes + SmallDisk::kPage - 1) / SmallDisk::kPage);
 }
 
-class DiskFullTest : public FaultFixture
+class DiskFullTest : public OpenPackageFixture
 {
 protected:
     /// Puts the packages onto a disk with that many pages beside what the package needs.
@@ -40,7 +40,8 @@ protected:
     std::unique_ptr<SmallDisk> m_disk;
 };
 
-class ImmutableFolderTest : public FaultFixture, public testing::WithParamInterface<FaultScenario>
+class ImmutableFolderTest : public OpenPackageFixture,
+                            public testing::WithParamInterface<FaultScenario>
 {
 };
 

@@ -1,8 +1,8 @@
 // Every system call that an open makes fails once: the document that was open stays as it was, or
 // the new one is there completely.
 
-#include "tests/document/FaultFixture.h"
 #include "tests/document/FaultScenario.h"
+#include "tests/document/OpenPackageFixture.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
 
@@ -13,7 +13,7 @@ using FaultInjection::Effect;
 
 namespace {
 
-class OpenFaultTest : public FaultFixture, public testing::WithParamInterface<FaultScenario>
+class OpenFaultTest : public OpenPackageFixture, public testing::WithParamInterface<FaultScenario>
 {
 protected:
     void expectOldDocument(const QString& tempDir)

@@ -1,7 +1,7 @@
 // Every system call that a save makes fails once, and the process dies at every one of them.
 
-#include "tests/document/FaultFixture.h"
 #include "tests/document/FaultScenario.h"
+#include "tests/document/OpenPackageFixture.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
 
@@ -15,10 +15,10 @@ using FaultInjection::Fault;
 
 namespace {
 
-class SaveFaultTest : public FaultFixture, public testing::WithParamInterface<FaultScenario>
+class SaveFaultTest : public OpenPackageFixture, public testing::WithParamInterface<FaultScenario>
 {
 };
-class SaveKillTest : public FaultFixture
+class SaveKillTest : public OpenPackageFixture
 {
 };
 

@@ -11,15 +11,15 @@
 #include <memory>
 
 /// A package that is open and edited, in a world of its own: packages, unpack folders and whatever
-/// else is written stand below one temporary folder, on which faults can be armed.
-class FaultFixture : public testing::Test
+/// else is written stand below one temporary folder.
+class OpenPackageFixture : public testing::Test
 {
 protected:
     static constexpr int kUnmoved = 10; ///< where the element stands in a package as it is made
     static constexpr int kMoved = 77;   ///< where it stands in the open document
 
-    FaultFixture();
-    ~FaultFixture() override;
+    OpenPackageFixture();
+    ~OpenPackageFixture() override;
 
     /// Name and content of every member of a package: a page of that name with one element at x, a
     /// device file, and files that the editor does not know.

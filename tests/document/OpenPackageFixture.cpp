@@ -1,4 +1,4 @@
-#include "tests/document/FaultFixture.h"
+#include "tests/document/OpenPackageFixture.h"
 
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
@@ -29,7 +29,7 @@ void removeUnpackDir(const DashboardDocument& document)
 
 } // namespace
 
-FaultFixture::FaultFixture() : m_realTempPath(qgetenv("TMPDIR"))
+OpenPackageFixture::OpenPackageFixture() : m_realTempPath(qgetenv("TMPDIR"))
 {
     QDir(m_world.path()).mkdir(QStringLiteral("packages"));
     QDir(m_world.path()).mkdir(QStringLiteral("temp"));
@@ -39,7 +39,7 @@ FaultFixture::FaultFixture() : m_realTempPath(qgetenv("TMPDIR"))
     m_old = TestPackage::readFile(m_package);
 }
 
-FaultFixture::~FaultFixture()
+OpenPackageFixture::~OpenPackageFixture()
 {
     if (m_realTempPath.isNull())
         qunsetenv("TMPDIR");
@@ -47,7 +47,7 @@ FaultFixture::~FaultFixture()
         qputenv("TMPDIR", m_realTempPath);
 }
 
-std::map<QString, QByteArray> FaultFixture::members(const QByteArray& pageName, int x)
+std::map<QString, QByteArray> OpenPackageFixture::members(const QByteArray& pageName, int x)
 {
     using namespace TestPackage;
     const Object element = digitElement("mask.1", x, 20, 30, 40);
@@ -57,12 +57,12 @@ std::map<QString, QByteArray> FaultFixture::members(const QByteArray& pageName, 
             {QStringLiteral("images/deep/notes.txt"), "kept"}};
 }
 
-bool FaultFixture::writePackage(const QString& path, const QByteArray& pageName)
+bool OpenPackageFixture::writePackage(const QString& path, const QByteArray& pageName)
 {
     return TestPackage::writePackage(path, members(pageName, kUnmoved));
 }
 
-bool FaultFixture::isComplete(const QString& path, int x)
+bool OpenPackageFixture::isComplete(const QString& path, int x)
 {
     DashboardDocument document;
     const auto cleanUp = qScopeGuard([&] { removeUnpackDir(document); });
@@ -76,7 +76,7 @@ bool FaultFixture::isComplete(const QString& path, int x)
     return found == expected;
 }
 
-void FaultFixture::expectNothingLost(bool saved)
+void OpenPackageFixture::expectNothingLost(bool saved)
 {
     if (saved)
         EXPECT_TRUE(isComplete(m_package, kMoved));
@@ -93,7 +93,7 @@ void FaultFixture::expectNothingLost(bool saved)
     TestPackage::writeFile(m_package, m_old);
 }
 
-void FaultFixture::reopen()
+void OpenPackageFixture::reopen()
 {
     if (m_document)
         removeUnpackDir(*m_document);
@@ -102,7 +102,7 @@ void FaultFixture::reopen()
     m_document->pageAt(0)->elements.at(0).x = kMoved;
 }
 
-QByteArray FaultFixture::world() const
+QByteArray OpenPackageFixture::world() const
 {
     return QFile::encodeName(m_world.path());
 }

@@ -1,0 +1,139 @@
+// Saving onto everything that can stand at a destination.
+
+#include "tests/document/OpenPackageFixture.h"
+#include "tests/support/FolderTools.h"
+#include "tests/support/PackageBuilder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+using TestPackage::readFile;
+using TestPackage::writeFile;
+
+namespace {
+
+class SaveDestinationTest : public OpenPackageFixture
+{
+protected:
+    /// Where a test puts what it saves onto.
+    QString m_destination = m_folder + QStringLiteral("/other.zconf2");
+
+    void expectRefusedAndEditable(const QString& destination)
+    {
+        EXPECT_FALSE(m_document->save(destination));
+        expectNothingLost(false);
+    }
+};
+
+} // namespace
+
+TEST_F(SaveDestinationTest, ThePackageThatIsOpen)
+{
+    const bool saved = m_document->save(m_package);
+    EXPECT_TRUE(saved);
+    expectNothingLost(saved);
+}
+
+TEST_F(SaveDestinationTest, ThePackageThatIsOpenThoughItWasDeleted)
+{
+    ASSERT_TRUE(QFile::remove(m_package));
+    const bool saved = m_document->save(m_package);
+    EXPECT_TRUE(saved);
+    expectNothingLost(saved);
+}
+
+TEST_F(SaveDestinationTest, ANewFileLeavesTheOpenPackageAlone)
+{
+    const QString path = m_folder + QString::fromUtf8("/\xE8\xB5\x9B \xC3\xA9.zconf2");
+    EXPECT_TRUE(m_document->save(path));
+    EXPECT_TRUE(isComplete(path, kMoved));
+    EXPECT_EQ(readFile(m_package), m_old);
+}
+
+TEST_F(SaveDestinationTest, AnotherPackage)
+{
+    ASSERT_TRUE(writePackage(m_destination, "Other"));
+    EXPECT_TRUE(m_document->save(m_destination));
+    EXPECT_TRUE(isComplete(m_destination, kMoved));
+}
+
+TEST_F(SaveDestinationTest, AFolderIsRefusedAndKept)
+{
+    const QString folder = m_world.filePath(QStringLiteral("folder"));
+    ASSERT_TRUE(writeFile(folder + QStringLiteral("/inside"), "kept"));
+    expectRefusedAndEditable(folder);
+    EXPECT_EQ(FolderTools::contents(folder).size(), 1U);
+}
+
+TEST_F(SaveDestinationTest, AMissingFolderIsRefusedAndNotMade)
+{
+    const QString missing = m_world.filePath(QStringLiteral("missing"));
+    expectRefusedAndEditable(missing + QStringLiteral("/a.zconf2"));
+    EXPECT_FALSE(QFileInfo::exists(missing));
+}
+
+TEST_F(SaveDestinationTest, AnEmptyPathIsRefused)
+{
+    expectRefusedAndEditable({});
+}
+
+#ifdef Q_OS_UNIX
+
+TEST_F(SaveDestinationTest, ASymbolicLinkStaysAndItsTargetIsReplaced)
+{
+    const QString target = m_world.filePath(QStringLiteral("target"));
+    ASSERT_TRUE(writeFile(target, "old"));
+    ASSERT_TRUE(QFile::link(target, m_destination));
+    EXPECT_TRUE(m_document->save(m_destination));
+    EXPECT_TRUE(QFileInfo(m_destination).isSymLink());
+    EXPECT_TRUE(isComplete(target, kMoved));
+}
+
+TEST_F(SaveDestinationTest, ADanglingLinkGetsItsTarget)
+{
+    const QString target = m_world.filePath(QStringLiteral("target"));
+    ASSERT_TRUE(QFile::link(target, m_destination));
+    EXPECT_TRUE(m_document->save(m_destination));
+    EXPECT_TRUE(QFileInfo(m_destination).isSymLink());
+    EXPECT_TRUE(isComplete(target, kMoved));
+}
+
+TEST_F(SaveDestinationTest, AHardLinkLeavesTheOtherNameAsItWas)
+{
+    ASSERT_EQ(link(QFile::encodeName(m_package).constData(),
+                   QFile::encodeName(m_destination).constData()),
+              0);
+    EXPECT_TRUE(m_document->save(m_destination));
+    EXPECT_TRUE(isComplete(m_destination, kMoved));
+    EXPECT_EQ(readFile(m_package), m_old);
+}
+
+TEST_F(SaveDestinationTest, PermissionsStay)
+{
+    const QByteArray path = QFile::encodeName(m_package);
+    for (const mode_t mode : {0600U, 0640U, 0606U, 0755U}) {
+        ASSERT_EQ(chmod(path.constData(), mode), 0);
+        EXPECT_TRUE(m_document->save(m_package));
+        struct stat status = {};
+        ASSERT_EQ(stat(path.constData(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777U, mode);
+    }
+}
+
+TEST_F(SaveDestinationTest, APipeIsRefusedAndKept)
+{
+    const QString pipe = m_world.filePath(QStringLiteral("pipe"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    expectRefusedAndEditable(pipe);
+    struct stat status = {};
+    ASSERT_EQ(lstat(QFile::encodeName(pipe).constData(), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
+}
+
+#endif
