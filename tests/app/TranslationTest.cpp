@@ -4,6 +4,7 @@
 #include "app/ReplayText.h"
 #include "dialogs/AddElementDialog.h"
 #include "tests/app/MainWindowFixture.h"
+#include "tests/support/ScriptedReader.h"
 
 #include <QColorDialog>
 #include <QComboBox>
@@ -58,8 +59,14 @@ private:
 /// In force before the fixture makes the window.
 struct OtherLanguage
 {
-    OtherLanguage() { QCoreApplication::installTranslator(&translator); }
+    OtherLanguage()
+    {
+        QCoreApplication::installTranslator(&translator);
+        reader.fileIndex = -1;
+    }
     MarkingTranslator translator;
+    ScriptedReader
+        reader; // refuses all files, should another test have left it beside this program
 };
 
 class Translation : private OtherLanguage, public MainWindowFixture
