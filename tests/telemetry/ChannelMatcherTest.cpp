@@ -29,6 +29,7 @@ QString operator""_q(const char* text, std::size_t length)
 TEST(ChannelMatcher, MatchesNothingForAnEmptyName)
 {
     EXPECT_EQ(matchOf("", names({"", "rpm"})), kNone);
+    EXPECT_EQ(matchOf("", names({"_", "rpm"})), kNone); // although it compacts to nothing
 }
 
 TEST(ChannelMatcher, MatchesNothingInAnEmptyRecording)
