@@ -74,17 +74,17 @@ void playAt(Stage& stage, int rateIndex, int tenthsPerTick, int fromSecond)
 void playAtOne(Stage& stage)
 {
     stage.clickElement(QStringLiteral("gauge.08"));
-    playAt(stage, 0, 1, 200);
+    playAt(stage, 0, 1, 228);
 }
 
 void playAtTwo(Stage& stage)
 {
-    playAt(stage, 1, 2, 210);
+    playAt(stage, 1, 2, 234);
 }
 
 void playAtFour(Stage& stage)
 {
-    playAt(stage, 2, 4, 220);
+    playAt(stage, 2, 4, 240);
 }
 
 // The smallest rectangle that holds every pixel in which two pictures of one size differ.
