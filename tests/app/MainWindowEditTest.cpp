@@ -156,6 +156,9 @@ TEST_F(MainWindowEdit, InsertKeepsThePanelOnWhatItShowed)
     EXPECT_EQ(panel().element(), &elements()[1]);
     child<QSpinBox>("xSpin")->setValue(77);
     EXPECT_EQ(elements()[1].x, 77);
+    trigger("undoAction");
+    EXPECT_EQ(canvas().selectedIndex(), -1);
+    EXPECT_EQ(panel().element(), &elements()[1]);
 }
 
 TEST_F(MainWindowEdit, CancellingTheInsertDialogChangesNothing)

@@ -3,6 +3,7 @@
 #include "dialogs/AddElementDialog.h"
 
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -10,6 +11,12 @@
 
 using TestPackage::digitElement;
 using TestPackage::labelElement;
+
+MainWindowFixture::~MainWindowFixture()
+{
+    for (const QString& folder : m_unpackDirs)
+        QDir(folder).removeRecursively();
+}
 
 void MainWindowFixture::activate() const
 {
@@ -45,6 +52,7 @@ void MainWindowFixture::open(const QString& path)
 {
     m_dialogs.chooseFile(path);
     trigger("openAction");
+    m_unpackDirs << m_window->document().tempDir();
 }
 
 QString MainWindowFixture::names(int page) const
@@ -63,6 +71,7 @@ void MainWindowFixture::press(QWidget& pane, Qt::Key key, Qt::KeyboardModifiers 
 
 void MainWindowFixture::clickPage(int row) const
 {
+    pageList().scrollToItem(pageList().item(row));
     const QRect rectangle = pageList().visualItemRect(pageList().item(row));
     QTest::mouseClick(pageList().viewport(), Qt::LeftButton, {}, rectangle.center());
 }

@@ -4,6 +4,7 @@
 #include "app/PageListPanel.h"
 #include "canvas/DashCanvas.h"
 #include "canvas/PropertyPanel.h"
+#include "tests/support/FolderTools.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/PackageBuilder.h"
 
@@ -28,6 +29,8 @@ protected:
         m_window->show();
         activate();
     }
+
+    ~MainWindowFixture() override;
 
     void activate() const;
 
@@ -83,7 +86,8 @@ protected:
     void insertElement(int donorRow = 0, int channelRow = 0);
     void clearPage();
 
-    const QTemporaryDir m_folder;
+    QStringList m_unpackDirs; // outlive the program on purpose, but not these tests
+    const QTemporaryDir m_folder{FolderTools::memoryTemplate()};
     ModalDriver m_dialogs;
     std::unique_ptr<MainWindow> m_window;
 };

@@ -4,7 +4,6 @@
 
 #include <QComboBox>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QPushButton>
 #include <QSlider>
@@ -12,16 +11,12 @@
 
 namespace {
 
-/// The main window with the scripted reader library standing where the editor looks for one.
+/// The main window; the scripted reader library stands where the editor looks for one.
 class MainWindowReplay : public MainWindowFixture
 {
 protected:
     MainWindowReplay()
     {
-        const QString library = FixedPaths::readerLibrary();
-        EXPECT_TRUE(QDir().mkpath(QFileInfo(library).absolutePath()));
-        // Tests of one run share the folder; whichever comes first puts the link there.
-        QFile::link(QString::fromStdString(ScriptedReader::path()), library);
         m_reader.channels[ReaderHost::kPlain] = {{"Engine_RPM", {0.0, 12.34}, {1000.0, 9000.0}},
                                                  {"Throttle", {0.0, 1.0}, {0.0, 100.0}}};
         m_reader.channels[ReaderHost::kGps] = {{"GPS Speed", {0.0, 12340.0}, {10.0, 10.0}}};

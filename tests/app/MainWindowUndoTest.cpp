@@ -228,7 +228,23 @@ TEST_F(MainWindowHistory, SelectingAPageClearsThePanel)
     EXPECT_EQ(shownId(), QStringLiteral("--"));
 }
 
-TEST_F(MainWindowHistory, TheDocumentedEditsOfThePanelRepaintTheCanvas)
+TEST_F(MainWindowHistory, APanelThatWasClearedStaysClear)
+{
+    openUsual();
+    clickElement(1);
+    clickPage(1);
+    clickPage(0);
+    insertElement();
+    EXPECT_EQ(panel().element(), nullptr);
+    EXPECT_EQ(canvas().selectedIndex(), -1);
+    clickElement(1);
+    QTest::mouseClick(&canvas(), Qt::LeftButton, {}, QPoint(3, 3));
+    trigger("undoAction");
+    EXPECT_EQ(panel().element(), nullptr);
+    EXPECT_EQ(canvas().selectedIndex(), -1);
+}
+
+TEST_F(MainWindowHistory, EditsInThePanelRepaintTheCanvas)
 {
     openUsual();
     clickElement(0);
