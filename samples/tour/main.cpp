@@ -50,13 +50,17 @@ void applyFixedLook()
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
 }
 
-QtMessageHandler g_defaultHandler = nullptr;
+QtMessageHandler& defaultMessageHandler()
+{
+    static QtMessageHandler handler = nullptr;
+    return handler;
+}
 
 // The offscreen platform complains about every window that limits its size.
 void dropPlatformComplaint(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     if (!text.contains(QStringLiteral("propagateSizeHints")))
-        g_defaultHandler(type, context, text);
+        defaultMessageHandler()(type, context, text);
 }
 
 /// Returns whether every step went as it should; stops at the first that did not.
@@ -103,7 +107,7 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen"); // the same pictures with and without a display
     qputenv("QT_SCALE_FACTOR", "1");
-    g_defaultHandler = qInstallMessageHandler(dropPlatformComplaint);
+    defaultMessageHandler() = qInstallMessageHandler(dropPlatformComplaint);
     const QApplication application(argc, argv);
     QStringList arguments = QApplication::arguments().mid(1);
     if (arguments == QStringList{QStringLiteral("--list")})
