@@ -18,6 +18,7 @@ constexpr int kMost = 10'000;
 QByteArray overlayOf(int pages, int elementsPerPage)
 {
     std::vector<TestPackage::Object> elements;
+    elements.reserve(static_cast<std::size_t>(elementsPerPage));
     for (int i = 0; i < elementsPerPage; ++i) {
         elements.push_back(
             TestPackage::digitElement("mask." + QByteArray::number(i), i, i, 50, 20));

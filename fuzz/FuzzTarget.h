@@ -12,6 +12,7 @@
 // What every fuzz target defines.
 
 /// Runs one input; ends the process when a promise does not hold.
+// NOLINTNEXTLINE(readability-identifier-naming): the fuzzer's own name
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 /// Inputs to start from, made by our own tools.

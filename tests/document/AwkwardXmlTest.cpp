@@ -105,9 +105,10 @@ TEST(AwkwardXml, ValuesNestedTwoHundredThousandLevels)
 
 TEST(AwkwardXml, IndentsWhateverARealLayoutMayNest)
 {
+    constexpr qsizetype kIndent = 194; // two blanks for each of the 97 levels above
     LoadedOverlay overlay(onePage(nested(95)));
     EXPECT_TRUE(
-        overlay.written().contains(QByteArray("\n" + QByteArray(2 * 97, ' ') + R"(<e c="x">)")));
+        overlay.written().contains(QByteArray("\n" + QByteArray(kIndent, ' ') + R"(<e c="x">)")));
     ASSERT_TRUE(overlay.load(onePage(nested(200))));
     EXPECT_TRUE(overlay.written().contains(R"(<e c="x"><e c="x"><e c="x">)"));
 }

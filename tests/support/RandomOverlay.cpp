@@ -4,9 +4,7 @@
 
 namespace {
 
-using TestPackage::number;
 using TestPackage::Object;
-using TestPackage::Property;
 
 QByteArray color(ByteSource& source)
 {
