@@ -24,16 +24,11 @@ bool reachedDisk(const QFileDevice& file)
 #endif
 }
 
-bool writeSibling(QSaveFile& sibling, const std::function<bool(QIODevice&)>& write)
+bool writeContent(QSaveFile& sibling, const std::function<bool(QIODevice&)>& write)
 {
     // commit() alone does not notice a short write, and would rename a truncated file.
-    const bool complete = write(sibling) && sibling.flush() &&
-                          sibling.error() == QFileDevice::NoError && reachedDisk(sibling);
-    if (!complete) {
-        sibling.cancelWriting();
-        return false;
-    }
-    return sibling.commit();
+    return write(sibling) && sibling.flush() && sibling.error() == QFileDevice::NoError &&
+           reachedDisk(sibling);
 }
 
 bool overwrite(QFile& file, const QByteArray& content)
@@ -42,9 +37,10 @@ bool overwrite(QFile& file, const QByteArray& content)
            reachedDisk(file);
 }
 
-/// For folders that take no new file. The content is made before the file is touched, and the file
-/// keeps its length until the content is in it, so that the old bytes can be put back even on a
-/// full disk.
+/// For folders that take no new file, and for files that none can be renamed over: those of others
+/// in a shared folder, mounted ones, those whose names leave no room for a sibling's. The content
+/// is made before the file is touched, and the file keeps its length until the content is in it, so
+/// that the old bytes can be put back even on a full disk.
 bool writeInPlace(const QString& path, const std::function<bool(QIODevice&)>& write)
 {
     QFile file(path);
@@ -69,6 +65,11 @@ bool replaceFile(const QString& path, const std::function<bool(QIODevice&)>& wri
     if (destination.exists() && !destination.isFile())
         return false; // never put a file in the place of a device or a pipe
     QSaveFile sibling(path);
-    return sibling.open(QIODevice::WriteOnly) ? writeSibling(sibling, write)
-                                              : writeInPlace(path, write);
+    if (!sibling.open(QIODevice::WriteOnly))
+        return writeInPlace(path, write);
+    if (!writeContent(sibling, write)) {
+        sibling.cancelWriting();
+        return false;
+    }
+    return sibling.commit() || writeInPlace(path, write);
 }

@@ -48,21 +48,14 @@ bool mayUnpack(ArchiveReader& archive, const QString& destDir)
     return fitsOnVolume(total, destDir);
 }
 
-bool makeFolder(const QString& path)
-{
-    // A name that is a file and a folder keeps the file: a folder of its own holds nothing.
-    return QDir().mkpath(path) || QFileInfo::exists(path);
-}
-
 bool unpackMembers(ArchiveReader& archive, const QString& destDir)
 {
     for (bool more = archive.toFirst(); more; more = archive.toNext()) {
         const ArchiveMember member = archive.current();
         const QString target = destDir + u'/' + memberPath(member.name).value_or(QString());
-        const bool done = member.isFolder() ? makeFolder(target)
-                                            : makeFolder(QFileInfo(target).absolutePath()) &&
-                                                  archive.extractCurrent(target);
-        if (!done)
+        // A folder that cannot be made costs nothing by itself: a file in it will say so.
+        QDir().mkpath(member.isFolder() ? target : QFileInfo(target).absolutePath());
+        if (!member.isFolder() && !archive.extractCurrent(target))
             return false;
     }
     return true;

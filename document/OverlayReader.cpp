@@ -103,7 +103,7 @@ void readKindAndStyles(pugi::xml_node node, DashElement& element)
 
 void loadImage(DashPage& page, const QString& candidate)
 {
-    if (!QFileInfo::exists(candidate))
+    if (!QFileInfo(candidate).isFile())
         return;
     page.imagePath = candidate;
     page.image.load(candidate);

@@ -9,6 +9,8 @@
 
 #include <QIODevice>
 
+#include <cstdint>
+
 namespace Class = OverlaySchema::Class;
 namespace Key = OverlaySchema::Key;
 
@@ -34,12 +36,11 @@ private:
 };
 
 /// Indentation grows with the square of the nesting: a file of 1 MB that nests 200,000 levels would
-/// fill 80 GB. Layouts nest about eight levels; files far beyond that are written without it.
+/// fill 80 GB. Such a file is written without it. A layout of a thousand pages stays far below.
 unsigned formatFor(const pugi::xml_document& xml)
 {
-    constexpr int kDeepestIndented = 100;
-    return XmlTree::isNestedDeeperThan(xml, kDeepestIndented) ? pugi::format_raw
-                                                              : pugi::format_indent;
+    constexpr std::int64_t kMostLevels = 16'000'000; // some 64 MB of blanks
+    return XmlTree::levelsExceed(xml, kMostLevels) ? pugi::format_raw : pugi::format_indent;
 }
 
 void writeRectangle(pugi::xml_node node, const DashElement& element)

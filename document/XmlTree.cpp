@@ -9,15 +9,20 @@ namespace XmlTree {
 
 namespace {
 
-/// Ends a walk below that many levels.
-class DepthLimit : public pugi::xml_tree_walker
+/// Stops the walk when the levels of the nodes add up to more than a limit.
+class LevelBudget : public pugi::xml_tree_walker
 {
 public:
-    explicit DepthLimit(int limit) : m_limit(limit) {}
-    bool for_each(pugi::xml_node& /*node*/) override { return depth() < m_limit; }
+    explicit LevelBudget(std::int64_t limit) : m_left(limit) {}
+
+    bool for_each(pugi::xml_node&) override
+    {
+        m_left -= depth();
+        return m_left >= 0;
+    }
 
 private:
-    int m_limit;
+    std::int64_t m_left;
 };
 
 bool holdsJustText(pugi::xml_node property)
@@ -97,9 +102,9 @@ void removeSubtree(pugi::xml_node node)
     }
 }
 
-bool isNestedDeeperThan(pugi::xml_node root, int limit)
+bool levelsExceed(pugi::xml_node root, std::int64_t limit)
 {
-    DepthLimit walker(limit);
+    LevelBudget walker(limit);
     return !root.traverse(walker);
 }
 

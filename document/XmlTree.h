@@ -75,7 +75,8 @@ void appendProperty(pugi::xml_node object, const char* key, const QString& value
 /// deeply nested input; this one does not.
 void removeSubtree(pugi::xml_node node);
 
-/// True when a node stands more than limit levels below root.
-[[nodiscard]] bool isNestedDeeperThan(pugi::xml_node root, int limit);
+/// True when the levels at which the nodes stand below root (its children at 0) add up to more than
+/// limit: what indenting them would cost.
+[[nodiscard]] bool levelsExceed(pugi::xml_node root, std::int64_t limit);
 
 } // namespace XmlTree

@@ -50,8 +50,7 @@ void SavedElements::restore(DashboardDocument& document, int pageIndex, int firs
     int position = firstPosition;
     for (const Entry& entry : m_entries) {
         if (entry.xml)
-            restoreOne(document, pageIndex, position, entry);
-        ++position;
+            restoreOne(document, pageIndex, position++, entry);
     }
 }
 
@@ -63,6 +62,8 @@ void SavedElements::restoreOne(DashboardDocument& document, int pageIndex, int p
     const DashElement* const previous = PageRef(&document, pageIndex).element(position - 1);
     const pugi::xml_node place =
         placeAfter(page, previous ? previous->node : pugi::xml_node(), entry.othersBefore);
+    // Without a neighbour the document would put it before the first element, behind what stands
+    // between it and the front of the page.
     pugi::xml_node restored;
     if (document.insertElementCopy(pageIndex, position, entry.record, entry.xml, place, restored) &&
         !place)

@@ -65,3 +65,13 @@ TEST_F(ClearPageCommandTest, ARecordWithoutXmlDoesNotComeBack)
     m_stack.undo();
     EXPECT_EQ(state(), before);
 }
+
+TEST_F(ClearPageCommandTest, WhatFollowsARecordWithoutXmlComesBack)
+{
+    const QByteArray before = state();
+    std::vector<DashElement>& elements = document()->pageAt(0)->elements;
+    elements.emplace(elements.begin() + 2);
+    m_stack.push(new ClearPageCommand(document(), 0));
+    m_stack.undo();
+    EXPECT_EQ(state(), before);
+}

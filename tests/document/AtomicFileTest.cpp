@@ -269,3 +269,14 @@ TEST_F(AtomicFileTest, MakesNoFileInAFolderThatTakesNone)
 }
 
 #endif
+
+TEST_F(AtomicFileTest, ReplacesFilesWhoseNamesLeaveNoRoomForASiblings)
+{
+    for (const int length : {247, 248, 249, 255}) {
+        const QString path = m_folder.filePath(QString(length, u'n'));
+        EXPECT_TRUE(replaceFile(path, content("old"))) << length;
+        EXPECT_TRUE(replaceFile(path, content("new"))) << length;
+        EXPECT_EQ(readFile(path), "new") << length;
+    }
+    EXPECT_EQ(names().size(), 4);
+}

@@ -221,3 +221,21 @@ TEST(OverlayWriter, WritingTwiceGivesTheSameBytes)
     ASSERT_TRUE(overlay.load(first));
     EXPECT_EQ(overlay.written(), first);
 }
+
+TEST(OverlayWriter, IndentsEveryNestingThatALayoutCouldHave)
+{
+    constexpr int kLevels = 300;
+    LoadedOverlay overlay =
+        withElement(QByteArray("<e>").repeated(kLevels) + QByteArray("</e>").repeated(kLevels));
+    const QByteArray innermost = '\n' + QByteArray((kLevels + 4) * 2, ' ') + "<e />";
+    EXPECT_TRUE(overlay.written().contains(innermost));
+}
+
+TEST(OverlayWriter, LeavesOutAnIndentationThatWouldFillTheDisk)
+{
+    constexpr int kLevels = 20'000;
+    const QByteArray children =
+        QByteArray("<e>").repeated(kLevels) + QByteArray("</e>").repeated(kLevels);
+    LoadedOverlay overlay = withElement(children);
+    EXPECT_LT(overlay.written().size(), 2 * children.size());
+}

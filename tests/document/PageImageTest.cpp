@@ -114,6 +114,7 @@ TEST_F(PageImage, TheRootItselfIsNoImage)
     EXPECT_TRUE(page(1).imagePath.isEmpty());
     ASSERT_TRUE(open({}, "Pictures"));
     EXPECT_TRUE(page(1).image.isNull());
+    EXPECT_TRUE(page(1).imagePath.isEmpty()) << "a folder is no image file";
 }
 
 TEST_F(PageImage, ANewPageHasNone)

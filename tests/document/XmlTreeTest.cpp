@@ -130,10 +130,8 @@ TEST_F(XmlTreeTest, RemoveSubtreeRemovesThatSubtreeOnly)
 TEST_F(XmlTreeTest, MeasuresNesting)
 {
     const pugi::xml_node flat = load("<r/>");
-    EXPECT_FALSE(XmlTree::isNestedDeeperThan(flat, 0));
+    EXPECT_FALSE(XmlTree::levelsExceed(flat, 0));
     const pugi::xml_node root = load("<r><a/><b><c/><d><e/></d></b><f/></r>");
-    EXPECT_TRUE(XmlTree::isNestedDeeperThan(root, 0));
-    EXPECT_TRUE(XmlTree::isNestedDeeperThan(root, 2));
-    EXPECT_FALSE(XmlTree::isNestedDeeperThan(root, 3));
-    EXPECT_FALSE(XmlTree::isNestedDeeperThan(root.child("a"), 0)) << "siblings do not count";
+    EXPECT_TRUE(XmlTree::levelsExceed(root, 3));
+    EXPECT_FALSE(XmlTree::levelsExceed(root, 4)) << "c and d stand at 1, e at 2";
 }
