@@ -101,9 +101,9 @@ QPointF handlePoint(const QRectF& rect, DragMode handle)
 
 QRectF handleSquare(const QRectF& rect, DragMode handle, int side)
 {
-    const QPointF point = handlePoint(rect, handle);
-    return {point.x() - side / 2, point.y() - side / 2, static_cast<double>(side),
-            static_cast<double>(side)};
+    QRectF square(0, 0, side, side);
+    square.moveCenter(handlePoint(rect, handle));
+    return square;
 }
 
 DragMode handleAt(const QRectF& rect, const QPoint& point)
