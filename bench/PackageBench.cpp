@@ -4,9 +4,9 @@
 
 #include "bench/LargePackage.h"
 #include "document/DashboardDocument.h"
+#include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
 
-#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QPixmap>
@@ -39,7 +39,7 @@ struct Material
         if (!document.open(package) || !document.save(resaved))
             qFatal("the large package cannot be made");
         savedMembers = TestPackage::readPackage(resaved);
-        QDir(document.tempDir()).removeRecursively();
+        FolderTools::remove(document.tempDir());
     }
 };
 
@@ -81,7 +81,7 @@ void openFloor(benchmark::State& state)
             images.emplace_back(folder.filePath(QString::number(page) + QStringLiteral(".png")));
         benchmark::DoNotOptimize(images);
         state.PauseTiming();
-        QDir(folder.path()).removeRecursively();
+        FolderTools::remove(folder.path());
         state.ResumeTiming();
     }
 }
@@ -94,7 +94,7 @@ void openPackage(benchmark::State& state)
         if (!document.open(material().package))
             state.SkipWithError("the package does not open");
         state.PauseTiming();
-        QDir(document.tempDir()).removeRecursively();
+        FolderTools::remove(document.tempDir());
         state.ResumeTiming();
     }
 }
@@ -130,7 +130,7 @@ void savePackage(benchmark::State& state)
         if (!document.save(path))
             state.SkipWithError("the package cannot be saved");
     }
-    QDir(document.tempDir()).removeRecursively();
+    FolderTools::remove(document.tempDir());
 }
 BENCHMARK(savePackage)->Unit(benchmark::kMillisecond);
 

@@ -3,7 +3,6 @@
 #include "dialogs/AddElementDialog.h"
 
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,12 +10,6 @@
 
 using TestPackage::digitElement;
 using TestPackage::labelElement;
-
-MainWindowFixture::~MainWindowFixture()
-{
-    for (const QString& folder : m_unpackDirs)
-        QDir(folder).removeRecursively();
-}
 
 void MainWindowFixture::activate() const
 {
@@ -52,7 +45,6 @@ void MainWindowFixture::open(const QString& path)
 {
     m_dialogs.chooseFile(path);
     trigger("openAction");
-    m_unpackDirs << m_window->document().tempDir();
 }
 
 QString MainWindowFixture::names(int page) const

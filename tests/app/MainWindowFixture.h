@@ -30,8 +30,6 @@ protected:
         activate();
     }
 
-    ~MainWindowFixture() override;
-
     void activate() const;
 
     /// Writes a package of the usual three pages: "Race" with the four elements race.0 to race.3 in
@@ -86,7 +84,6 @@ protected:
     void insertElement(int donorRow = 0, int channelRow = 0);
     void clearPage();
 
-    QStringList m_unpackDirs; // outlive the program on purpose, but not these tests
     const QTemporaryDir m_folder{FolderTools::memoryTemplate()};
     ModalDriver m_dialogs;
     std::unique_ptr<MainWindow> m_window;

@@ -21,12 +21,6 @@ QByteArray image()
     return bytes;
 }
 
-void removeUnpackDir(const DashboardDocument& document)
-{
-    if (!document.tempDir().isEmpty())
-        QDir(document.tempDir()).removeRecursively();
-}
-
 } // namespace
 
 OpenPackageFixture::OpenPackageFixture() : m_realTempPath(qgetenv("TMPDIR"))
@@ -65,7 +59,7 @@ bool OpenPackageFixture::writePackage(const QString& path, const QByteArray& pag
 bool OpenPackageFixture::isComplete(const QString& path, int x)
 {
     DashboardDocument document;
-    const auto cleanUp = qScopeGuard([&] { removeUnpackDir(document); });
+    const auto cleanUp = qScopeGuard([&] { FolderTools::remove(document.tempDir()); });
     if (!document.open(path) || document.pageCount() != 1 ||
         document.pageAt(0)->elements.size() != 1 || document.pageAt(0)->elements[0].x != x)
         return false;
@@ -96,7 +90,7 @@ void OpenPackageFixture::expectNothingLost(bool saved)
 void OpenPackageFixture::reopen()
 {
     if (m_document)
-        removeUnpackDir(*m_document);
+        FolderTools::remove(m_document->tempDir());
     m_document = std::make_unique<DashboardDocument>();
     EXPECT_TRUE(m_document->open(m_package));
     m_document->pageAt(0)->elements.at(0).x = kMoved;

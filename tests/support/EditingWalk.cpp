@@ -10,18 +10,9 @@
 #include "tests/support/PackageBuilder.h"
 #include "tests/support/RandomOverlay.h"
 
-#include <QDir>
-
 #include <array>
 
 namespace {
-
-/// Unpack directories outlive the program on purpose; those of a walk would fill the disk.
-void removeUnpackDir(const DashboardDocument& document)
-{
-    if (!document.tempDir().isEmpty())
-        QDir(document.tempDir()).removeRecursively();
-}
 
 QString text(ByteSource& source)
 {
@@ -43,7 +34,7 @@ EditingWalk::EditingWalk(ByteSource& source)
 
 EditingWalk::~EditingWalk()
 {
-    removeUnpackDir(m_document);
+    FolderTools::remove(m_document.tempDir());
 }
 
 QByteArray EditingWalk::run()
@@ -164,7 +155,7 @@ void EditingWalk::saveAndReopen()
 
 void EditingWalk::reopen()
 {
-    removeUnpackDir(m_document);
+    FolderTools::remove(m_document.tempDir());
     if (!m_document.open(m_folder.filePath(QStringLiteral("walk.zconf2"))))
         fail("cannot open");
     m_stack.clear();

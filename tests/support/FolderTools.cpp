@@ -26,6 +26,12 @@ constexpr QDir::Filters kEverything =
 
 } // namespace
 
+void remove(const QString& folder)
+{
+    if (!folder.isEmpty())
+        QDir(folder).removeRecursively();
+}
+
 std::map<QString, QByteArray> contents(const QString& folder)
 {
     std::map<QString, QByteArray> files;

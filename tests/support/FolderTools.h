@@ -19,6 +19,9 @@ namespace FolderTools {
 [[nodiscard]] std::map<QString, QByteArray> visible(std::map<QString, QByteArray> files);
 /// Names of everything that stands directly in the folder, hidden ones too, sorted.
 [[nodiscard]] QStringList names(const QString& folder);
+/// Removes a folder with all it holds; does nothing for an empty path, which would mean the working
+/// directory. For the unpack directories of documents, which outlive them on purpose.
+void remove(const QString& folder);
 /// Whether a symbolic link, also a dangling one, stands in the folder at any depth.
 [[nodiscard]] bool holdsSymbolicLink(const QString& folder);
 
