@@ -320,11 +320,6 @@ TEST(RecordingReader, SurvivesTimesThatDoNotAscend)
     }
 }
 
-TEST(TelemetryChannel, HasNoValueWithoutSamples)
-{
-    EXPECT_EQ(TelemetryChannel().valueAt(1.0), 0.0);
-}
-
 #ifdef __linux__
 
 std::size_t residentBytes()

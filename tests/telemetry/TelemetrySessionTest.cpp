@@ -346,48 +346,4 @@ TEST(TelemetrySession, ForgetsMatchesWithTheRecording)
     EXPECT_EQ(session.value("water"_q, 5.0), 5.0);
 }
 
-// Values
-
-TEST(TelemetrySession, InterpolatesBetweenSamplesAndHoldsBothEnds)
-{
-    ScriptedReader reader;
-    reader.channels[ReaderHost::kPlain] = {{"a", {1.0, 2.0, 4.0}, {10.0, 20.0, -20.0}}};
-    TelemetrySession session;
-    EXPECT_TRUE(loadScript(session));
-    EXPECT_EQ(session.value("a"_q, -1e300), 10.0);
-    EXPECT_EQ(session.value("a"_q, 1.0), 10.0);
-    EXPECT_EQ(session.value("a"_q, 1.25), 12.5);
-    EXPECT_EQ(session.value("a"_q, 2.0), 20.0);
-    EXPECT_EQ(session.value("a"_q, 3.0), 0.0);
-    EXPECT_EQ(session.value("a"_q, 4.0), -20.0);
-    EXPECT_EQ(session.value("a"_q, 1e300), -20.0);
-}
-
-TEST(TelemetrySession, TakesTheLaterOfEqualTimesAfterThem)
-{
-    ScriptedReader reader;
-    reader.channels[ReaderHost::kPlain] = {
-        {"a", {0.0, 1.0, 1.0, 2.0}, {0.0, 10.0, 30.0, 40.0}},
-        {"b", {0.0, 1.0, 1.0 + 9e-13, 2.0}, {0.0, 10.0, 30.0, 40.0}},
-        {"c", {0.0, 1.0, 1.0 + 2e-12, 2.0}, {0.0, 10.0, 30.0, 40.0}}};
-    TelemetrySession session;
-    EXPECT_TRUE(loadScript(session));
-    EXPECT_EQ(session.value("a"_q, 0.5), 5.0);
-    EXPECT_EQ(session.value("a"_q, 1.0), 30.0);
-    EXPECT_EQ(session.value("a"_q, 1.5), 35.0);
-    // Samples less than 1e-12 s apart have no slope: the earlier one's value.
-    EXPECT_EQ(session.value("b"_q, 1.0 + 5e-13), 10.0);
-    EXPECT_NEAR(session.value("c"_q, 1.0 + 1e-12), 20.0, 0.1);
-}
-
-TEST(TelemetrySession, AnswersForASingleSample)
-{
-    ScriptedReader reader;
-    reader.channels[ReaderHost::kPlain] = {{"a", {5.0}, {7.0}}};
-    TelemetrySession session;
-    EXPECT_TRUE(loadScript(session));
-    for (const double time : {0.0, 5.0, 9.0})
-        EXPECT_EQ(session.value("a"_q, time), 7.0);
-}
-
 } // namespace
