@@ -1,12 +1,12 @@
-// Opening and saving the large package, each beside the least that any program would have to do
+// Opening and saving the large sample, each beside the least that any program would have to do
 // with the same libraries. Runs in memory-backed folders where there are any, so that the processor
 // is measured and not the disk.
 
-#include "bench/LargePackage.h"
 #include "document/DashboardDocument.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
 
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QPixmap>
@@ -22,22 +22,29 @@
 
 namespace {
 
-/// The package and its unpacked members, made once.
+/// The large sample, and what a floor needs to know about it.
 struct Material
 {
     QTemporaryDir folder;
     QString package = folder.filePath(QStringLiteral("large.zconf2"));
-    std::map<QString, QByteArray> members = LargePackage::members();
+    QString overlay;    ///< path below the unpack folder
+    QStringList images; ///< likewise, of the pages that have one
     std::map<QString, QByteArray>
         savedMembers; ///< as the editor writes them: the XML is re-indented
 
     Material()
     {
-        TestPackage::writePackage(package, members);
         DashboardDocument document;
         const QString resaved = folder.filePath(QStringLiteral("resaved.zconf2"));
-        if (!document.open(package) || !document.save(resaved))
-            qFatal("the large package cannot be made");
+        if (!QFile::copy(QStringLiteral(LARGE_SAMPLE), package) || !document.open(package) ||
+            !document.save(resaved))
+            qFatal("the large sample cannot be used");
+        const QDir root(document.tempDir());
+        overlay = root.relativeFilePath(document.overlayPath());
+        for (const DashPage& page : document.pages()) {
+            if (!page.imagePath.isEmpty())
+                images.append(root.relativeFilePath(page.imagePath));
+        }
         savedMembers = TestPackage::readPackage(resaved);
         FolderTools::remove(document.tempDir());
     }
@@ -54,7 +61,9 @@ void inflateCurrent(unzFile archive, const std::string& folder)
     std::array<char, 512> name{};
     unzGetCurrentFileInfo64(archive, nullptr, name.data(), name.size() - 1, nullptr, 0, nullptr, 0);
     unzOpenCurrentFile(archive);
-    std::FILE* file = std::fopen((folder + '/' + name.data()).c_str(), "wb");
+    const std::string path = folder + '/' + name.data();
+    QDir().mkpath(QFileInfo(QString::fromStdString(path)).path());
+    std::FILE* file = std::fopen(path.c_str(), "wb");
     std::array<char, 8192> chunk{};
     for (int count = 0; (count = unzReadCurrentFile(archive, chunk.data(), chunk.size())) > 0;)
         std::fwrite(chunk.data(), 1, static_cast<std::size_t>(count), file);
@@ -74,11 +83,11 @@ void openFloor(benchmark::State& state)
             inflateCurrent(archive, path);
         unzClose(archive);
         pugi::xml_document overlay;
-        if (!overlay.load_file((path + "/overlay.ov3.xml").c_str()))
+        if (!overlay.load_file(folder.filePath(material().overlay).toLocal8Bit().constData()))
             state.SkipWithError("the overlay does not parse");
         std::vector<QPixmap> images;
-        for (int page = 0; page < 20; ++page)
-            images.emplace_back(folder.filePath(QString::number(page) + QStringLiteral(".png")));
+        for (const QString& image : material().images)
+            images.emplace_back(folder.filePath(image));
         benchmark::DoNotOptimize(images);
         state.PauseTiming();
         FolderTools::remove(folder.path());

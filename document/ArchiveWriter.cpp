@@ -3,7 +3,6 @@
 #include <QIODevice>
 
 #include <algorithm>
-#include <vector>
 
 namespace {
 
@@ -20,7 +19,10 @@ bool isAscii(const QByteArray& name)
 
 } // namespace
 
-ArchiveWriter::ArchiveWriter(QIODevice& device) : m_target(device), m_device(device)
+ArchiveWriter::ArchiveWriter(QIODevice& device)
+    : m_target(device),
+      m_device(device),
+      m_chunk(kChunkSize)
 {
     zlib_filefunc64_def hooks = m_device.hooks();
     m_archive.reset(zipOpen2_64(nullptr, APPEND_STATUS_CREATE, nullptr, &hooks));
@@ -46,16 +48,15 @@ bool ArchiveWriter::beginMember(const QByteArray& name)
 bool ArchiveWriter::writeContent(QIODevice& content)
 {
     const qint64 size = content.size();
-    std::vector<char> chunk(static_cast<std::size_t>(std::min(size + 1, kChunkSize)));
     qint64 total = 0;
     while (true) {
-        const qint64 count = content.read(chunk.data(), static_cast<qint64>(chunk.size()));
+        const qint64 count = content.read(m_chunk.data(), kChunkSize);
         if (count < 0)
             return false;
         if (count == 0)
             return total == size;
         total += count;
-        if (zipWriteInFileInZip(m_archive.get(), chunk.data(), static_cast<unsigned>(count)) !=
+        if (zipWriteInFileInZip(m_archive.get(), m_chunk.data(), static_cast<unsigned>(count)) !=
             ZIP_OK)
             return false;
     }

@@ -7,6 +7,7 @@
 #include <zip.h>
 
 #include <memory>
+#include <vector>
 
 /// Writes a ZIP archive member by member: deflate at the default level, no dates, no attributes.
 ///
@@ -48,4 +49,5 @@ private:
     ArchiveDevice m_device;
     std::unique_ptr<std::remove_pointer_t<zipFile>, Closer> m_archive;
     std::size_t m_members = 0;
+    std::vector<char> m_chunk; ///< of the content being written
 };
