@@ -125,8 +125,7 @@ bool DashboardDocument::removePage(int index)
 {
     if (!inRange(index, m_pages.size()))
         return false;
-    if (const pugi::xml_node node = pageNode(index))
-        XmlTree::removeSubtree(node);
+    XmlTree::removeSubtree(pageNode(index));
     m_pages.erase(m_pages.begin() + index);
     return true;
 }
@@ -188,8 +187,7 @@ bool DashboardDocument::removeElement(int pageIndex, int elementIndex)
     if (!page || !inRange(elementIndex, page->elements.size()))
         return false;
     const auto record = page->elements.begin() + elementIndex;
-    if (record->node.parent())
-        XmlTree::removeSubtree(record->node);
+    XmlTree::removeSubtree(record->node);
     page->elements.erase(record);
     return true;
 }

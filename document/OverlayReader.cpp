@@ -159,9 +159,7 @@ void DashboardDocument::resolveImage(DashPage& page, const QString& rawImagePath
 {
     if (!rawImagePath.isEmpty())
         loadImage(page, FixedPaths::imageRoot() + rawImagePath);
-    // Without an unpacked package there is no folder to look in; never look in the working
-    // directory.
-    if (page.image.isNull() && !m_overlayPath.isEmpty()) {
+    if (page.image.isNull()) {
         loadImage(page, QFileInfo(m_overlayPath).path() + u'/' + QString::number(page.index) +
                             QStringLiteral(".png"));
     }

@@ -71,8 +71,8 @@ void setFirstNumber(pugi::xml_node object, const char* key, int value);
 /// Appends a property; an empty value gets no text child.
 void appendProperty(pugi::xml_node object, const char* key, const QString& value);
 
-/// Removes a node with its subtree. The library's own removal recurses and overflows the stack on
-/// deeply nested input; this one does not.
+/// Removes a node with its subtree; does nothing for an empty node. The library's own removal
+/// recurses and overflows the stack on deeply nested input; this one does not.
 void removeSubtree(pugi::xml_node node);
 
 /// True when the levels at which the nodes stand below root (its children at 0) add up to more than

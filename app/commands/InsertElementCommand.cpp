@@ -32,13 +32,10 @@ void InsertElementCommand::redo()
 
 void InsertElementCommand::insertFromDonor()
 {
-    const pugi::xml_node donor = m_donorXml.first_child();
-    if (!donor)
-        return;
     DashElement created;
-    const int index =
-        m_document->addElementFromDonor(m_pageIndex, donor, m_channel, m_geometry.x, m_geometry.y,
-                                        m_geometry.w, m_geometry.h, created);
+    const int index = m_document->addElementFromDonor(m_pageIndex, m_donorXml.first_child(),
+                                                      m_channel, m_geometry.x, m_geometry.y,
+                                                      m_geometry.w, m_geometry.h, created);
     if (index < 0)
         return; // a later redo tries again
     m_insertedIndex = index;

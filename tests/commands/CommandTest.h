@@ -16,7 +16,7 @@ class CommandTest : public ::testing::Test
 protected:
     CommandTest()
         : m_overlay(LoadedOverlay::around(
-              R"(<p n="DIMENSIONE_X">800</p>)"
+              R"(<p n="DIMENSIONE_X">320</p>)"
               R"(<e c="GPageParam" i="0"><p n="PAGE_NAME">Race</p><e c="Other" i="0"/>)" +
               element("a", "Engine RPM") + element("b", "") + R"(<e c="Other" i="1"/>text)" +
               element("c", "Oil Temp") + element("d", "Water Temp") + element("e", "Speed") +

@@ -39,12 +39,15 @@ TEST_F(NewPageCommandTest, RedoPutsTheSamePageBack)
 {
     auto* const command = new NewPageCommand(document(), QStringLiteral("Lap"));
     m_stack.push(command);
+    const QByteArray made = state();
     m_stack.undo();
     // A display size that came later must not change the page that was made.
     ASSERT_TRUE(m_overlay.loadDevice(R"(<CfgFileFormat><e/></CfgFileFormat>)"));
+    ASSERT_EQ(document()->displayWidth(), 320);
     m_stack.redo();
     EXPECT_EQ(command->pageIndex(), 3);
     EXPECT_EQ(document()->pages()[3].name, QStringLiteral("Lap"));
+    EXPECT_EQ(state(), made);
     EXPECT_EQ(document()->pages()[3].width, 800);
     EXPECT_EQ(document()->pages()[3].height, 480);
 }

@@ -103,16 +103,6 @@ TEST(AwkwardXml, ValuesNestedTwoHundredThousandLevels)
     });
 }
 
-TEST(AwkwardXml, IndentsWhateverARealLayoutMayNest)
-{
-    constexpr qsizetype kIndent = 194; // two blanks for each of the 97 levels above
-    LoadedOverlay overlay(onePage(nested(95)));
-    EXPECT_TRUE(
-        overlay.written().contains(QByteArray("\n" + QByteArray(kIndent, ' ') + R"(<e c="x">)")));
-    ASSERT_TRUE(overlay.load(onePage(nested(200))));
-    EXPECT_TRUE(overlay.written().contains(R"(<e c="x"><e c="x"><e c="x">)"));
-}
-
 TEST(AwkwardXml, AnAttributeOfAHundredMegabytes)
 {
     constexpr int kSize = 100'000'000;

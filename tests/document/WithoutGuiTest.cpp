@@ -25,6 +25,25 @@ TEST(WithoutGui, ReadsElementsButNoImages)
     EXPECT_TRUE(document.save(path));
 }
 
+// In a process of its own, where nothing else has made elements.
+TEST(WithoutGui, CountsNewElementsFromOneOnAcrossPackages)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("made.zconf2"));
+    ASSERT_TRUE(TestPackage::writePackage(
+        path, TestPackage::overlayXml({TestPackage::page(
+                  "Race", 300, 200, {TestPackage::digitElement("mask.1", 1, 2, 3, 4)})})));
+    DashboardDocument document;
+    for (const QString& expected : {QStringLiteral("new.1"), QStringLiteral("new.2")}) {
+        ASSERT_TRUE(document.open(path));
+        DashElement created;
+        ASSERT_EQ(document.addElementFromDonor(0, document.pages().at(0).elements.at(0).node, {}, 0,
+                                               0, 1, 1, created),
+                  1);
+        EXPECT_EQ(created.name, expected);
+    }
+}
+
 int main(int argc, char** argv)
 {
     ::testing::InitGoogleTest(&argc, argv);

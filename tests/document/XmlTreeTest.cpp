@@ -99,6 +99,10 @@ TEST_F(XmlTreeTest, SetTextKeepsTheBytesOfTextThatStaysTheSame)
     EXPECT_EQ(text(), "<p>a\xff\xfe</p>");
     XmlTree::setText(node, QStringLiteral("a"));
     EXPECT_EQ(text(), "<p>a</p>");
+
+    const pugi::xml_node mixed = load("<p><![CDATA[a\xff]]><x/></p>");
+    XmlTree::setText(mixed, XmlTree::text(mixed));
+    EXPECT_EQ(text(), "<p>a\xff</p>") << "one text child all the same";
 }
 
 TEST_F(XmlTreeTest, SetFirstNumberTouchesTheFirstPropertyOfThatKeyOnly)
@@ -122,6 +126,8 @@ TEST_F(XmlTreeTest, RemoveSubtreeRemovesThatSubtreeOnly)
 {
     const pugi::xml_node root = load("<r><a><b/><c>text<d/></c></a><a2><b/></a2></r>");
     XmlTree::removeSubtree(root.child("a"));
+    EXPECT_EQ(text(), "<r><a2><b/></a2></r>");
+    XmlTree::removeSubtree(root.child("missing"));
     EXPECT_EQ(text(), "<r><a2><b/></a2></r>");
     XmlTree::removeSubtree(root.child("a2"));
     EXPECT_EQ(text(), "<r/>");
