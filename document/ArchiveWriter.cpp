@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr qint64 kChunkSize = 64 * 1024;
+constexpr qint64 kChunkSize = qint64{64} * 1024;
 /// Tells readers that a member's name is UTF-8.
 constexpr uLong kUtf8NameFlag = 1U << 11U;
 /// The library's own default, which its headers do not name.

@@ -36,7 +36,7 @@ bool mayUnpack(ArchiveReader& archive, const QString& destDir)
 {
     quint64 total = 0;
     for (bool more = archive.toFirst(); more; more = archive.toNext()) {
-        const ArchiveMember member = archive.current();
+        const ArchiveMember& member = archive.current();
         if (!memberPath(member.name))
             return false;
         if (member.isFolder())
@@ -51,7 +51,7 @@ bool mayUnpack(ArchiveReader& archive, const QString& destDir)
 bool unpackMembers(ArchiveReader& archive, const QString& destDir)
 {
     for (bool more = archive.toFirst(); more; more = archive.toNext()) {
-        const ArchiveMember member = archive.current();
+        const ArchiveMember& member = archive.current();
         const QString target = destDir + u'/' + memberPath(member.name).value_or(QString());
         // A folder that cannot be made costs nothing by itself: a file in it will say so.
         QDir().mkpath(member.isFolder() ? target : QFileInfo(target).absolutePath());

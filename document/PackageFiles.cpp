@@ -22,7 +22,7 @@ QString DashboardPackage::findOverlayFile(const QString& rootDir)
     QDirIterator files(rootDir, {QStringLiteral("overlay.ov3.xml")}, QDir::Files,
                        QDirIterator::Subdirectories);
     while (files.hasNext()) {
-        const QString path = files.next();
+        QString path = files.next();
         if (first.isEmpty())
             first = path;
         const qint64 size = files.fileInfo().size();
@@ -40,7 +40,7 @@ QString DashboardPackage::findDeviceFile(const QString& rootDir)
     QDirIterator files(rootDir, {QStringLiteral("*.aimcfg")}, QDir::Files,
                        QDirIterator::Subdirectories);
     while (files.hasNext()) {
-        const QString path = files.next();
+        QString path = files.next();
         if (!liesUnder(path, QStringLiteral("devices")))
             return path;
         if (first.isEmpty())

@@ -1,6 +1,8 @@
 """Runs clang-tidy over the sources of ours that a build folder knows.
 
-usage: tidy.py BUILD-FOLDER JOBS, from the root of the repository
+usage: tidy.py BUILD-FOLDER JOBS [FOLDER...], from the root of the repository
+
+Only sources below the folders are linted, all of them when none is named.
 
 clang-tidy parses all of Qt's headers for each file, which takes seconds. So a file found clean is
 remembered by a digest of everything of ours that the finding depends on (its text, the text of all
@@ -58,10 +60,11 @@ def lint(entry, build):
 
 
 def main():
-    build, jobs = sys.argv[1], int(sys.argv[2])
+    build, jobs, folders = sys.argv[1], int(sys.argv[2]), sys.argv[3:] or ["."]
+    below = tuple(str((ROOT / folder).resolve()) + os.sep for folder in folders)
     database = json.loads(pathlib.Path(build, "compile_commands.json").read_text(encoding="utf-8"))
     generated = str(ROOT / "build") + os.sep
-    entries = [entry for entry in database if not entry["file"].startswith(generated)]
+    entries = [entry for entry in database if entry["file"].startswith(below) and not entry["file"].startswith(generated)]
     CACHE.mkdir(parents=True, exist_ok=True)
     failed = 0
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
