@@ -13,11 +13,6 @@ constexpr int kMaximumWidth = 180;
 constexpr QSize kThumbnailSize{120, 72};
 constexpr int kRowSpacing = 4;
 
-QIcon thumbnailOf(const QPixmap& image)
-{
-    return QIcon(image.scaled(kThumbnailSize, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-}
-
 /// Shows the name below the thumbnail: beside it, the narrow list would have no room for it.
 class PageRowDelegate : public QStyledItemDelegate
 {
@@ -52,22 +47,26 @@ PageListPanel::PageListPanel(QWidget* parent) : QListWidget(parent)
 void PageListPanel::setPages(const std::vector<DashPage>& pages)
 {
     clear();
-    QHash<qint64, QIcon> thumbnails;
+    const Thumbnails former = std::exchange(m_thumbnails, {});
     for (const DashPage& page : pages) {
-        auto* const item = new QListWidgetItem(page.name, this);
+        auto* const item = new QListWidgetItem(page.name);
         item->setToolTip(literalToolTip(page.name));
-        if (page.image.isNull())
-            continue;
-        const qint64 key = page.image.cacheKey();
-        QIcon thumbnail = m_thumbnails.value(key);
-        if (thumbnail.isNull())
-            thumbnail = thumbnailOf(page.image);
-        item->setIcon(thumbnail);
-        thumbnails.insert(key, thumbnail);
+        if (!page.image.isNull())
+            item->setIcon(thumbnail(page.image, former));
+        addItem(item);
     }
-    m_thumbnails = std::move(thumbnails); // those of images that are gone go with them
     if (!pages.empty())
         setCurrentRow(0);
+}
+
+QIcon PageListPanel::thumbnail(const QPixmap& image, const Thumbnails& former)
+{
+    QIcon& icon = m_thumbnails[image.cacheKey()];
+    if (icon.isNull())
+        icon = former.value(image.cacheKey());
+    if (icon.isNull())
+        icon = image.scaled(kThumbnailSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    return icon;
 }
 
 void PageListPanel::onCurrentRowChanged(int row)

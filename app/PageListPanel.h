@@ -28,7 +28,10 @@ public Q_SLOTS:
     void onCurrentRowChanged(int row);
 
 private:
-    /// Thumbnails of the images shown at present, by QPixmap::cacheKey, so that a refill does not
-    /// scale an unchanged image again.
-    QHash<qint64, QIcon> m_thumbnails;
+    using Thumbnails = QHash<qint64, QIcon>; // by QPixmap::cacheKey
+
+    /// Takes the thumbnail of an unchanged image from the former ones instead of scaling again.
+    QIcon thumbnail(const QPixmap& image, const Thumbnails& former);
+
+    Thumbnails m_thumbnails; // of the images shown at present
 };

@@ -131,19 +131,16 @@ void AddElementDialog::fillChannels(const QString& filter)
     m_channelList->clear();
     if (!m_document)
         return;
-    for (const int index : m_filter.matching(filter))
-        m_channelList->addItem(channelItem(index));
+    const QString format = tr("%1  (%2)  %3");
+    for (const int index : m_filter.matching(filter)) {
+        const ChannelDef& channel = m_document->channels()[static_cast<std::size_t>(index)];
+        auto* const item =
+            new QListWidgetItem(format.arg(channel.longName, channel.shortName, channel.uiv));
+        item->setData(Qt::UserRole, index);
+        m_channelList->addItem(item);
+    }
     if (m_channelList->count() == 0)
         addPlaceholder(m_channelList, tr("(no matching channels)"));
-}
-
-QListWidgetItem* AddElementDialog::channelItem(int index) const
-{
-    const ChannelDef& channel = m_document->channels()[static_cast<std::size_t>(index)];
-    auto* const item = new QListWidgetItem(
-        tr("%1  (%2)  %3").arg(channel.longName, channel.shortName, channel.uiv));
-    item->setData(Qt::UserRole, index);
-    return item;
 }
 
 void AddElementDialog::onTypeChanged(int row)

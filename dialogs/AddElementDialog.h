@@ -14,7 +14,6 @@ class QLabel;
 class QLayout;
 class QLineEdit;
 class QListWidget;
-class QListWidgetItem;
 class QPushButton;
 struct ChannelDef;
 
@@ -45,7 +44,6 @@ private:
     void fillTypes();
     void fillChannels(const QString& filter);
     void updateSummary();
-    [[nodiscard]] QListWidgetItem* channelItem(int index) const;
     /// What is chosen at present; null when nothing is.
     [[nodiscard]] const Donor* chosenDonor() const;
     [[nodiscard]] const ChannelDef* chosenChannel() const;
