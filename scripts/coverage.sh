@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds with coverage counters, runs every test and prints, as Markdown, how much of each folder they
-# reach. docs/coverage.md keeps the figures. build/coverage/report/index.html shows the lines.
+# reach. build/coverage/report/index.html shows the lines.
 source "$(dirname "$0")/common.sh"
 
 ensure_packages "${build_packages[@]}" "${test_packages[@]}" "${coverage_packages[@]}" python3
