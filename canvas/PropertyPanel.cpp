@@ -1,10 +1,10 @@
 #include "canvas/PropertyPanel.h"
 
+#include "canvas/ElidedComboBox.h"
 #include "canvas/GestureGeometry.h"
 #include "document/ElementGeometry.h"
 
 #include <QColorDialog>
-#include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -156,7 +156,7 @@ QGroupBox* PropertyPanel::createStyleGroup(const QString& title, const QString& 
 {
     auto* const group = new QGroupBox(title);
     auto* const form = new QFormLayout(group);
-    editor.font = named(namePrefix + u"FontCombo", new QComboBox);
+    editor.font = named(namePrefix + u"FontCombo", new ElidedComboBox);
     editor.font->addItems(kFontFamilies);
     form->addRow(tr("Font:"), editor.font);
     editor.size = pixelRow(form, tr("Size:"), namePrefix + u"SizeSpin");
