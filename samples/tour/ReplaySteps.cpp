@@ -105,7 +105,9 @@ void changeUnit(Stage& stage)
     const QImage before = stage.canvas().grab().toImage();
     stage.select("speedUnitCombo", 1);
     const QRect changed = differenceOf(before, stage.canvas().grab().toImage());
-    const QRectF speed = stage.canvas().elementRect(stage.element(QStringLiteral("value.09")));
+    const QRectF place = stage.canvas().elementRect(stage.element(QStringLiteral("value.09")));
+    const double pixels = before.devicePixelRatio(); // of the picture, to one of the widget
+    const QRectF speed(place.topLeft() * pixels, place.size() * pixels);
     stage.check(!changed.isEmpty(), QStringLiteral("the speed is shown in another unit"));
     stage.check(speed.toAlignedRect().contains(changed),
                 QStringLiteral("nothing but the speed changes"));

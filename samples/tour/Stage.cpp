@@ -30,7 +30,7 @@ void paintFramed(QPainter& painter, const QPoint& topLeft, const QPixmap& conten
 {
     constexpr int kTitleHeight = 26;
     constexpr QColor kFrame(0x3b, 0x42, 0x52);
-    const QRect body(topLeft, content.size());
+    const QRect body(topLeft, content.deviceIndependentSize().toSize());
     const QRect frame = body.adjusted(-1, -kTitleHeight, 1, 1);
     for (int spread = 6; spread > 0; --spread)
         painter.fillRect(frame.adjusted(-spread, -spread, spread, spread), QColor(0, 0, 0, 20));
@@ -209,9 +209,12 @@ void Stage::photograph(QDialog& dialog)
     const QPixmap content = dialog.grab();
     QPainter painter(&m_picture);
     painter.setFont(QApplication::font());
-    painter.fillRect(m_picture.rect(), QColor(0, 0, 0, 60));
-    const QSize room = m_picture.size() - content.size();
-    paintFramed(painter, {room.width() / 2, room.height() / 2}, content, dialog.windowTitle());
+    // Sizes in the painter's units, whatever the scale of the desktop.
+    const QSizeF whole = m_picture.deviceIndependentSize();
+    const QSizeF room = (whole - content.deviceIndependentSize()) / 2;
+    painter.fillRect(QRectF({}, whole), QColor(0, 0, 0, 60));
+    paintFramed(painter, QPointF(room.width(), room.height()).toPoint(), content,
+                dialog.windowTitle());
 }
 
 QPixmap Stage::takePicture()

@@ -1,24 +1,18 @@
 #include "app/ApplicationIdentity.h"
+#include "samples/tour/Look.h"
 #include "samples/tour/Stage.h"
 #include "samples/tour/Steps.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
-#include <QFont>
-#include <QStyle>
-#include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTextStream>
 
 #include <cstdlib>
 
 namespace {
-
-constexpr char kUsage[] = "usage: gaugewright_tour [--samples FOLDER] FOLDER\n"
-                          "       gaugewright_tour --list\n"
-                          "Drives the editor through its whole work and writes a picture of every "
-                          "step into FOLDER.\n";
 
 constexpr int kSmallestFile = 0; // Qt's scale of quality; PNG loses nothing
 
@@ -35,19 +29,6 @@ QString pictureName(std::size_t index, const Step& step)
     return QStringLiteral("%1-%2.png")
         .arg(index + 1, 2, 10, QLatin1Char('0'))
         .arg(QLatin1String(step.picture));
-}
-
-// Style, font and colours are fixed, so that the pictures change only when the program does.
-void applyFixedLook()
-{
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(QApplication::style()->standardPalette());
-    QFont font(QStringLiteral("DejaVu Sans"));
-    font.setPointSize(9);
-    QApplication::setFont(font);
-    QApplication::setCursorFlashTime(0);
-    // Only Qt's own dialogs can be reached into, and look the same everywhere.
-    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
 }
 
 QtMessageHandler& defaultMessageHandler()
@@ -94,34 +75,65 @@ int listPictures()
     return EXIT_SUCCESS;
 }
 
-int fail(const char* text)
+int fail(const QString& text)
 {
     QTextStream(stderr) << text << Qt::endl;
     return EXIT_FAILURE;
 }
 
+struct Wishes
+{
+    QString samples;
+    QString scale;
+    bool dark = false;
+    bool listOnly = false;
+    QStringList folders;
+    QString misunderstood; ///< why the command line makes no sense; empty when it does
+};
+
+Wishes readCommandLine(int argc, char** argv)
+{
+    QStringList words;
+    for (int i = 0; i < argc; ++i)
+        words << QString::fromLocal8Bit(argv[i]);
+    const QCommandLineOption samples(QStringLiteral("samples"), {}, QStringLiteral("FOLDER"),
+                                     QStringLiteral(SAMPLES_DIR));
+    const QCommandLineOption scale(QStringLiteral("scale"), {}, QStringLiteral("FACTOR"),
+                                   QStringLiteral("1"));
+    const QCommandLineOption dark(QStringLiteral("dark"));
+    const QCommandLineOption list(QStringLiteral("list"));
+    QCommandLineParser parser;
+    parser.addOptions({samples, scale, dark, list});
+    const bool understood = parser.parse(words);
+    return {parser.value(samples),        parser.value(scale),
+            parser.isSet(dark),           parser.isSet(list),
+            parser.positionalArguments(), understood ? QString() : parser.errorText()};
+}
+
 } // namespace
 
 /// The guided tour: a walk through the editor that checks what it does and takes pictures.
+///
+///     gaugewright_tour [--samples FOLDER] [--scale FACTOR] [--dark] FOLDER
+///     gaugewright_tour --list
 int main(int argc, char** argv)
 {
+    const Wishes wishes = readCommandLine(argc, argv);
+    if (!wishes.misunderstood.isEmpty())
+        return fail(wishes.misunderstood);
+    if (wishes.listOnly)
+        return listPictures();
+    if (wishes.folders.size() != 1)
+        return fail(QStringLiteral("Name one folder for the pictures."));
+    const QString& pictures = wishes.folders.first();
+    if (!QDir().mkpath(pictures))
+        return fail(QStringLiteral("The folder for the pictures cannot be made."));
+
     qputenv("QT_QPA_PLATFORM", "offscreen"); // the same pictures with and without a display
-    qputenv("QT_SCALE_FACTOR", "1");
+    qputenv("QT_SCALE_FACTOR", wishes.scale.toLatin1());
     defaultMessageHandler() = qInstallMessageHandler(dropPlatformComplaint);
     const QApplication application(argc, argv);
-    QStringList arguments = QApplication::arguments().mid(1);
-    if (arguments == QStringList{QStringLiteral("--list")})
-        return listPictures();
-    QString samples = QStringLiteral(SAMPLES_DIR);
-    if (arguments.size() == 3 && arguments.first() == QStringLiteral("--samples")) {
-        samples = arguments.at(1);
-        arguments.erase(arguments.begin(), arguments.begin() + 2);
-    }
-    if (arguments.size() != 1)
-        return fail(kUsage);
-    if (!QDir().mkpath(arguments.first()))
-        return fail("The folder for the pictures cannot be made.");
     applyApplicationIdentity();
-    applyFixedLook();
-    return takeTour(samples, arguments.first()) ? EXIT_SUCCESS : EXIT_FAILURE;
+    applyFixedLook(wishes.dark);
+    return takeTour(wishes.samples, pictures) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Takes the guided tour on light and dark desktops at the usual scales and keeps the pictures of each in
+# build/release/looks, to be looked at after a change to a widget.
+source "$(dirname "$0")/common.sh"
+
+build_preset release --target gaugewright_tour
+for scale in 1 1.25 1.5 2; do
+    for look in light dark; do
+        say "A $look desktop at scale $scale"
+        options=(--scale "$scale")
+        [ "$look" = light ] || options+=(--dark)
+        build/release/bin/gaugewright_tour "${options[@]}" "build/release/looks/$look-$scale"
+    done
+done
