@@ -43,18 +43,17 @@ Parts partsOf(pugi::xml_node element)
 {
     Parts parts;
     for (const pugi::xml_node child : XmlTree::objects(element)) {
-        const char* const className = XmlTree::classOf(child);
-        if (XmlTree::same(className, Class::kAxis)) {
+        if (XmlTree::hasClass(child, Class::kAxis)) {
             parts.axis = true;
-        } else if (XmlTree::same(className, Class::kDigit)) {
+        } else if (XmlTree::hasClass(child, Class::kDigit)) {
             parts.digit = true;
-        } else if (XmlTree::same(className, Class::kBar)) {
+        } else if (XmlTree::hasClass(child, Class::kBar)) {
             parts.bar = true;
-        } else if (XmlTree::same(className, Class::kAnalog)) {
+        } else if (XmlTree::hasClass(child, Class::kAnalog)) {
             parts.analog = true;
-        } else if (XmlTree::same(className, Class::kPictogram)) {
+        } else if (XmlTree::hasClass(child, Class::kPictogram)) {
             parts.icon = true;
-        } else if (XmlTree::same(className, Class::kLabel)) {
+        } else if (XmlTree::hasClass(child, Class::kLabel)) {
             ++parts.labels;
             parts.text = parts.text || hasText(child);
         }

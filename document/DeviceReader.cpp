@@ -34,7 +34,7 @@ ChannelDef readChannelRow(pugi::xml_node node)
 void appendChannels(pugi::xml_node list, std::vector<ChannelDef>& channels)
 {
     for (const pugi::xml_node child : XmlTree::objects(list)) {
-        if (!XmlTree::same(XmlTree::classOf(child), Class::kChannel))
+        if (!XmlTree::hasClass(child, Class::kChannel))
             continue;
         ChannelDef channel = readChannelRow(child);
         if (channel.fid > 0 && !channel.longName.isEmpty())
@@ -66,10 +66,9 @@ bool DashboardDocument::loadDeviceFile(const QString& path)
     if (!container)
         return false;
     for (const pugi::xml_node child : XmlTree::objects(container)) {
-        const char* const className = XmlTree::classOf(child);
-        if (XmlTree::same(className, Class::kDevice))
+        if (XmlTree::hasClass(child, Class::kDevice))
             readIdentity(child, m_deviceType, m_deviceTypeCode);
-        else if (XmlTree::same(className, Class::kChannelsList))
+        else if (XmlTree::hasClass(child, Class::kChannelsList))
             appendChannels(child, m_channels);
     }
     readDisplaySize();

@@ -25,23 +25,18 @@ std::int32_t nextElementNumber()
 void appendBlankPageProperties(pugi::xml_node page, const QString& name, int number, int width,
                                int height)
 {
-    // The maker's tools write exactly these keys in this (alphabetical) order.
-    XmlTree::appendProperty(page, "BKGCOL", QStringLiteral("0"));
-    XmlTree::appendProperty(page, "BTNXPG", QStringLiteral("0"));
+    // The maker's tools write exactly these keys, in the alphabetical order of their texts.
+    XmlTree::appendProperty(page, Key::kBackgroundColor, QStringLiteral("0"));
+    XmlTree::appendProperty(page, Key::kButtonsPerPage, QStringLiteral("0"));
     XmlTree::appendProperty(page, Key::kHeight, QString::number(height));
-    XmlTree::appendProperty(page, "NOMEEXT_FILE_RESOURCE", QString());
-    XmlTree::appendProperty(page, "ORDINE", QString::number(number + 1));
-    XmlTree::appendProperty(page, "PAGE_IDX", QString());
+    XmlTree::appendProperty(page, Key::kResourceFile, QString());
+    XmlTree::appendProperty(page, Key::kPageOrder, QString::number(number + 1));
+    XmlTree::appendProperty(page, Key::kPageIndex, QString());
     XmlTree::appendProperty(page, Key::kPageName, name);
-    XmlTree::appendProperty(page, "SET_IMAGE_xDISABLE", QStringLiteral("0"));
-    XmlTree::appendProperty(page, "USA_MASK_COL_E_THICKNESS", QStringLiteral("1"));
-    XmlTree::appendProperty(page, "VERSION", QStringLiteral("1.1"));
+    XmlTree::appendProperty(page, Key::kImageDisabled, QStringLiteral("0"));
+    XmlTree::appendProperty(page, Key::kUsesMaskColor, QStringLiteral("1"));
+    XmlTree::appendProperty(page, Key::kPageVersion, QStringLiteral("1.1"));
     XmlTree::appendProperty(page, Key::kWidth, QString::number(width));
-}
-
-bool isPage(pugi::xml_node object)
-{
-    return XmlTree::same(XmlTree::classOf(object), Class::kPage);
 }
 
 /// Inserts a copy of source so that it becomes the index-th page object of conf.
@@ -50,7 +45,7 @@ pugi::xml_node copyPageInto(pugi::xml_node conf, int index, pugi::xml_node sourc
     pugi::xml_node previous;
     int count = 0;
     for (const pugi::xml_node child : XmlTree::objects(conf)) {
-        if (!isPage(child))
+        if (!XmlTree::hasClass(child, Class::kPage))
             continue;
         if (count++ == index)
             return conf.insert_copy_before(source, child);
@@ -82,7 +77,7 @@ int DashboardDocument::addBlankPage(const QString& name)
     int number = 0;
     pugi::xml_node last;
     for (const pugi::xml_node child : XmlTree::objects(conf)) {
-        if (isPage(child)) {
+        if (XmlTree::hasClass(child, Class::kPage)) {
             ++number;
             last = child;
         }
@@ -195,7 +190,7 @@ bool DashboardDocument::removeElement(int pageIndex, int elementIndex)
 void DashboardDocument::writeChannelBinding(pugi::xml_node elementNode, const ChannelDef& channel)
 {
     for (const pugi::xml_node axis : XmlTree::objects(elementNode)) {
-        if (!XmlTree::same(XmlTree::classOf(axis), Class::kAxis))
+        if (!XmlTree::hasClass(axis, Class::kAxis))
             continue;
         for (const pugi::xml_node property : XmlTree::properties(axis)) {
             const char* const key = XmlTree::keyOf(property);

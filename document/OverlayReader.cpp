@@ -39,13 +39,13 @@ TextStyle readStyle(pugi::xml_node object)
     return style;
 }
 
-std::optional<ElementKind> kindOfClass(const char* className)
+std::optional<ElementKind> kindByClass(pugi::xml_node object)
 {
-    if (XmlTree::same(className, Class::kAnalog))
+    if (XmlTree::hasClass(object, Class::kAnalog))
         return ElementKind::Analog;
-    if (XmlTree::same(className, Class::kDigit))
+    if (XmlTree::hasClass(object, Class::kDigit))
         return ElementKind::Digit;
-    if (XmlTree::same(className, Class::kIcon))
+    if (XmlTree::hasClass(object, Class::kIcon))
         return ElementKind::Icon;
     return std::nullopt;
 }
@@ -82,15 +82,14 @@ void readKindAndStyles(pugi::xml_node node, DashElement& element)
 {
     std::optional<ElementKind> kind;
     for (const pugi::xml_node child : XmlTree::objects(node)) {
-        const char* const className = XmlTree::classOf(child);
         if (!kind)
-            kind = kindOfClass(className);
-        if (XmlTree::same(className, Class::kDigit)) {
+            kind = kindByClass(child);
+        if (XmlTree::hasClass(child, Class::kDigit)) {
             const TextStyle style = readStyle(child);
             element.valueFont = style.font;
             element.valueFontSize = style.size;
             element.valueColor = style.color;
-        } else if (XmlTree::same(className, Class::kLabel)) {
+        } else if (XmlTree::hasClass(child, Class::kLabel)) {
             const TextStyle style = readStyle(child);
             element.labelFont = style.font;
             element.labelFontSize = style.size;
@@ -127,7 +126,7 @@ bool DashboardDocument::loadOverlay(const QString& path)
 
     int ordinal = 0;
     for (const pugi::xml_node child : XmlTree::objects(confNode())) {
-        if (XmlTree::same(XmlTree::classOf(child), Class::kPage))
+        if (XmlTree::hasClass(child, Class::kPage))
             readPage(child, ordinal++);
     }
     return !m_pages.empty();
@@ -169,7 +168,7 @@ std::vector<DashElement> DashboardDocument::readElements(pugi::xml_node page)
 {
     std::vector<DashElement> elements;
     for (const pugi::xml_node child : XmlTree::objects(page)) {
-        if (XmlTree::same(XmlTree::classOf(child), Class::kElement))
+        if (XmlTree::hasClass(child, Class::kElement))
             elements.push_back(readElement(child));
     }
     return elements;

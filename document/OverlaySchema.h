@@ -1,7 +1,7 @@
 #pragma once
 
 /// Class names and property keys of the overlay and device files, as the logger maker's tools write
-/// them. They stand here and nowhere else.
+/// them. In the program they stand here and nowhere else.
 namespace OverlaySchema {
 
 inline constexpr char kOverlayRoot[] = "overlay_cli";
@@ -31,6 +31,15 @@ inline constexpr char kPageName[] = "PAGE_NAME";
 inline constexpr char kWidth[] = "WIDTH";   // of a page and of an element
 inline constexpr char kHeight[] = "HEIGHT"; // of a page and of an element
 inline constexpr char kPathImage[] = "PATH_IMAGE";
+// Of a page as well, but only written, into new ones.
+inline constexpr char kBackgroundColor[] = "BKGCOL";
+inline constexpr char kButtonsPerPage[] = "BTNXPG";
+inline constexpr char kResourceFile[] = "NOMEEXT_FILE_RESOURCE";
+inline constexpr char kPageOrder[] = "ORDINE";
+inline constexpr char kPageIndex[] = "PAGE_IDX";
+inline constexpr char kImageDisabled[] = "SET_IMAGE_xDISABLE";
+inline constexpr char kUsesMaskColor[] = "USA_MASK_COL_E_THICKNESS";
+inline constexpr char kPageVersion[] = "VERSION";
 
 inline constexpr char kXPos[] = "XPOS";
 inline constexpr char kYPos[] = "YPOS";

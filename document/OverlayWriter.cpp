@@ -77,10 +77,9 @@ void writeElement(pugi::xml_node node, const DashElement& element)
 {
     writeRectangle(node, element);
     for (const pugi::xml_node child : XmlTree::objects(node)) {
-        const char* const className = XmlTree::classOf(child);
-        if (XmlTree::same(className, Class::kDigit))
+        if (XmlTree::hasClass(child, Class::kDigit))
             writeStyle(child, element.valueFont, element.valueFontSize, element.valueColor);
-        else if (XmlTree::same(className, Class::kLabel))
+        else if (XmlTree::hasClass(child, Class::kLabel))
             writeStyle(child, element.labelFont, element.labelFontSize, element.labelColor);
     }
 }
@@ -89,7 +88,7 @@ void writePage(pugi::xml_node node, const DashPage& page)
 {
     auto element = page.elements.begin();
     for (const pugi::xml_node child : XmlTree::objects(node)) {
-        if (!XmlTree::same(XmlTree::classOf(child), Class::kElement))
+        if (!XmlTree::hasClass(child, Class::kElement))
             continue;
         if (element == page.elements.end())
             return;
@@ -113,7 +112,7 @@ bool DashboardDocument::writeBack(const QString& xmlPath)
         return false;
     auto page = m_pages.cbegin();
     for (const pugi::xml_node child : XmlTree::objects(conf)) {
-        if (!XmlTree::same(XmlTree::classOf(child), Class::kPage))
+        if (!XmlTree::hasClass(child, Class::kPage))
             continue;
         if (page == m_pages.cend())
             break;

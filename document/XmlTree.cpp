@@ -36,7 +36,7 @@ bool holdsJustText(pugi::xml_node property)
 pugi::xml_node nthObject(pugi::xml_node parent, const char* className, int index)
 {
     for (const pugi::xml_node child : objects(parent)) {
-        if (same(classOf(child), className) && index-- == 0)
+        if (hasClass(child, className) && index-- == 0)
             return child;
     }
     return {};

@@ -23,10 +23,10 @@ inline constexpr char kKey[] = "n";
     return std::strcmp(left, right) == 0;
 }
 
-/// The class of an object, empty when it carries none.
-[[nodiscard]] inline const char* classOf(pugi::xml_node object)
+/// Whether that is the object's class; an object that carries none is of class "".
+[[nodiscard]] inline bool hasClass(pugi::xml_node object, const char* className)
 {
-    return object.attribute(kClass).as_string();
+    return same(object.attribute(kClass).as_string(), className);
 }
 
 /// The key of a property, empty when it carries none.

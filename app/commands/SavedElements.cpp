@@ -10,7 +10,7 @@ namespace {
 
 bool isElement(pugi::xml_node node)
 {
-    return XmlTree::same(XmlTree::classOf(node), OverlaySchema::Class::kElement);
+    return XmlTree::hasClass(node, OverlaySchema::Class::kElement);
 }
 
 int countOthersBefore(pugi::xml_node element)

@@ -25,8 +25,7 @@ QByteArray randomOverlay()
 
 bool isStyleObject(pugi::xml_node object)
 {
-    const std::string className = XmlTree::classOf(object);
-    return className == "Digit" || className == "Label";
+    return XmlTree::hasClass(object, "Digit") || XmlTree::hasClass(object, "Label");
 }
 
 /// Whether a save may change the text of this property.
@@ -36,7 +35,7 @@ bool isEditable(pugi::xml_node property)
     static const std::set<std::string> style{"CHARSET_DIM", "CHAR_SET_ID_2", "COLORE"};
     const std::string key = XmlTree::keyOf(property);
     const pugi::xml_node object = property.parent();
-    if (XmlTree::same(XmlTree::classOf(object), OverlaySchema::Class::kElement))
+    if (XmlTree::hasClass(object, OverlaySchema::Class::kElement))
         return rectangle.contains(key);
     return isStyleObject(object) && style.contains(key);
 }

@@ -31,6 +31,16 @@ private:
 
 } // namespace
 
+TEST_F(XmlTreeTest, AnObjectHasExactlyItsOwnClass)
+{
+    const pugi::xml_node object = load(R"(<e c="Axis"/>)");
+    EXPECT_TRUE(XmlTree::hasClass(object, "Axis"));
+    EXPECT_FALSE(XmlTree::hasClass(object, "axis"));
+    EXPECT_FALSE(XmlTree::hasClass(object, "Axi"));
+    EXPECT_FALSE(XmlTree::hasClass(load(R"(<e i="Axis"/>)"), "Axis"));
+    EXPECT_FALSE(XmlTree::hasClass({}, "Axis"));
+}
+
 TEST_F(XmlTreeTest, FindsTheNthObjectOfAClass)
 {
     const pugi::xml_node root = load(

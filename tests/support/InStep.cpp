@@ -16,7 +16,7 @@ std::vector<pugi::xml_node> objectsOf(pugi::xml_node parent, const char* classNa
 {
     std::vector<pugi::xml_node> result;
     for (const pugi::xml_node child : XmlTree::objects(parent)) {
-        if (XmlTree::same(XmlTree::classOf(child), className))
+        if (XmlTree::hasClass(child, className))
             result.push_back(child);
     }
     return result;
