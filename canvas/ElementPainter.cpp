@@ -16,7 +16,8 @@ constexpr QColor kUnboundColor(150, 150, 150);
 constexpr QColor kBoundColor(200, 200, 200);
 constexpr QColor kCaptionColor(160, 160, 160);
 
-// The raster engine computes in 32 bits with a fraction: beyond this, shapes would wrap around.
+// The raster engine and the elision of texts compute in 32 bits with a fraction: far enough beyond
+// this, they would wrap around.
 constexpr double kFarthestPixel = 16'384;
 
 QColor tint(ElementKind kind)
@@ -48,7 +49,8 @@ bool isFar(double coordinate)
     return coordinate < -kFarthestPixel || coordinate > kFarthestPixel;
 }
 
-/// The rectangle itself, or for one that reaches absurdly far what can be drawn of it.
+/// The rectangle itself, or for one that reaches absurdly far what can be drawn of it. Those of its
+/// edges that can be seen stay where they are, its middle does not.
 QRectF drawable(const QRectF& rect)
 {
     if (!isFar(rect.left()) && !isFar(rect.right()) && !isFar(rect.top()) && !isFar(rect.bottom()))
@@ -72,8 +74,8 @@ ElementPainter::ElementPainter(QPainter& painter, const PageTransform& transform
 
 void ElementPainter::draw(const DashElement& element, bool selected) const
 {
-    const QRectF rect = drawable(m_transform.map(geometryOf(element)));
-    drawBox(rect, element, selected);
+    const QRectF rect = m_transform.map(geometryOf(element));
+    drawBox(drawable(rect), element, selected);
     if (m_live.session && m_live.session->isLoaded() && !element.channelLongName.isEmpty())
         drawLive(rect, element);
     else
@@ -142,7 +144,8 @@ void ElementPainter::drawPlaceholder(const QRectF& rect, const DashElement& elem
 void ElementPainter::drawName(const QRectF& rect, const QString& name, Qt::Alignment where) const
 {
     constexpr int kPadding = 4; // both sides together
-    const int width = Saturate::truncate(rect.width()) - kPadding;
-    m_painter.drawText(rect.adjusted(2, 1, -2, -1), static_cast<int>(where),
+    const QRectF shown = drawable(rect);
+    const int width = Saturate::truncate(shown.width()) - kPadding;
+    m_painter.drawText(shown.adjusted(2, 1, -2, -1), static_cast<int>(where),
                        m_texts.elided(name, m_painter.font(), width));
 }

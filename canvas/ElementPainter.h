@@ -9,9 +9,12 @@
 
 class QPainter;
 
-/// Draws elements as tinted, outlined boxes, with the live value of their channel or with their
-/// names. Lives for one painting; keeps references to what it is given. The painter's font goes on
-/// from element to element, so only the first one's weight is the canvas's own.
+/// Draws elements as tinted, outlined boxes: with the live value and the name of their channel, or
+/// without a value with the names of channel and element. Lives for one painting; keeps references
+/// to what it is given.
+///
+/// The painter's pen and font go on from element to element. So names without a value have the
+/// weight of the painter's own font until the first live value, and normal weight from then on.
 class ElementPainter
 {
 public:

@@ -288,6 +288,24 @@ TEST_F(LiveValue, LayoutsWithoutARecordingTraceNothing)
     EXPECT_FALSE(QFileInfo::exists(FixedPaths::channelTraceFile()));
 }
 
+TEST_F(LiveValue, ABoxThatReachesFarBeyondThePageShowsItsValueInItsMiddle)
+{
+    addLive("Water Temp", ElementKind::Digit, {-20'000, 100, 41'000, 60}); // its middle at 500
+    addLive("Ratio", ElementKind::Digit, {100, -20'000, 150, 40'600}).valueFontSize = 30;
+    EXPECT_EQ(picture(), expected({"57.3", "0.50"}));
+}
+
+TEST_F(LiveValue, TheValueOfABoxWhoseMiddleIsFarAwayIsNotSeen)
+{
+    addLive("Water Temp", ElementKind::Digit, {100, 100, 10'000, 60});
+    const QImage far = picture();
+    constexpr int kFixedPointRange = 1 << 26; // pixels: text positions have 6 bits of fraction
+    for (const int width : {2'000'000'000, 2 * kFixedPointRange + 600}) {
+        element(0).w = width;
+        EXPECT_EQ(picture(), far) << width;
+    }
+}
+
 TEST_F(LiveValue, AbsurdElementsAndValuesAreHarmless)
 {
     constexpr int kMax = 2'147'483'647;
