@@ -2,6 +2,7 @@
 
 #include "canvas/DashCanvas.h"
 
+#include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QUndoStack>
@@ -21,29 +22,18 @@
     return element;
 }
 
-/// A canvas that shows a bare page of 800 x 480 at 1:1, its origin at (10, 10) of the widget, with
-/// an undo stack.
-class CanvasFixture : public ::testing::Test
+/// A canvas on which a page of 800 x 480 stands at 1:1, its origin at (10, 10) of the widget, with
+/// an undo stack; and the mouse and the shortcuts that it gets.
+class CanvasMouseFixture : public ::testing::Test
 {
 protected:
     static constexpr int kOrigin = 10;
 
-    CanvasFixture()
+    CanvasMouseFixture()
     {
-        m_page.width = 800;
-        m_page.height = 480;
         m_canvas.resize(800 + 2 * kOrigin, 480 + 2 * kOrigin);
         m_canvas.setUndoStack(&m_stack);
-        m_canvas.setPage(&m_page);
     }
-
-    void add(const ElementGeometry& geometry)
-    {
-        m_page.elements.push_back(
-            makeElement(QStringLiteral("mask.%1").arg(m_page.elements.size()), geometry));
-    }
-
-    [[nodiscard]] DashElement& element(std::size_t index) { return m_page.elements.at(index); }
 
     /// The widget pixel that shows a display pixel.
     [[nodiscard]] static QPoint at(int x, int y) { return {x + kOrigin, y + kOrigin}; }
@@ -69,7 +59,36 @@ protected:
         release(point);
     }
 
-    DashPage m_page;
+    /// Lets the canvas know of a shortcut as Qt does before the shortcut's command runs.
+    void announceShortcut(QKeySequence::StandardKey standardKey)
+    {
+        const QKeyCombination key = QKeySequence(standardKey)[0];
+        QKeyEvent event(QEvent::ShortcutOverride, key.key(), key.keyboardModifiers());
+        QCoreApplication::sendEvent(&m_canvas, &event);
+    }
+
     QUndoStack m_stack;
     DashCanvas m_canvas;
+};
+
+/// Such a canvas that shows a bare page, of no document.
+class CanvasFixture : public CanvasMouseFixture
+{
+protected:
+    CanvasFixture()
+    {
+        m_page.width = 800;
+        m_page.height = 480;
+        m_canvas.setPage(&m_page);
+    }
+
+    void add(const ElementGeometry& geometry)
+    {
+        m_page.elements.push_back(
+            makeElement(QStringLiteral("mask.%1").arg(m_page.elements.size()), geometry));
+    }
+
+    [[nodiscard]] DashElement& element(std::size_t index) { return m_page.elements.at(index); }
+
+    DashPage m_page;
 };

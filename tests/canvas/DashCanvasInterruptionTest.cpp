@@ -12,7 +12,7 @@ namespace {
 
 /// A canvas on the first of two pages of a real document, re-pointed after every change of the undo
 /// stack as the main window does it.
-class DashCanvasInDocument : public ::testing::Test
+class DashCanvasInDocument : public CanvasMouseFixture
 {
 protected:
     DashCanvasInDocument()
@@ -26,8 +26,6 @@ protected:
                                           digitElement("a.1", 200, 100, 50, 40)}),
                        TestPackage::page("B", 800, 480, {digitElement("b.0", 100, 100, 50, 40)})}));
         EXPECT_TRUE(m_document.loadOverlay(path));
-        m_canvas.resize(820, 500);
-        m_canvas.setUndoStack(&m_stack);
         m_canvas.setDocument(&m_document);
         m_canvas.setPage(m_document.pageAt(0));
         QObject::connect(&m_stack, &QUndoStack::indexChanged, &m_canvas, [this] {
@@ -40,23 +38,8 @@ protected:
         return m_document.pageAt(0)->elements.at(index);
     }
 
-    void press(int x, int y) { QTest::mousePress(&m_canvas, Qt::LeftButton, {}, {x + 10, y + 10}); }
-    void moveTo(int x, int y) { QTest::mouseMove(&m_canvas, {x + 10, y + 10}); }
-    void release(int x, int y)
-    {
-        QTest::mouseRelease(&m_canvas, Qt::LeftButton, {}, {x + 10, y + 10});
-    }
-    void drag(const QPoint& from, const QPoint& to)
-    {
-        press(from.x(), from.y());
-        moveTo(to.x(), to.y());
-        release(to.x(), to.y());
-    }
-
     QTemporaryDir m_folder;
     DashboardDocument m_document;
-    QUndoStack m_stack;
-    DashCanvas m_canvas;
     int m_shownPage = 0;
 };
 
@@ -66,7 +49,7 @@ using DashCanvasOnBarePage = CanvasFixture;
 
 TEST_F(DashCanvasInDocument, AStepFindsItsElementAfterThePagesHaveMoved)
 {
-    drag({120, 120}, {140, 120});
+    drag(at(120, 120), at(140, 120));
     for (int i = 0; i < 50; ++i)
         m_stack.push(new NewPageCommand(&m_document, QStringLiteral("new")));
     while (m_stack.canUndo())
@@ -79,7 +62,7 @@ TEST_F(DashCanvasInDocument, AStepFindsItsElementAfterThePagesHaveMoved)
 
 TEST_F(DashCanvasInDocument, AStepFindsItsElementAfterADeletionWasUndone)
 {
-    drag({220, 120}, {240, 120});
+    drag(at(220, 120), at(240, 120));
     m_stack.push(new DeleteCommand(&m_document, 0, 0));
     m_stack.push(new DeleteCommand(&m_document, 0, 0));
     m_stack.undo();
@@ -92,7 +75,7 @@ TEST_F(DashCanvasInDocument, AStepFindsItsElementAfterADeletionWasUndone)
 TEST_F(DashCanvasInDocument, TheSelectionSurvivesItsOwnStep)
 {
     QSignalSpy moved(&m_canvas, &DashCanvas::elementMoved);
-    drag({220, 120}, {240, 120});
+    drag(at(220, 120), at(240, 120));
     EXPECT_EQ(m_canvas.selectedIndex(), 1);
     ASSERT_EQ(moved.count(), 1);
     EXPECT_EQ(moved[0], (QVariantList{1, 220, 100}));
@@ -100,28 +83,43 @@ TEST_F(DashCanvasInDocument, TheSelectionSurvivesItsOwnStep)
 
 TEST_F(DashCanvasInDocument, UndoByKeyTakesTheDragBackFirst)
 {
-    drag({220, 120}, {240, 120}); // one step on the other element
-    press(120, 120);
-    moveTo(300, 300);
-    QKeyEvent undoKey(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
-    QCoreApplication::sendEvent(&m_canvas, &undoKey);
+    drag(at(220, 120), at(240, 120)); // one step on the other element
+    press(at(120, 120));
+    moveTo(at(300, 300));
+    announceShortcut(QKeySequence::Undo);
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
     m_stack.undo();
-    moveTo(320, 300);
-    release(320, 300);
+    moveTo(at(320, 300));
+    release(at(320, 300));
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
     EXPECT_EQ(geometryOf(element(1)), (ElementGeometry{200, 100, 50, 40}));
     EXPECT_EQ(m_stack.count(), 1);
     EXPECT_TRUE(m_stack.canRedo());
 }
 
+TEST_F(DashCanvasInDocument, RedoByKeyTakesTheDragBackFirst)
+{
+    drag(at(220, 120), at(240, 120)); // one step on the other element
+    m_stack.undo();
+    press(at(120, 120));
+    moveTo(at(300, 300));
+    announceShortcut(QKeySequence::Redo);
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    m_stack.redo();
+    moveTo(at(320, 300));
+    release(at(320, 300));
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(geometryOf(element(1)), (ElementGeometry{220, 100, 50, 40}));
+    EXPECT_EQ(m_stack.count(), 1);
+    EXPECT_TRUE(m_stack.canUndo());
+}
+
 TEST_F(DashCanvasInDocument, UndoByKeyOfTheDraggedElementsOwnStepReturnsExactly)
 {
-    drag({120, 120}, {140, 120});
-    press(140, 120);
-    moveTo(120, 120); // by chance where the undo will put it
-    QKeyEvent undoKey(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
-    QCoreApplication::sendEvent(&m_canvas, &undoKey);
+    drag(at(120, 120), at(140, 120));
+    press(at(140, 120));
+    moveTo(at(120, 120)); // by chance where the undo will put it
+    announceShortcut(QKeySequence::Undo);
     m_stack.undo();
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
     m_stack.redo();
@@ -130,24 +128,24 @@ TEST_F(DashCanvasInDocument, UndoByKeyOfTheDraggedElementsOwnStepReturnsExactly)
 
 TEST_F(DashCanvasInDocument, AnUndoFromElsewhereTakesTheDragBackToo)
 {
-    drag({220, 120}, {240, 120});
-    press(120, 120);
-    moveTo(300, 300);
+    drag(at(220, 120), at(240, 120));
+    press(at(120, 120));
+    moveTo(at(300, 300));
     m_stack.undo();
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
-    moveTo(320, 300);
-    release(320, 300);
+    moveTo(at(320, 300));
+    release(at(320, 300));
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
     EXPECT_EQ(m_stack.count(), 1);
 }
 
 TEST_F(DashCanvasInDocument, AnUndoOfTheDraggedElementsOwnStepWins)
 {
-    drag({120, 120}, {140, 120});
-    press(140, 120);
-    moveTo(300, 300);
+    drag(at(120, 120), at(140, 120));
+    press(at(140, 120));
+    moveTo(at(300, 300));
     m_stack.undo();
-    release(300, 300);
+    release(at(300, 300));
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
     EXPECT_EQ(m_stack.index(), 0);
 }
@@ -156,9 +154,9 @@ TEST_F(DashCanvasInDocument, ADragIsTakenBackAlsoWhenTheElementsIndexHasChanged)
 {
     m_stack.push(new DeleteCommand(&m_document, 0, 0));
     m_stack.disconnect(&m_canvas);
-    press(220, 120);
+    press(at(220, 120));
     ASSERT_EQ(m_canvas.selectedIndex(), 0);
-    moveTo(300, 300);
+    moveTo(at(300, 300));
     m_stack.undo();
     m_canvas.rebindPage(m_document.pageAt(0), 1);
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
@@ -167,14 +165,14 @@ TEST_F(DashCanvasInDocument, ADragIsTakenBackAlsoWhenTheElementsIndexHasChanged)
 
 TEST_F(DashCanvasInDocument, AnElementThatIsDeletedInADragComesBackWhereItWas)
 {
-    press(120, 120);
-    moveTo(300, 300);
+    press(at(120, 120));
+    moveTo(at(300, 300));
     QObject::connect(&m_canvas, &DashCanvas::deleteRequested, &m_canvas, [this](int index) {
         m_stack.push(new DeleteCommand(&m_document, 0, index));
         m_canvas.clearSelectionAndRepaint();
     });
     QTest::keyClick(&m_canvas, Qt::Key_Backspace);
-    release(300, 300);
+    release(at(300, 300));
     EXPECT_EQ(m_document.pageAt(0)->elements.size(), 1U);
     m_stack.undo();
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
@@ -182,20 +180,26 @@ TEST_F(DashCanvasInDocument, AnElementThatIsDeletedInADragComesBackWhereItWas)
 
 TEST_F(DashCanvasInDocument, TheDeleteShortcutTakesTheDragBackFirst)
 {
-    press(120, 120);
-    moveTo(300, 300);
-    QKeyEvent deleteKey(QEvent::ShortcutOverride, Qt::Key_Delete, Qt::NoModifier);
-    QCoreApplication::sendEvent(&m_canvas, &deleteKey);
+    press(at(120, 120));
+    moveTo(at(300, 300));
+    announceShortcut(QKeySequence::Delete);
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    m_stack.push(new DeleteCommand(&m_document, 0, 0));
+    moveTo(at(320, 300));
+    release(at(320, 300));
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{200, 100, 50, 40})) << "the one left";
+    EXPECT_EQ(m_stack.count(), 1);
+    m_stack.undo();
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
 }
 
 TEST_F(DashCanvasInDocument, OtherKeysLeaveADragAlone)
 {
-    press(120, 120);
-    moveTo(140, 120);
+    press(at(120, 120));
+    moveTo(at(140, 120));
     QTest::keyClick(&m_canvas, Qt::Key_Control);
     QTest::keyClick(&m_canvas, Qt::Key_Z);
-    release(140, 120);
+    release(at(140, 120));
     EXPECT_EQ(element(0).x, 120);
     EXPECT_EQ(m_stack.count(), 1);
 }
@@ -206,23 +210,23 @@ TEST_F(DashCanvasInDocument, AnUndoThatRemovesTheShownPageEndsTheDragSafely)
     m_shownPage = 2;
     m_document.pageAt(2)->elements.push_back(makeElement(QStringLiteral("n"), {100, 100, 50, 40}));
     m_canvas.setPage(m_document.pageAt(2));
-    press(120, 120);
-    moveTo(300, 300);
+    press(at(120, 120));
+    moveTo(at(300, 300));
     m_stack.undo();
     EXPECT_EQ(m_canvas.page(), nullptr);
     EXPECT_EQ(m_canvas.selectedIndex(), -1);
-    moveTo(310, 300);
-    release(310, 300);
+    moveTo(at(310, 300));
+    release(at(310, 300));
     EXPECT_EQ(m_stack.count(), 1);
 }
 
 TEST_F(DashCanvasInDocument, APageChangeInADragLeavesTheElementWhereItIs)
 {
-    press(120, 120);
-    moveTo(140, 120);
+    press(at(120, 120));
+    moveTo(at(140, 120));
     m_canvas.setPage(m_document.pageAt(1));
-    moveTo(300, 300);
-    release(300, 300);
+    moveTo(at(300, 300));
+    release(at(300, 300));
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{120, 100, 50, 40}));
     EXPECT_EQ(geometryOf(m_document.pageAt(1)->elements[0]), (ElementGeometry{100, 100, 50, 40}));
     EXPECT_EQ(m_stack.count(), 0);
@@ -233,7 +237,7 @@ TEST_F(DashCanvasInDocument, APageThatIsNotTheDocumentsIsEditedItself)
     DashPage bare = m_document.pages()[0];
     m_canvas.setPage(&bare);
     m_stack.disconnect(&m_canvas);
-    drag({120, 120}, {140, 120});
+    drag(at(120, 120), at(140, 120));
     EXPECT_EQ(bare.elements[0].x, 120);
     EXPECT_EQ(element(0).x, 100);
     m_stack.undo();
@@ -244,7 +248,7 @@ TEST_F(DashCanvasInDocument, StepsOnTheSecondPageStayOnTheSecondPage)
 {
     m_shownPage = 1;
     m_canvas.setPage(m_document.pageAt(1));
-    drag({120, 120}, {140, 120});
+    drag(at(120, 120), at(140, 120));
     EXPECT_EQ(m_document.pageAt(1)->elements[0].x, 120);
     EXPECT_EQ(element(0).x, 100);
     m_stack.undo();
@@ -255,7 +259,7 @@ TEST_F(DashCanvasInDocument, AListenerMayDropThePageWhenAnElementIsSelected)
 {
     QObject::connect(&m_canvas, &DashCanvas::elementSelected, &m_canvas,
                      [this] { m_canvas.setPage(nullptr); });
-    drag({120, 120}, {140, 120});
+    drag(at(120, 120), at(140, 120));
     EXPECT_EQ(element(0).x, 100);
     EXPECT_EQ(m_stack.count(), 0);
 }
@@ -266,7 +270,7 @@ TEST_F(DashCanvasInDocument, AListenerMayDropThePageWhenAStepIsPushed)
     QObject::connect(&m_stack, &QUndoStack::indexChanged, &m_canvas,
                      [this] { m_canvas.setPage(nullptr); });
     QSignalSpy moved(&m_canvas, &DashCanvas::elementMoved);
-    drag({120, 120}, {140, 120});
+    drag(at(120, 120), at(140, 120));
     EXPECT_EQ(element(0).x, 120);
     EXPECT_EQ(moved.count(), 0);
 }
@@ -310,11 +314,11 @@ TEST_F(DashCanvasOnBarePage, RebindingToAnotherElementLeavesTheDraggedOne)
 
 TEST_F(DashCanvasInDocument, AnUndoThatLandsWhereTheDragStoodIsKept)
 {
-    drag({120, 120}, {140, 120});
-    press(140, 120);
-    moveTo(120, 120); // by chance where the undo will put it
+    drag(at(120, 120), at(140, 120));
+    press(at(140, 120));
+    moveTo(at(120, 120)); // by chance where the undo will put it
     m_stack.undo();
-    release(120, 120);
+    release(at(120, 120));
     EXPECT_EQ(element(0).x, 100);
     EXPECT_EQ(m_stack.count(), 1);
     EXPECT_TRUE(m_stack.canRedo());
@@ -353,11 +357,22 @@ TEST_F(DashCanvasOnBarePage, TheUndoKeyLeavesADragAloneWhenThereIsNothingToUndo)
     add({100, 100, 50, 40});
     press(at(120, 120));
     moveTo(at(160, 120));
-    QKeyEvent undoKey(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
-    QCoreApplication::sendEvent(&m_canvas, &undoKey);
+    announceShortcut(QKeySequence::Undo);
     release(at(160, 120));
     EXPECT_EQ(element(0).x, 140);
     EXPECT_EQ(m_stack.count(), 1);
+}
+
+TEST_F(DashCanvasOnBarePage, TheRedoKeyLeavesADragAloneWhenThereIsNothingToRedo)
+{
+    add({100, 100, 50, 40});
+    drag(at(120, 120), at(140, 120)); // something to undo
+    press(at(140, 120));
+    moveTo(at(160, 120));
+    announceShortcut(QKeySequence::Redo);
+    release(at(160, 120));
+    EXPECT_EQ(element(0).x, 140);
+    EXPECT_EQ(m_stack.count(), 2);
 }
 
 TEST_F(DashCanvasOnBarePage, AFormerUndoStackIsNotHeardAnyMore)
