@@ -18,6 +18,12 @@ struct ScriptedChannel
     std::optional<int> claimedCount = std::nullopt;  ///< none: the number of times
 };
 
+/// A channel that ends at that time, in the reader's unit, and goes from 0 to 10.
+[[nodiscard]] inline ScriptedChannel endingAt(const char* name, double end)
+{
+    return {name, {0.0, end}, {0.0, 10.0}};
+}
+
 /// A reader library whose answers a test writes down as data, and that writes down every call.
 ///
 /// path() names a real shared library for the loader; libraryWithout() names copies of it that lack

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using ChannelMatcher::match;
@@ -21,11 +23,6 @@ QStringList names(std::initializer_list<const char*> all)
 
 const QString kNone;
 
-QString operator""_q(const char* text, std::size_t length)
-{
-    return QString::fromUtf8(text, static_cast<qsizetype>(length));
-}
-
 TEST(ChannelMatcher, MatchesNothingForAnEmptyName)
 {
     EXPECT_EQ(matchOf("", names({"", "rpm"})), kNone);
@@ -39,41 +36,41 @@ TEST(ChannelMatcher, MatchesNothingInAnEmptyRecording)
 
 TEST(ChannelMatcher, IgnoresCaseFirst)
 {
-    EXPECT_EQ(matchOf("RPM", names({"rpm"})), "rpm"_q);
-    EXPECT_EQ(matchOf("Öl-Temperatur", names({"öl-temperatur"})), "öl-temperatur"_q);
+    EXPECT_EQ(matchOf("RPM", names({"rpm"})), u"rpm"_s);
+    EXPECT_EQ(matchOf("Öl-Temperatur", names({"öl-temperatur"})), u"öl-temperatur"_s);
 }
 
 TEST(ChannelMatcher, PrefersEqualButForCaseToEarlierEqualButForBlanks)
 {
-    EXPECT_EQ(matchOf("gear pos", names({"GEAR_POS", "Gear Pos"})), "Gear Pos"_q);
+    EXPECT_EQ(matchOf("gear pos", names({"GEAR_POS", "Gear Pos"})), u"Gear Pos"_s);
 }
 
 TEST(ChannelMatcher, IgnoresUnderscoresAndBlanksSecond)
 {
-    EXPECT_EQ(matchOf("Gear_Pos", names({"GearPos"})), "GearPos"_q);
-    EXPECT_EQ(matchOf("GearPos", names({"_gear  pos_"})), "_gear  pos_"_q);
+    EXPECT_EQ(matchOf("Gear_Pos", names({"GearPos"})), u"GearPos"_s);
+    EXPECT_EQ(matchOf("GearPos", names({"_gear  pos_"})), u"_gear  pos_"_s);
 }
 
 TEST(ChannelMatcher, TakesTheFirstOfSeveralEqualButForBlanks)
 {
-    EXPECT_EQ(matchOf("gearpos", names({"gear pos", "gear_pos"})), "gear pos"_q);
+    EXPECT_EQ(matchOf("gearpos", names({"gear pos", "gear_pos"})), u"gear pos"_s);
 }
 
 TEST(ChannelMatcher, PrefersEqualButForBlanksToBetterWords)
 {
-    EXPECT_EQ(matchOf("oil temp", names({"oil temp x", "oiltemp"})), "oiltemp"_q);
+    EXPECT_EQ(matchOf("oil temp", names({"oil temp x", "oiltemp"})), u"oiltemp"_s);
 }
 
 TEST(ChannelMatcher, LetsAMatchWithAnEmptyNameEndTheSearch)
 {
     // Both are empty once compacted. The recorded name is the answer, although it says "none".
     EXPECT_EQ(matchOf("_", names({"", "a_"})), kNone);
-    EXPECT_EQ(matchOf("_", names({" ", "a_"})), " "_q);
+    EXPECT_EQ(matchOf("_", names({" ", "a_"})), u" "_s);
 }
 
 TEST(ChannelMatcher, SeparatesWordsAtBlanksAndUnderscoresOnly)
 {
-    EXPECT_EQ(matchOf("oil-temp", names({"temp oil x", "x"})), "temp oil x"_q); // "oil" is in it
+    EXPECT_EQ(matchOf("oil-temp", names({"temp oil x", "x"})), u"temp oil x"_s); // "oil" is in it
     EXPECT_EQ(matchOf("abc-def", names({"abc.xyz def-abc"})), kNone);
     EXPECT_EQ(matchOf("a\tb", names({"b\ta"})), kNone);
 }
@@ -81,8 +78,8 @@ TEST(ChannelMatcher, SeparatesWordsAtBlanksAndUnderscoresOnly)
 TEST(ChannelMatcher, PassesOverAnotherSide)
 {
     const QStringList recorded = names({"Port_Engine_RPM", "Stbd_Engine_RPM"});
-    EXPECT_EQ(matchOf("port rpm", recorded), "Port_Engine_RPM"_q);
-    EXPECT_EQ(matchOf("stbd rpm", recorded), "Stbd_Engine_RPM"_q);
+    EXPECT_EQ(matchOf("port rpm", recorded), u"Port_Engine_RPM"_s);
+    EXPECT_EQ(matchOf("stbd rpm", recorded), u"Stbd_Engine_RPM"_s);
 }
 
 TEST(ChannelMatcher, PassesOverAChannelWithoutSideWhenASideIsAskedFor)
@@ -95,72 +92,72 @@ TEST(ChannelMatcher, KeepsStbdAndStarApart)
 {
     EXPECT_EQ(matchOf("star rpm", names({"Stbd RPM"})), kNone);
     EXPECT_EQ(matchOf("stbd rpm", names({"Star RPM"})), kNone);
-    EXPECT_EQ(matchOf("star rpm", names({"Star Engine RPM"})), "Star Engine RPM"_q);
+    EXPECT_EQ(matchOf("star rpm", names({"Star Engine RPM"})), u"Star Engine RPM"_s);
 }
 
 TEST(ChannelMatcher, SeesASideInTheFirstWholeWordOnly)
 {
-    EXPECT_EQ(matchOf("portside rpm", names({"rpm"})), "rpm"_q);
-    EXPECT_EQ(matchOf("rpm port", names({"rpm main x"})), "rpm main x"_q);
-    EXPECT_EQ(matchOf("starboard rpm", names({"engine rpm x"})), "engine rpm x"_q);
+    EXPECT_EQ(matchOf("portside rpm", names({"rpm"})), u"rpm"_s);
+    EXPECT_EQ(matchOf("rpm port", names({"rpm main x"})), u"rpm main x"_s);
+    EXPECT_EQ(matchOf("starboard rpm", names({"engine rpm x"})), u"engine rpm x"_s);
 }
 
 TEST(ChannelMatcher, PrefersNoSideWhenNoneIsAskedFor)
 {
-    EXPECT_EQ(matchOf("rpm", names({"Engine RPM Avg", "Port RPM"})), "Engine RPM Avg"_q);
+    EXPECT_EQ(matchOf("rpm", names({"Engine RPM Avg", "Port RPM"})), u"Engine RPM Avg"_s);
     // 10 - 3 = 7 is above 5, and above the 5 of a part of a word.
-    EXPECT_EQ(matchOf("rpm", names({"Port RPM", "xrpmx yy"})), "Port RPM"_q);
+    EXPECT_EQ(matchOf("rpm", names({"Port RPM", "xrpmx yy"})), u"Port RPM"_s);
     // 5 - 3 = 2 is not enough.
     EXPECT_EQ(matchOf("rpm", names({"Port xRPM"})), kNone);
 }
 
 TEST(ChannelMatcher, CountsPartsOfWordsInBothDirections)
 {
-    EXPECT_EQ(matchOf("Water Temp", names({"WaterTemp1"})), "WaterTemp1"_q);
-    EXPECT_EQ(matchOf("WaterTemp1", names({"temp xx"})), "temp xx"_q);
+    EXPECT_EQ(matchOf("Water Temp", names({"WaterTemp1"})), u"WaterTemp1"_s);
+    EXPECT_EQ(matchOf("WaterTemp1", names({"temp xx"})), u"temp xx"_s);
 }
 
 TEST(ChannelMatcher, AcceptsFiveAndNoLess)
 {
-    EXPECT_EQ(matchOf("Oil", names({"Boil Count"})), "Boil Count"_q); // one part: exactly 5
-    EXPECT_EQ(matchOf("Oil", names({"Water"})), kNone);               // equal number of words: 2
+    EXPECT_EQ(matchOf("Oil", names({"Boil Count"})), u"Boil Count"_s); // one part: exactly 5
+    EXPECT_EQ(matchOf("Oil", names({"Water"})), kNone);                // equal number of words: 2
 }
 
 TEST(ChannelMatcher, LetsTheFirstRelatedWordDecide)
 {
     // "speed" meets "speedo" first and earns 5, so that the equal number of words (7) wins.
-    EXPECT_EQ(matchOf("speed", names({"speedo speed", "xspeed"})), "xspeed"_q);
+    EXPECT_EQ(matchOf("speed", names({"speedo speed", "xspeed"})), u"xspeed"_s);
     // With the equal word first, 10 wins against 7.
-    EXPECT_EQ(matchOf("speed", names({"speed speedo", "xspeed"})), "speed speedo"_q);
+    EXPECT_EQ(matchOf("speed", names({"speed speedo", "xspeed"})), u"speed speedo"_s);
 }
 
 TEST(ChannelMatcher, AwardsEachWantedWordOnce)
 {
     // "oil" 10 against "oil", and no more for the second "oil"; "pan" 10 + 2 for two words wins.
-    EXPECT_EQ(matchOf("oil pan", names({"oil oil oil", "pan x"})), "pan x"_q);
+    EXPECT_EQ(matchOf("oil pan", names({"oil oil oil", "pan x"})), u"pan x"_s);
 }
 
 TEST(ChannelMatcher, ScoresARepeatedWantedWordEachTime)
 {
-    EXPECT_EQ(matchOf("oil oil", names({"oil", "oil temp"})), "oil temp"_q); // 20 + 2
-    EXPECT_EQ(matchOf("oil oil x", names({"oil", "yy x"})), "oil"_q);        // 20 against 10
+    EXPECT_EQ(matchOf("oil oil", names({"oil", "oil temp"})), u"oil temp"_s); // 20 + 2
+    EXPECT_EQ(matchOf("oil oil x", names({"oil", "yy x"})), u"oil"_s);        // 20 against 10
 }
 
 TEST(ChannelMatcher, RewardsTheSameNumberOfWords)
 {
-    EXPECT_EQ(matchOf("oil temp", names({"a oil temp", "oil tempx"})), "a oil temp"_q); // 20 : 17
-    EXPECT_EQ(matchOf("oil temp", names({"a temp oil", "temp oil"})), "temp oil"_q);    // 20 : 22
+    EXPECT_EQ(matchOf("oil temp", names({"a oil temp", "oil tempx"})), u"a oil temp"_s); // 20 : 17
+    EXPECT_EQ(matchOf("oil temp", names({"a temp oil", "temp oil"})), u"temp oil"_s);    // 20 : 22
 }
 
 TEST(ChannelMatcher, KeepsTheEarlierOfEqualScores)
 {
-    EXPECT_EQ(matchOf("oil", names({"a oil", "b oil"})), "a oil"_q);
-    EXPECT_EQ(matchOf("oil", names({"b oil", "a oil"})), "b oil"_q);
+    EXPECT_EQ(matchOf("oil", names({"a oil", "b oil"})), u"a oil"_s);
+    EXPECT_EQ(matchOf("oil", names({"b oil", "a oil"})), u"b oil"_s);
 }
 
 TEST(ChannelMatcher, ReturnsTheNameAsRecorded)
 {
-    EXPECT_EQ(matchOf("oil TEMP", names({"x", "Main_OIL Temp"})), "Main_OIL Temp"_q);
+    EXPECT_EQ(matchOf("oil TEMP", names({"x", "Main_OIL Temp"})), u"Main_OIL Temp"_s);
 }
 
 TEST(ChannelMatcher, CopesWithTextThatIsNoText)
@@ -169,7 +166,7 @@ TEST(ChannelMatcher, CopesWithTextThatIsNoText)
     EXPECT_EQ(match(lone, {lone}), lone);
     EXPECT_EQ(match(QString(1, QChar(0)), names({"a"})), kNone);
     const QString longName(100'000, u'a');
-    EXPECT_EQ(match(longName, names({"b a"})), "b a"_q);
+    EXPECT_EQ(match(longName, names({"b a"})), u"b a"_s);
 }
 
 } // namespace

@@ -15,6 +15,8 @@
 #include <unistd.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using testing::ElementsAre;
@@ -22,16 +24,6 @@ using testing::ElementsAre;
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr int kGreatestCount = std::numeric_limits<int>::max();
-
-QString operator""_q(const char* text, std::size_t length)
-{
-    return QString::fromUtf8(text, static_cast<qsizetype>(length));
-}
-
-ScriptedChannel endingAt(const char* name, double end)
-{
-    return {name, {0.0, end}, {0.0, 10.0}};
-}
 
 Recording read(const ScriptedReader& reader)
 {
@@ -88,10 +80,10 @@ TEST_P(EveryFamily, IsReadWhole)
 {
     channels() = {{"Oil Temp", {-2.0, -1.0}, {80.0, 81.0}, "°C"}};
     const Recording recording = read(m_reader);
-    ASSERT_THAT(keys(recording), ElementsAre("oil temp"_q));
-    const TelemetryChannel& channel = recording.channels.at("oil temp"_q);
-    EXPECT_EQ(channel.name, "Oil Temp"_q);
-    EXPECT_EQ(channel.units, "°C"_q);
+    ASSERT_THAT(keys(recording), ElementsAre(u"oil temp"_s));
+    const TelemetryChannel& channel = recording.channels.at(u"oil temp"_s);
+    EXPECT_EQ(channel.name, u"Oil Temp"_s);
+    EXPECT_EQ(channel.units, u"°C"_s);
     EXPECT_THAT(all(channel.times), ElementsAre(-2.0, -1.0));
     EXPECT_THAT(all(channel.values), ElementsAre(80.0, 81.0));
 }
@@ -119,17 +111,17 @@ TEST_P(EveryFamily, HasEmptyUnitsWithoutUnits)
 {
     channels() = {{"a", {-2.0, -1.0}, {80.0, 81.0}, "bar"}};
     const Recording recording = readWithout(m_reader, {name("channel_units")});
-    EXPECT_EQ(recording.channels.at("a"_q).units, QString());
-    EXPECT_THAT(all(recording.channels.at("a"_q).values), ElementsAre(80.0, 81.0));
+    EXPECT_EQ(recording.channels.at(u"a"_s).units, QString());
+    EXPECT_THAT(all(recording.channels.at(u"a"_s).values), ElementsAre(80.0, 81.0));
 }
 
 TEST_P(EveryFamily, KeepsZerosWithoutSamples)
 {
     channels() = {{"a", {-2.0, -1.0}, {80.0, 81.0}, "bar"}};
     const Recording recording = readWithout(m_reader, {name("channel_samples")});
-    EXPECT_EQ(recording.channels.at("a"_q).units, "bar"_q);
-    EXPECT_THAT(all(recording.channels.at("a"_q).times), ElementsAre(0.0, 0.0));
-    EXPECT_THAT(all(recording.channels.at("a"_q).values), ElementsAre(0.0, 0.0));
+    EXPECT_EQ(recording.channels.at(u"a"_s).units, u"bar"_s);
+    EXPECT_THAT(all(recording.channels.at(u"a"_s).times), ElementsAre(0.0, 0.0));
+    EXPECT_THAT(all(recording.channels.at(u"a"_s).values), ElementsAre(0.0, 0.0));
 }
 
 TEST_P(EveryFamily, SkipsChannelsWithoutNameOrSamples)
@@ -141,8 +133,8 @@ TEST_P(EveryFamily, SkipsChannelsWithoutNameOrSamples)
                   {"minus", {-1.0}, {1.0}, {}, -5},
                   endingAt("b", -1.0)};
     const Recording recording = read(m_reader);
-    EXPECT_THAT(keys(recording), ElementsAre("a"_q, "b"_q));
-    EXPECT_EQ(recording.channels.at("a"_q).units, QString()); // a null pointer
+    EXPECT_THAT(keys(recording), ElementsAre(u"a"_s, u"b"_s));
+    EXPECT_EQ(recording.channels.at(u"a"_s).units, QString()); // a null pointer
     EXPECT_EQ(m_reader.calls(name("channel_samples") + "(3,3)"), 0);
 }
 
@@ -159,14 +151,14 @@ TEST_P(EveryFamily, EndsDespiteACountOfChannelsThatCannotBe)
 {
     channels() = {endingAt("a", -1.0), endingAt("b", -1.0)};
     m_reader.claimedChannelCounts[GetParam()] = kGreatestCount;
-    EXPECT_THAT(keys(read(m_reader)), ElementsAre("a"_q, "b"_q));
+    EXPECT_THAT(keys(read(m_reader)), ElementsAre(u"a"_s, u"b"_s));
 }
 
 TEST_P(EveryFamily, SkipsAChannelWhoseSampleCountCannotBe)
 {
     channels() = {
         endingAt("a", -1.0), {"lie", {-1.0}, {1.0}, {}, kGreatestCount}, endingAt("b", -1.0)};
-    EXPECT_THAT(keys(read(m_reader)), ElementsAre("a"_q, "b"_q));
+    EXPECT_THAT(keys(read(m_reader)), ElementsAre(u"a"_s, u"b"_s));
     EXPECT_EQ(m_reader.calls(name("channel_samples") + "(3,1)"), 0);
 }
 
@@ -223,19 +215,19 @@ TEST(RecordingReader, DividesGpsTimesBeyondTenTimesTheLengthSoFar)
                                    {"edge", {1.0, 100.0}, {1.0, 2.0}},
                                    {"beyond", {1.0, 100.125}, {1.0, 2.0}}};
         const Recording recording = read(reader);
-        EXPECT_THAT(all(recording.channels.at("ms"_q).times), ElementsAre(0.1005, 9.5));
-        EXPECT_THAT(all(recording.channels.at("ms"_q).values), ElementsAre(1.0, 2.0));
-        EXPECT_THAT(all(recording.channels.at("s"_q).times), ElementsAre(1.0, 9.5));
+        EXPECT_THAT(all(recording.channels.at(u"ms"_s).times), ElementsAre(0.1005, 9.5));
+        EXPECT_THAT(all(recording.channels.at(u"ms"_s).values), ElementsAre(1.0, 2.0));
+        EXPECT_THAT(all(recording.channels.at(u"s"_s).times), ElementsAre(1.0, 9.5));
         // Exactly ten times is not beyond; and it makes the length so far 100.
-        EXPECT_THAT(all(recording.channels.at("edge"_q).times), ElementsAre(1.0, 100.0));
-        EXPECT_THAT(all(recording.channels.at("beyond"_q).times), ElementsAre(1.0, 100.125));
+        EXPECT_THAT(all(recording.channels.at(u"edge"_s).times), ElementsAre(1.0, 100.0));
+        EXPECT_THAT(all(recording.channels.at(u"beyond"_s).times), ElementsAre(1.0, 100.125));
     }
 }
 
 TEST(RecordingReader, NeverDividesPlainTimes)
 {
     const Recording recording = readPlain({endingAt("a", 1.0), endingAt("b", 90'000.0)});
-    EXPECT_EQ(recording.channels.at("b"_q).times.back(), 90'000.0);
+    EXPECT_EQ(recording.channels.at(u"b"_s).times.back(), 90'000.0);
 }
 
 TEST(RecordingReader, DividesGpsTimesWhenNothingHasALengthYet)
@@ -243,8 +235,8 @@ TEST(RecordingReader, DividesGpsTimesWhenNothingHasALengthYet)
     ScriptedReader reader;
     reader.channels[ReaderHost::kGps] = {endingAt("gps", 60.0), endingAt("second", 0.5)};
     const Recording recording = read(reader);
-    EXPECT_EQ(recording.channels.at("gps"_q).times.back(), 0.06);   // although they were seconds
-    EXPECT_EQ(recording.channels.at("second"_q).times.back(), 0.5); // 0.06 is the length by now
+    EXPECT_EQ(recording.channels.at(u"gps"_s).times.back(), 0.06);   // although they were seconds
+    EXPECT_EQ(recording.channels.at(u"second"_s).times.back(), 0.5); // 0.06 is the length by now
 }
 
 TEST(RecordingReader, LeavesGpsTimesThatEndAtZeroOrBefore)
@@ -253,8 +245,8 @@ TEST(RecordingReader, LeavesGpsTimesThatEndAtZeroOrBefore)
     reader.channels[ReaderHost::kGps] = {{"a", {-5.0, 0.0}, {1.0, 2.0}},
                                          {"b", {-5.0, -1.0}, {1.0, 2.0}}};
     const Recording recording = read(reader);
-    EXPECT_THAT(all(recording.channels.at("a"_q).times), ElementsAre(-5.0, 0.0));
-    EXPECT_THAT(all(recording.channels.at("b"_q).times), ElementsAre(-5.0, -1.0));
+    EXPECT_THAT(all(recording.channels.at(u"a"_s).times), ElementsAre(-5.0, 0.0));
+    EXPECT_THAT(all(recording.channels.at(u"b"_s).times), ElementsAre(-5.0, -1.0));
 }
 
 TEST(RecordingReader, MeasuresRawGpsAgainstGps)
@@ -263,8 +255,8 @@ TEST(RecordingReader, MeasuresRawGpsAgainstGps)
     reader.channels[ReaderHost::kGps] = {endingAt("gps", 10'000.0)}; // becomes 10 s
     reader.channels[ReaderHost::kGpsRaw] = {endingAt("raw", 100.0), endingAt("ms", 1'000.5)};
     const Recording recording = read(reader);
-    EXPECT_EQ(recording.channels.at("raw"_q).times.back(), 100.0);
-    EXPECT_EQ(recording.channels.at("ms"_q).times.back(), 1.0005); // beyond ten times 100
+    EXPECT_EQ(recording.channels.at(u"raw"_s).times.back(), 100.0);
+    EXPECT_EQ(recording.channels.at(u"ms"_s).times.back(), 1.0005); // beyond ten times 100
 }
 
 TEST(RecordingReader, LooksAtGpsEndsForTheDurationAsWell)
@@ -280,14 +272,14 @@ TEST(RecordingReader, LooksAtGpsEndsForTheDurationAsWell)
 TEST(RecordingReader, KeepsZerosThatTheReaderDidNotFill)
 {
     const Recording recording = readPlain({{"a", {1.0}, {5.0}, {}, 3}});
-    EXPECT_THAT(all(recording.channels.at("a"_q).times), ElementsAre(1.0, 0.0, 0.0));
-    EXPECT_THAT(all(recording.channels.at("a"_q).values), ElementsAre(5.0, 0.0, 0.0));
+    EXPECT_THAT(all(recording.channels.at(u"a"_s).times), ElementsAre(1.0, 0.0, 0.0));
+    EXPECT_THAT(all(recording.channels.at(u"a"_s).values), ElementsAre(5.0, 0.0, 0.0));
 }
 
 TEST(RecordingReader, ReadsNoMoreThanClaimed)
 {
     const Recording recording = readPlain({{"a", {1.0, 2.0, 3.0}, {5.0, 6.0, 7.0}, {}, 2}});
-    EXPECT_THAT(all(recording.channels.at("a"_q).times), ElementsAre(1.0, 2.0));
+    EXPECT_THAT(all(recording.channels.at(u"a"_s).times), ElementsAre(1.0, 2.0));
 }
 
 TEST(RecordingReader, SurvivesTimesThatAreNotFinite)
@@ -297,12 +289,12 @@ TEST(RecordingReader, SurvivesTimesThatAreNotFinite)
                    {"last", {0.0, 1.0, kNaN}, {1.0, 2.0, 3.0}},
                    {"infinite", {-kInfinity, 0.0, kInfinity}, {1.0, 2.0, 3.0}},
                    {"values", {0.0, 1.0, 2.0}, {kNaN, kInfinity, -kInfinity}}});
-    EXPECT_EQ(recording.channels.at("first"_q).valueAt(1.5), 2.5);
-    EXPECT_EQ(recording.channels.at("last"_q).valueAt(0.5), 3.0);
-    EXPECT_EQ(recording.channels.at("last"_q).valueAt(kNaN), 3.0);
-    EXPECT_TRUE(std::isnan(recording.channels.at("values"_q).valueAt(0.5)));
-    EXPECT_EQ(recording.channels.at("values"_q).valueAt(2.0), -kInfinity);
-    static_cast<void>(recording.channels.at("infinite"_q).valueAt(1.0));
+    EXPECT_EQ(recording.channels.at(u"first"_s).valueAt(1.5), 2.5);
+    EXPECT_EQ(recording.channels.at(u"last"_s).valueAt(0.5), 3.0);
+    EXPECT_EQ(recording.channels.at(u"last"_s).valueAt(kNaN), 3.0);
+    EXPECT_TRUE(std::isnan(recording.channels.at(u"values"_s).valueAt(0.5)));
+    EXPECT_EQ(recording.channels.at(u"values"_s).valueAt(2.0), -kInfinity);
+    static_cast<void>(recording.channels.at(u"infinite"_s).valueAt(1.0));
     EXPECT_EQ(recording.duration, 2.0); // of 2, 2 and infinity
 }
 
@@ -315,7 +307,7 @@ TEST(RecordingReader, SurvivesTimesThatDoNotAscend)
 {
     const Recording recording = readPlain({{"a", {5.0, 1.0, 9.0, 2.0, 7.0}, {1, 2, 3, 4, 5}}});
     for (int tenth = -10; tenth < 120; ++tenth) {
-        const double value = recording.channels.at("a"_q).valueAt(tenth / 10.0);
+        const double value = recording.channels.at(u"a"_s).valueAt(tenth / 10.0);
         EXPECT_TRUE(std::isfinite(value));
     }
 }
@@ -338,7 +330,7 @@ TEST(RecordingReader, PaysOnlyForSamplesThatAreFilledIn)
     const Recording recording = readPlain({{"lie", {1.0}, {5.0}, {}, 100'000'000}});
     EXPECT_LT(residentBytes(), before + 100'000'000);
     ASSERT_EQ(recording.channels.size(), 1U);
-    EXPECT_EQ(recording.channels.at("lie"_q).valueAt(1.5), 0.0); // held after the last time, 0
+    EXPECT_EQ(recording.channels.at(u"lie"_s).valueAt(1.5), 0.0); // held after the last time, 0
 }
 
 TEST(RecordingReader, KeepsSixteenBytesASample)
@@ -350,7 +342,7 @@ TEST(RecordingReader, KeepsSixteenBytesASample)
     const std::size_t before = residentBytes();
     const Recording recording = read(reader);
     EXPECT_LT(residentBytes() - before, kSamples * 16 * 11 / 10);
-    EXPECT_EQ(recording.channels.at("a"_q).times.size(), kSamples);
+    EXPECT_EQ(recording.channels.at(u"a"_s).times.size(), kSamples);
 }
 
 #if !defined(__SANITIZE_ADDRESS__)
@@ -371,7 +363,7 @@ TEST(RecordingReader, SkipsAChannelForWhichThereIsNoMemory)
         const Recording recording = readPlain(
             {endingAt("a", 1.0), {"large", {1.0}, {5.0}, {}, kSamples}, endingAt("b", 1.0)});
         ASSERT_EQ(setrlimit(RLIMIT_AS, &unlimited), 0);
-        EXPECT_THAT(keys(recording), ElementsAre("a"_q, "b"_q));
+        EXPECT_THAT(keys(recording), ElementsAre(u"a"_s, u"b"_s));
     }
 }
 

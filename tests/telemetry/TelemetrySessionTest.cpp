@@ -9,14 +9,11 @@
 
 #include <filesystem>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using testing::ElementsAre;
-
-QString operator""_q(const char* text, std::size_t length)
-{
-    return QString::fromUtf8(text, static_cast<qsizetype>(length));
-}
 
 const QString kFile = QStringLiteral("/r.xrk");
 
@@ -30,20 +27,14 @@ bool loadScript(TelemetrySession& session)
     return session.load(kFile, library());
 }
 
-/// A channel that ends at that time and goes from 0 to 10.
-ScriptedChannel endingAt(const char* name, double end)
-{
-    return {name, {0.0, end}, {0.0, 10.0}};
-}
-
 void expectEmpty(const TelemetrySession& session)
 {
     EXPECT_FALSE(session.isLoaded());
     EXPECT_EQ(session.duration(), 0.0);
     EXPECT_TRUE(session.channelNames().isEmpty());
-    EXPECT_TRUE(session.matchChannel("rpm"_q).isEmpty());
-    EXPECT_TRUE(session.matchedName("rpm"_q).isEmpty());
-    EXPECT_EQ(session.value("rpm"_q, 1.0), 0.0);
+    EXPECT_TRUE(session.matchChannel(u"rpm"_s).isEmpty());
+    EXPECT_TRUE(session.matchedName(u"rpm"_s).isEmpty());
+    EXPECT_EQ(session.value(u"rpm"_s, 1.0), 0.0);
 }
 
 // Opening
@@ -101,10 +92,10 @@ TEST(TelemetrySession, HandsOverPathsInUtf8)
 {
     ScriptedReader reader;
     const QTemporaryDir folder;
-    const QString copy = folder.filePath("Lesegerät.so"_q);
+    const QString copy = folder.filePath(u"Lesegerät.so"_s);
     std::filesystem::copy_file(ScriptedReader::path(), copy.toUtf8().toStdString());
     TelemetrySession session;
-    EXPECT_TRUE(session.load("/Aufnahme-Nürburg.xrk"_q, copy));
+    EXPECT_TRUE(session.load(u"/Aufnahme-Nürburg.xrk"_s, copy));
     EXPECT_EQ(reader.calls("open_file(/Aufnahme-Nürburg.xrk)"), 1);
 }
 
@@ -113,7 +104,7 @@ TEST(TelemetrySession, HandsOverPathsInUtf8)
 TEST(TelemetrySession, FailsWithoutALibrary)
 {
     TelemetrySession session;
-    EXPECT_FALSE(session.load(kFile, "/no/such/library"_q));
+    EXPECT_FALSE(session.load(kFile, u"/no/such/library"_s));
     expectEmpty(session);
     EXPECT_FALSE(session.load(kFile, QString()));
     expectEmpty(session);
@@ -162,7 +153,7 @@ TEST(TelemetrySession, IsEmptyAfterClear)
     reader.channels[ReaderHost::kPlain] = {endingAt("rpm", 10.0)};
     TelemetrySession session;
     EXPECT_TRUE(loadScript(session));
-    EXPECT_EQ(session.value("rpm"_q, 1.0), 1.0);
+    EXPECT_EQ(session.value(u"rpm"_s, 1.0), 1.0);
     session.clear();
     expectEmpty(session);
 }
@@ -175,9 +166,9 @@ TEST(TelemetrySession, IsEmptyAfterAFailedLoadThatFollowsAGoodOne)
         reader.fileIndex = 3;
         TelemetrySession session;
         EXPECT_TRUE(loadScript(session));
-        EXPECT_EQ(session.value("rpm"_q, 1.0), 1.0);
+        EXPECT_EQ(session.value(u"rpm"_s, 1.0), 1.0);
         reader.fileIndex = -1;
-        EXPECT_FALSE(session.load(kFile, libraryMissing ? "/no/such/library"_q : library()));
+        EXPECT_FALSE(session.load(kFile, libraryMissing ? u"/no/such/library"_s : library()));
         expectEmpty(session);
     }
 }
@@ -206,7 +197,7 @@ TEST(TelemetrySession, ClosesEachFileOnceAndBeforeUnloading)
                 const int action = rest % kActions;
                 reader.fileIndex = action == 0 ? 3 : -1;
                 if (action == 2)
-                    EXPECT_FALSE(session.load(kFile, "/no/such/library"_q));
+                    EXPECT_FALSE(session.load(kFile, u"/no/such/library"_s));
                 else if (action == 3)
                     session.clear();
                 else
@@ -243,8 +234,8 @@ TEST(TelemetrySession, CallsNothingAfterLoading)
     TelemetrySession session;
     EXPECT_TRUE(loadScript(session));
     const std::size_t calls = reader.log.size();
-    EXPECT_EQ(session.value("rpm"_q, 1.0), 1.0);
-    EXPECT_EQ(session.matchChannel("RPM"_q), "rpm"_q);
+    EXPECT_EQ(session.value(u"rpm"_s, 1.0), 1.0);
+    EXPECT_EQ(session.matchChannel(u"RPM"_s), u"rpm"_s);
     EXPECT_EQ(session.channelNames().size(), 1);
     EXPECT_EQ(reader.log.size(), calls);
 }
@@ -261,7 +252,7 @@ TEST(TelemetrySession, ListsNamesInTheOrderOfTheirLowerCase)
     TelemetrySession session;
     EXPECT_TRUE(loadScript(session));
     EXPECT_THAT(session.channelNames(),
-                ElementsAre("_"_q, "a"_q, "b"_q, "B2"_q, "C"_q, "Z"_q, "é"_q));
+                ElementsAre(u"_"_s, u"a"_s, u"b"_s, u"B2"_s, u"C"_s, u"Z"_s, u"é"_s));
 }
 
 TEST(TelemetrySession, KeepsTheLastOfNamesThatDifferInCase)
@@ -271,8 +262,8 @@ TEST(TelemetrySession, KeepsTheLastOfNamesThatDifferInCase)
                                            {"SPEED", {0.0, 10.0}, {2.0, 2.0}}};
     TelemetrySession session;
     EXPECT_TRUE(loadScript(session));
-    EXPECT_THAT(session.channelNames(), ElementsAre("SPEED"_q));
-    EXPECT_EQ(session.value("speed"_q, 5.0), 2.0);
+    EXPECT_THAT(session.channelNames(), ElementsAre(u"SPEED"_s));
+    EXPECT_EQ(session.value(u"speed"_s, 5.0), 2.0);
 }
 
 TEST(TelemetrySession, ReplacesAcrossFamilies)
@@ -285,9 +276,9 @@ TEST(TelemetrySession, ReplacesAcrossFamilies)
     reader.channels[ReaderHost::kGpsRaw] = {{"b", {0.0, 10.0}, {3.0, 3.0}}};
     TelemetrySession session;
     EXPECT_TRUE(loadScript(session));
-    EXPECT_THAT(session.channelNames(), ElementsAre("A"_q, "b"_q));
-    EXPECT_EQ(session.value("a"_q, 5.0), 2.0);
-    EXPECT_EQ(session.value("b"_q, 5.0), 3.0);
+    EXPECT_THAT(session.channelNames(), ElementsAre(u"A"_s, u"b"_s));
+    EXPECT_EQ(session.value(u"a"_s, 5.0), 2.0);
+    EXPECT_EQ(session.value(u"b"_s, 5.0), 3.0);
 }
 
 TEST(TelemetrySession, DecodesNamesThatAreNotUtf8)
@@ -298,8 +289,8 @@ TEST(TelemetrySession, DecodesNamesThatAreNotUtf8)
     TelemetrySession session;
     EXPECT_TRUE(loadScript(session));
     EXPECT_EQ(session.channelNames().size(), 4);
-    EXPECT_EQ(session.matchChannel("rpm"_q), "\xff\xfe rpm"_q);
-    EXPECT_EQ(session.value("rpm"_q, 1.0), 10.0);
+    EXPECT_EQ(session.matchChannel(u"rpm"_s), QString::fromUtf8("\xff\xfe rpm"));
+    EXPECT_EQ(session.value(u"rpm"_s, 1.0), 10.0);
 }
 
 TEST(TelemetrySession, TreatsAMatchWithAnEmptyNameAsNone)
@@ -309,8 +300,8 @@ TEST(TelemetrySession, TreatsAMatchWithAnEmptyNameAsNone)
     TelemetrySession session;
     EXPECT_TRUE(loadScript(session));
     EXPECT_EQ(session.channelNames().size(), 1);
-    EXPECT_EQ(session.value("_"_q, 1.0), 0.0); // compacts to the empty name
-    EXPECT_EQ(session.matchedName("_"_q), QString());
+    EXPECT_EQ(session.value(u"_"_s, 1.0), 0.0); // compacts to the empty name
+    EXPECT_EQ(session.matchedName(u"_"_s), QString());
 }
 
 TEST(TelemetrySession, MatchesLayoutNamesToRecordedOnes)
@@ -320,13 +311,13 @@ TEST(TelemetrySession, MatchesLayoutNamesToRecordedOnes)
                                            endingAt("Stbd RPM", 10.0)};
     TelemetrySession session;
     EXPECT_TRUE(loadScript(session));
-    EXPECT_EQ(session.matchChannel("RPM"_q), "rpm"_q);
-    EXPECT_EQ(session.matchedName("RPM"_q), "rpm"_q);
-    EXPECT_EQ(session.matchChannel("Gear_Pos"_q), "GearPos"_q);
-    EXPECT_EQ(session.value("Gear_Pos"_q, 5.0), 5.0);
-    EXPECT_EQ(session.matchedName("star rpm"_q), QString());
+    EXPECT_EQ(session.matchChannel(u"RPM"_s), u"rpm"_s);
+    EXPECT_EQ(session.matchedName(u"RPM"_s), u"rpm"_s);
+    EXPECT_EQ(session.matchChannel(u"Gear_Pos"_s), u"GearPos"_s);
+    EXPECT_EQ(session.value(u"Gear_Pos"_s, 5.0), 5.0);
+    EXPECT_EQ(session.matchedName(u"star rpm"_s), QString());
     for (const double time : {-1.0, 0.0, 5.0, 20.0})
-        EXPECT_EQ(session.value("star rpm"_q, time), 0.0);
+        EXPECT_EQ(session.value(u"star rpm"_s, time), 0.0);
 }
 
 TEST(TelemetrySession, ForgetsMatchesWithTheRecording)
@@ -335,15 +326,15 @@ TEST(TelemetrySession, ForgetsMatchesWithTheRecording)
     reader.channels[ReaderHost::kPlain] = {endingAt("Oil Temp", 10.0)};
     TelemetrySession session;
     EXPECT_TRUE(loadScript(session));
-    EXPECT_EQ(session.matchedName("oil"_q), "Oil Temp"_q);
-    EXPECT_EQ(session.matchedName("water"_q), QString());
+    EXPECT_EQ(session.matchedName(u"oil"_s), u"Oil Temp"_s);
+    EXPECT_EQ(session.matchedName(u"water"_s), QString());
 
     reader.channels[ReaderHost::kPlain] = {endingAt("Water Temp", 10.0)};
     EXPECT_TRUE(loadScript(session));
-    EXPECT_EQ(session.matchedName("oil"_q), QString());
-    EXPECT_EQ(session.value("oil"_q, 5.0), 0.0);
-    EXPECT_EQ(session.matchedName("water"_q), "Water Temp"_q);
-    EXPECT_EQ(session.value("water"_q, 5.0), 5.0);
+    EXPECT_EQ(session.matchedName(u"oil"_s), QString());
+    EXPECT_EQ(session.value(u"oil"_s, 5.0), 0.0);
+    EXPECT_EQ(session.matchedName(u"water"_s), u"Water Temp"_s);
+    EXPECT_EQ(session.value(u"water"_s, 5.0), 5.0);
 }
 
 } // namespace

@@ -10,12 +10,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
+using namespace Qt::StringLiterals;
 
-QString operator""_q(const char* text, std::size_t length)
-{
-    return QString::fromUtf8(text, static_cast<qsizetype>(length));
-}
+namespace {
 
 const QString kRecordingPath = QStringLiteral(SAMPLE_RECORDING);
 const QString kReaderPath = QStringLiteral(SAMPLE_READER);
@@ -50,23 +47,23 @@ TEST_F(SampleRecording, IsTenMinutesOfFortyChannels)
 TEST_F(SampleRecording, GivesEveryRuleOfMatchingSomethingToDo)
 {
     const std::vector<std::pair<QString, QString>> expected = {
-        {"GPS Speed"_q, "GPS Speed"_q}, // the same name
-        {"GPS Altitude"_q, "GPS Altitude"_q},
-        {"RPM"_q, "rpm"_q}, // but for case
-        {"Fuel Level"_q, "FUEL LEVEL"_q},
-        {"Gear_Pos"_q, "GearPos"_q}, // but for blanks and underscores
-        {"Oil Temp"_q, "OilTemp"_q},
-        {"Lap Time"_q, "Lap_Time"_q},
-        {"Lambda 1"_q, "Lambda1"_q},
-        {"Brake Press F"_q, "BrakePressF"_q},
-        {"GPS LatAcc"_q, "GPS Lat_Acc"_q},
-        {"port rpm"_q, "Port_Engine_RPM"_q}, // by words and side
-        {"stbd rpm"_q, "Stbd_Engine_RPM"_q},
-        {"Throttle"_q, "Throttle_Pos"_q}, // by words
-        {"Battery"_q, "Battery_Voltage"_q},
-        {"Oil Press"_q, "Oil_Pressure Main"_q}, // by a word and a part of one
-        {"Water Temp"_q, "WaterTemp1"_q},       // by parts of a word
-        {"star boost"_q, QString()},            // another side
+        {u"GPS Speed"_s, u"GPS Speed"_s}, // the same name
+        {u"GPS Altitude"_s, u"GPS Altitude"_s},
+        {u"RPM"_s, u"rpm"_s}, // but for case
+        {u"Fuel Level"_s, u"FUEL LEVEL"_s},
+        {u"Gear_Pos"_s, u"GearPos"_s}, // but for blanks and underscores
+        {u"Oil Temp"_s, u"OilTemp"_s},
+        {u"Lap Time"_s, u"Lap_Time"_s},
+        {u"Lambda 1"_s, u"Lambda1"_s},
+        {u"Brake Press F"_s, u"BrakePressF"_s},
+        {u"GPS LatAcc"_s, u"GPS Lat_Acc"_s},
+        {u"port rpm"_s, u"Port_Engine_RPM"_s}, // by words and side
+        {u"stbd rpm"_s, u"Stbd_Engine_RPM"_s},
+        {u"Throttle"_s, u"Throttle_Pos"_s}, // by words
+        {u"Battery"_s, u"Battery_Voltage"_s},
+        {u"Oil Press"_s, u"Oil_Pressure Main"_s}, // by a word and a part of one
+        {u"Water Temp"_s, u"WaterTemp1"_s},       // by parts of a word
+        {u"star boost"_s, QString()},             // another side
     };
     for (const auto& [layout, recorded] : expected)
         EXPECT_EQ(m_session.matchChannel(layout), recorded) << layout.toStdString();
@@ -74,25 +71,25 @@ TEST_F(SampleRecording, GivesEveryRuleOfMatchingSomethingToDo)
 
 TEST_F(SampleRecording, ShowsACarThatDrivesLaps)
 {
-    EXPECT_LT(value("GPS Speed"_q, 0.0), 0.1);
-    EXPECT_LT(value("GPS Speed"_q, 600.0), 0.1);
-    EXPECT_EQ(value("Lap_Number"_q, 0.0), 1.0);
-    EXPECT_EQ(value("Lap_Number"_q, 600.0), 7.0);
+    EXPECT_LT(value(u"GPS Speed"_s, 0.0), 0.1);
+    EXPECT_LT(value(u"GPS Speed"_s, 600.0), 0.1);
+    EXPECT_EQ(value(u"Lap_Number"_s, 0.0), 1.0);
+    EXPECT_EQ(value(u"Lap_Number"_s, 600.0), 7.0);
 
     for (int tenth = 100; tenth < 5900; ++tenth) {
         const double time = tenth / 10.0;
-        const double speed = value("GPS Speed"_q, time);
+        const double speed = value(u"GPS Speed"_s, time);
         EXPECT_GT(speed, 10.0) << time;
         EXPECT_LT(speed, 62.0) << time;
-        EXPECT_NEAR((value("Wheel_Speed FL"_q, time) + value("Wheel_Speed FR"_q, time)) / 2.0,
+        EXPECT_NEAR((value(u"Wheel_Speed FL"_s, time) + value(u"Wheel_Speed FR"_s, time)) / 2.0,
                     speed * 3.6, 3.0)
             << time;
-        EXPECT_LT(std::hypot(value("GPS Lat_Acc"_q, time), value("GPS Lon_Acc"_q, time)), 1.9)
+        EXPECT_LT(std::hypot(value(u"GPS Lat_Acc"_s, time), value(u"GPS Lon_Acc"_s, time)), 1.9)
             << time;
-        EXPECT_GE(value("GearPos"_q, time), 1.0);
-        EXPECT_LE(value("GearPos"_q, time), 6.0);
-        EXPECT_LT(value("rpm"_q, time), 7000.0);
-        EXPECT_FALSE(value("BrakePressF"_q, time) > 10.0 && value("Throttle_Pos"_q, time) > 20.0)
+        EXPECT_GE(value(u"GearPos"_s, time), 1.0);
+        EXPECT_LE(value(u"GearPos"_s, time), 6.0);
+        EXPECT_LT(value(u"rpm"_s, time), 7000.0);
+        EXPECT_FALSE(value(u"BrakePressF"_s, time) > 10.0 && value(u"Throttle_Pos"_s, time) > 20.0)
             << time;
     }
 }
@@ -102,14 +99,14 @@ TEST_F(SampleRecording, ComesBackToTheSamePlace)
     // The first moments of the third and the fourth lap.
     std::vector<double> begins;
     for (int tenth = 1; tenth < 6000; ++tenth) {
-        if (value("Lap_Distance"_q, tenth / 10.0) < value("Lap_Distance"_q, (tenth - 1) / 10.0) &&
-            value("Lap_Distance"_q, tenth / 10.0) < 20.0)
+        if (value(u"Lap_Distance"_s, tenth / 10.0) < value(u"Lap_Distance"_s, (tenth - 1) / 10.0) &&
+            value(u"Lap_Distance"_s, tenth / 10.0) < 20.0)
             begins.push_back(tenth / 10.0);
     }
     ASSERT_GE(begins.size(), 4U);
     EXPECT_NEAR(begins[3] - begins[2], 82.0, 3.0);
-    EXPECT_NEAR(value("GPS Latitude"_q, begins[2]), value("GPS Latitude"_q, begins[3]), 2e-4);
-    EXPECT_NEAR(value("GPS Longitude"_q, begins[2]), value("GPS Longitude"_q, begins[3]), 2e-4);
+    EXPECT_NEAR(value(u"GPS Latitude"_s, begins[2]), value(u"GPS Latitude"_s, begins[3]), 2e-4);
+    EXPECT_NEAR(value(u"GPS Longitude"_s, begins[2]), value(u"GPS Longitude"_s, begins[3]), 2e-4);
 }
 
 TEST(SampleRecordingFile, HasAllFamiliesAtTenToFiftyHertz)
@@ -154,7 +151,7 @@ TEST(SampleRecordingFile, KeepsGpsTimesInMilliseconds)
 TEST(SampleRecordingFile, IsAlwaysTheSame)
 {
     const QTemporaryDir folder;
-    const QString again = folder.filePath("again.xrk"_q);
+    const QString again = folder.filePath(u"again.xrk"_s);
     ASSERT_EQ(QProcess::execute(QStringLiteral(SAMPLE_RECORDER), {again}), 0);
     EXPECT_TRUE(readAll(again) == readAll(kRecordingPath));
 }
@@ -163,7 +160,7 @@ TEST(SampleRecorder, FailsAloud)
 {
     const QString recorder = QStringLiteral(SAMPLE_RECORDER);
     EXPECT_EQ(QProcess::execute(recorder, {}), 2);
-    EXPECT_EQ(QProcess::execute(recorder, {"/no/such/folder/r.xrk"_q}), 1);
+    EXPECT_EQ(QProcess::execute(recorder, {u"/no/such/folder/r.xrk"_s}), 1);
 }
 
 } // namespace
