@@ -193,9 +193,10 @@ const Donor* AddElementDialog::chosenDonor() const
 const ChannelDef* AddElementDialog::chosenChannel() const
 {
     const QListWidgetItem* const item = m_channelList->currentItem();
-    if (!item)
+    if (!item || !m_document)
         return nullptr;
     bool carriesIndex = false;
-    const int index = item->data(Qt::UserRole).toInt(&carriesIndex);
-    return carriesIndex ? &m_document->channels()[static_cast<std::size_t>(index)] : nullptr;
+    const auto index = static_cast<std::size_t>(item->data(Qt::UserRole).toInt(&carriesIndex));
+    const std::vector<ChannelDef>& channels = m_document->channels();
+    return carriesIndex && index < channels.size() ? &channels[index] : nullptr;
 }

@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
@@ -69,6 +70,12 @@ protected:
         return m_buttons->button(QDialogButtonBox::Ok);
     }
 
+    static QString captionAt(const QLayout& layout, int index)
+    {
+        const auto* const label = qobject_cast<QLabel*>(layout.itemAt(index)->widget());
+        return label ? label->text() : QString();
+    }
+
     static void clickRow(QListWidget* list, int row)
     {
         const QRect rectangle = list->visualItemRect(list->item(row));
@@ -105,6 +112,35 @@ TEST_F(InsertDialog, StartsAsDescribed)
     EXPECT_FALSE(insertButton()->isEnabled());
     ASSERT_NE(m_buttons->button(QDialogButtonBox::Cancel), nullptr);
     EXPECT_GT(m_channels->width(), m_types->width());
+}
+
+TEST_F(InsertDialog, TypesStandLeftOfTheChannelsAndShareTheWidthOneToTwo)
+{
+    openUsual();
+    const auto* const layout = qobject_cast<QVBoxLayout*>(m_dialog->layout());
+    ASSERT_TRUE(layout && layout->count() == 3);
+    EXPECT_EQ(layout->itemAt(1)->widget(), m_summary);
+    EXPECT_EQ(layout->itemAt(2)->widget(), m_buttons);
+    const auto* const columns = qobject_cast<QHBoxLayout*>(layout->itemAt(0)->layout());
+    ASSERT_TRUE(columns && columns->count() == 2);
+    EXPECT_EQ(columns->stretch(0), 1);
+    EXPECT_EQ(columns->stretch(1), 2);
+
+    const auto* const types = qobject_cast<QVBoxLayout*>(columns->itemAt(0)->layout());
+    ASSERT_TRUE(types && types->count() == 2);
+    EXPECT_EQ(captionAt(*types, 0), QStringLiteral("<b>Type</b>"));
+    EXPECT_EQ(types->itemAt(1)->widget(), m_types);
+    EXPECT_EQ(types->stretch(0), 0);
+    EXPECT_EQ(types->stretch(1), 1);
+
+    const auto* const channels = qobject_cast<QVBoxLayout*>(columns->itemAt(1)->layout());
+    ASSERT_TRUE(channels && channels->count() == 3);
+    EXPECT_EQ(captionAt(*channels, 0), QStringLiteral("<b>Channel</b>"));
+    EXPECT_EQ(channels->itemAt(1)->widget(), m_filter);
+    EXPECT_EQ(channels->itemAt(2)->widget(), m_channels);
+    EXPECT_EQ(channels->stretch(0), 0);
+    EXPECT_EQ(channels->stretch(1), 0);
+    EXPECT_EQ(channels->stretch(2), 1);
 }
 
 TEST_F(InsertDialog, ListsKindsWithHintsAndSelectsTheFirst)
@@ -155,6 +191,76 @@ TEST_F(InsertDialog, AnotherTypeRewritesTheSummary)
     EXPECT_EQ(m_summary->text(),
               QStringLiteral("<b>Horizontal bar</b> bound to <b>Water Temp</b> (WT C)"
                              "&nbsp;&mdash; native size 300 &times; 20"));
+}
+
+TEST_F(InsertDialog, TheSummaryFollowsTheArrowKeys)
+{
+    openUsual();
+    clickRow(m_channels, 0);
+    QTest::keyClick(m_channels, Qt::Key_Down);
+    EXPECT_TRUE(m_summary->text().contains(QStringLiteral("<b>Water Temp</b>")));
+    QTest::keyClick(m_channels, Qt::Key_Down);
+    EXPECT_TRUE(m_summary->text().contains(QStringLiteral("<b>Oil Temp</b>")));
+    QTest::keyClick(m_channels, Qt::Key_Home);
+    EXPECT_TRUE(m_summary->text().contains(QStringLiteral("<b>Engine Speed</b>")));
+
+    QTest::keyClick(m_types, Qt::Key_Down);
+    EXPECT_TRUE(m_summary->text().startsWith(QStringLiteral("<b>Horizontal bar</b>")));
+    EXPECT_TRUE(insertButton()->isEnabled());
+}
+
+TEST_F(InsertDialog, AChannelChosenByItsRowCountsToo)
+{
+    openUsual();
+    m_channels->setCurrentRow(2);
+    EXPECT_TRUE(insertButton()->isEnabled());
+    EXPECT_TRUE(m_summary->text().contains(QStringLiteral("<b>Oil Temp</b>")));
+}
+
+TEST_F(InsertDialog, GoingToTheChannelsByKeyboardChoosesNone)
+{
+    openUsual();
+    m_filter->setFocus();
+    QTest::keyClick(m_filter, Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), m_channels);
+    EXPECT_FALSE(insertButton()->isEnabled());
+    EXPECT_EQ(m_summary->text(), QStringLiteral("Pick a type and a channel."));
+    QTest::keyClick(m_channels, Qt::Key_Space);
+    EXPECT_TRUE(insertButton()->isEnabled());
+    EXPECT_TRUE(m_summary->text().contains(QStringLiteral("<b>Engine Speed</b>")));
+}
+
+TEST_F(InsertDialog, ANewTypeTellsOfTheChannelsAgain)
+{
+    openUsual();
+    const QSignalSpy told(m_channels, &QListWidget::itemSelectionChanged);
+    m_types->setCurrentRow(1);
+    EXPECT_EQ(told.count(), 1);
+    m_types->setCurrentRow(-1);
+    EXPECT_EQ(told.count(), 1) << "no type, nothing to tell";
+}
+
+TEST_F(InsertDialog, ARowThatNamesNoChannelOfTheDocumentIsNotInserted)
+{
+    openUsual();
+    for (const QVariant& index : {QVariant(3), QVariant(-1), QVariant(QStringLiteral("x"))}) {
+        m_channels->item(0)->setData(kChannelIndex, index);
+        clickRow(m_channels, 1);
+        clickRow(m_channels, 0);
+        EXPECT_FALSE(insertButton()->isEnabled());
+        Q_EMIT m_buttons->accepted();
+        EXPECT_TRUE(m_dialog->isVisible());
+    }
+}
+
+TEST_F(InsertDialog, WithoutATypeNothingIsInserted)
+{
+    openUsual();
+    clickRow(m_channels, 0);
+    m_types->setCurrentRow(-1);
+    Q_EMIT m_buttons->accepted();
+    EXPECT_TRUE(m_dialog->isVisible());
+    EXPECT_TRUE(m_dialog->spec().channelLongName.isEmpty());
 }
 
 TEST_F(InsertDialog, TypingAFilterKeepsMatchingRowsWithTheirIndices)
