@@ -8,6 +8,7 @@
 #include "canvas/DashCanvas.h"
 #include "canvas/PropertyPanel.h"
 
+#include <QEvent>
 #include <QFileInfo>
 #include <QLabel>
 #include <QSignalBlocker>
@@ -44,6 +45,14 @@ MainWindow::~MainWindow()
                                                   m_propertyPanel, m_replayBar};
     for (QObject* const sender : senders)
         sender->disconnect(this);
+}
+
+bool MainWindow::event(QEvent* event)
+{
+    // A dialog has come up. It takes the mouse from a drag, whose release may never arrive.
+    if (event->type() == QEvent::WindowBlocked)
+        m_canvas->rebindPage(m_canvas->page(), m_canvas->selectedIndex());
+    return QMainWindow::event(event);
 }
 
 void MainWindow::createPanes()

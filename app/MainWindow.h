@@ -31,8 +31,7 @@ public:
 
     [[nodiscard]] const DashboardDocument& document() const { return m_document; }
 
-    // --- Document commands. Each checks its own preconditions and talks to the user.
-    // ---------------
+    // Document commands. Each checks its own preconditions and talks to the user.
 
     void openDashboard();
     void saveDashboard();
@@ -45,6 +44,9 @@ public:
     void deleteElement(int index);
     void clearPage();
     void showAbout();
+
+protected:
+    bool event(QEvent* event) override;
 
 private:
     void createPanes();
@@ -70,7 +72,7 @@ private:
     [[nodiscard]] bool saveTo(const QString& path);
     void insertOn(const DashPage& page, const InsertElementSpec& spec);
 
-    // Declared so that the session goes first and the document last.
+    // Declared so that the recording goes first and the document last.
     DashboardDocument m_document;
     DashCanvas* m_canvas = nullptr;
     PageListPanel* m_pageList = nullptr;
@@ -78,8 +80,8 @@ private:
     QUndoStack* m_undoStack = nullptr;
     QString m_currentFilePath; // empty before the first successful open
     int m_currentPage = 0;
+    ElementKey m_shownElement; // what the property panel shows
     TelemetrySession m_telemetry;
     ReplayBar* m_replayBar = nullptr;
     QLabel* m_targetDeviceBadge = nullptr;
-    ElementKey m_shownElement; // what the property panel shows
 };

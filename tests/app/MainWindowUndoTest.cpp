@@ -200,6 +200,22 @@ TEST_F(MainWindowHistory, DeletingTheDraggedElementEndsTheDrag)
     EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{200, 50, 120, 60}));
 }
 
+// The release of the mouse button goes to the dialog, or nowhere.
+TEST_F(MainWindowHistory, ADialogInTheMiddleOfADragEndsIt)
+{
+    openUsual();
+    const QPoint from = centerOf(1);
+    QTest::mousePress(&canvas(), Qt::LeftButton, {}, from);
+    QTest::mouseMove(&canvas(), from + QPoint(50, 50));
+    m_dialogs.cancel();
+    trigger("openAction");
+    EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{200, 50, 120, 60}));
+    QTest::mouseMove(&canvas(), from + QPoint(80, 80));
+    EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{200, 50, 120, 60}));
+    EXPECT_EQ(canvas().selectedIndex(), 1);
+    EXPECT_EQ(stack().count(), 0);
+}
+
 TEST_F(MainWindowHistory, APanelEditAfterAnUndoReachesTheRightElement)
 {
     openUsual();
