@@ -101,6 +101,7 @@ void MainWindow::loadTelemetry()
         return;
     const QString library = FixedPaths::readerLibrary();
     if (!runBusy([&] { return m_telemetry.load(path, library); })) {
+        m_canvas->update(); // the former recording is gone, and its values with it
         tellPlainly(this, QMessageBox::Critical, tr("Error"),
                     tr("Failed to load XRK file:\n%1\n\nCheck DLL path: %2").arg(path, library));
         return;

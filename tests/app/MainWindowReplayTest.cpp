@@ -1,5 +1,6 @@
 #include "document/FixedPaths.h"
 #include "tests/app/MainWindowFixture.h"
+#include "tests/support/PaintCounter.h"
 #include "tests/support/ScriptedReader.h"
 
 #include <QComboBox>
@@ -30,6 +31,16 @@ protected:
     void load(const char* action = "loadTelemetryAction")
     {
         m_dialogs.chooseFile(recording());
+        trigger(action);
+    }
+
+    void failToLoad(const char* action = "loadTelemetryAction")
+    {
+        m_reader.fileIndex = -1;
+        m_dialogs.chooseFile(recording());
+        m_dialogs.expectBox(QMessageBox::Critical, QStringLiteral("Error"),
+                            QStringLiteral("Failed to load XRK file:\n%1\n\nCheck DLL path: %2")
+                                .arg(recording(), FixedPaths::readerLibrary()));
         trigger(action);
     }
 
@@ -69,17 +80,52 @@ TEST_F(MainWindowReplay, AFailedLoadSaysSoAndLeavesTheControls)
 {
     load();
     child<QSlider>("replaySlider")->setValue(50);
-    m_reader.fileIndex = -1;
-    m_dialogs.chooseFile(recording());
-    m_dialogs.expectBox(QMessageBox::Critical, QStringLiteral("Error"),
-                        QStringLiteral("Failed to load XRK file:\n%1\n\nCheck DLL path: %2")
-                            .arg(recording(), FixedPaths::readerLibrary()));
-    trigger("loadTelemetryAction");
+    failToLoad();
     EXPECT_TRUE(child<QSlider>("replaySlider")->isEnabled());
     EXPECT_EQ(child<QSlider>("replaySlider")->value(), 50);
     EXPECT_EQ(child<QSlider>("replaySlider")->maximum(), 123);
     EXPECT_EQ(status(), QStringLiteral("Loaded XRK: lap.xrk | 3 channels | Duration: 00:12"));
-    canvas().grab();
+}
+
+TEST_F(MainWindowReplay, AFailedLoadTakesTheFormerValuesOffTheCanvas)
+{
+    openUsual();
+    const QImage before = canvas().grab().toImage();
+    load();
+    ASSERT_NE(canvas().grab().toImage(), before);
+    QCoreApplication::processEvents();
+    const PaintCounter counter(canvas());
+    failToLoad();
+    EXPECT_GT(counter.count(), 0) << "nobody moves the slider of a replay that stands still";
+    EXPECT_EQ(canvas().grab().toImage(), before);
+}
+
+TEST_F(MainWindowReplay, AFailedLoadLeavesARunningReplayGoingOn)
+{
+    m_reader.channels = {};
+    m_reader.channels[ReaderHost::kPlain] = {{"Engine_RPM", {0.0, 1000.0}, {1000.0, 9000.0}}};
+    load();
+    const auto* const slider = child<QSlider>("replaySlider");
+    auto* const play = child<QPushButton>("playButton");
+    child<QSlider>("replaySlider")->setValue(5000);
+    child<QComboBox>("rateCombo")->setCurrentIndex(1);
+    QTest::mouseClick(play, Qt::LeftButton);
+
+    failToLoad("toolbarLoadTelemetryAction");
+    const int position = slider->value();
+    EXPECT_GE(position, 5000);
+    EXPECT_EQ(slider->maximum(), 10000);
+    EXPECT_TRUE(slider->isEnabled());
+    EXPECT_TRUE(play->isEnabled());
+    EXPECT_EQ(play->text(), QStringLiteral("Stop"));
+    EXPECT_TRUE(child<QTimer>("replayTimer")->isActive());
+    EXPECT_TRUE(child<QComboBox>("rateCombo")->isEnabled());
+    EXPECT_EQ(child<QComboBox>("rateCombo")->currentIndex(), 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return slider->value() >= position + 4; }, 3000));
+
+    QTest::mouseClick(play, Qt::LeftButton);
+    EXPECT_EQ(play->text(), QStringLiteral("Play"));
+    EXPECT_FALSE(child<QTimer>("replayTimer")->isActive());
 }
 
 TEST_F(MainWindowReplay, TheCanvasShowsTheValueAtTheReplayTime)

@@ -2,25 +2,9 @@
 
 #include "telemetry/TelemetrySession.h"
 #include "tests/canvas/CanvasFixture.h"
+#include "tests/support/PaintCounter.h"
 
 namespace {
-
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-
-    [[nodiscard]] int count() const { return m_count; }
-
-private:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        m_count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-
-    int m_count = 0;
-};
 
 class DashCanvasTest : public CanvasFixture
 {
