@@ -8,9 +8,10 @@ class QPushButton;
 class QSlider;
 class ReplayClock;
 
-/// The controls of the replay: a view of the replay clock, which it owns. The slider counts tenths
-/// of a second and is the one place that holds position and length; the clock follows it, and moves
-/// it while playing. Knows nothing of recordings but their length.
+/// The controls of the replay, and the clock that they drive, which the bar owns. Slider and clock
+/// hold the same position, in tenths of a second, and whichever is moved takes the other along; the
+/// length of the recording is set on the slider, and the clock takes it from there. Knows nothing
+/// of recordings but their length.
 class ReplayBar : public QWidget
 {
     Q_OBJECT
@@ -23,7 +24,7 @@ public:
     void setDuration(double seconds);
 
 Q_SIGNALS:
-    /// The replay position in seconds was set.
+    /// The replay position, in seconds, was set; by setDuration also to where it was.
     void timeChanged(double seconds);
 
 private:

@@ -13,7 +13,8 @@ class MoveCommand : public QUndoCommand
     Q_DECLARE_TR_FUNCTIONS(MoveCommand)
 
 public:
-    /// The element must still stand at its former geometry; pushing the command applies after.
+    /// Both rectangles are in display pixels. Pushing the command applies after, wherever the
+    /// element stands by then.
     MoveCommand(const PageRef& page, int elementIndex, const ElementGeometry& before,
                 const ElementGeometry& after);
     ~MoveCommand() override;

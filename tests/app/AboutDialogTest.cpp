@@ -57,12 +57,14 @@ TEST(AboutDialog, ShowsNameVersionAndDetails)
               QStringLiteral("<div align='center'><b style='font-size:14pt'>Gaugewright</b><br>"
                              "<span style='color:#888'>Version 0.2.0</span></div>"));
     EXPECT_EQ(name->alignment(), Qt::AlignCenter);
+    EXPECT_EQ(name->textFormat(), Qt::RichText);
     const QLabel* const details = label(dialog, "detailsLabel");
     ASSERT_NE(details, nullptr);
     EXPECT_EQ(details->text(),
               QStringLiteral("<div align='center'>Gaugewright - Orlenvik<br>Tindra Production 2026"
                              "<br><br>Built on Qt6, pugixml, minizip.<br>Edits AIM MXG / MXS / LIG "
                              "dashboard configurations (.zconf2).</div>"));
+    EXPECT_EQ(details->textFormat(), Qt::RichText);
     EXPECT_TRUE(details->wordWrap());
     EXPECT_EQ(details->alignment(), Qt::AlignCenter);
 }

@@ -135,6 +135,21 @@ TEST_F(MainWindowEdit, InsertPutsACopyInTheMiddleOfThePage)
     EXPECT_EQ(canvas().selectedIndex(), -1);
 }
 
+TEST_F(MainWindowEdit, NewElementsAreCountedOnThroughTheNextPackage)
+{
+    const auto insertedNumber = [this] {
+        insertElement();
+        const QString name = elements().back().name;
+        EXPECT_TRUE(name.startsWith(QStringLiteral("new."))) << name.toStdString();
+        return name.mid(4).toInt();
+    };
+    openUsual();
+    const int first = insertedNumber();
+    EXPECT_GT(first, 0);
+    open(writeUsualPackage(QStringLiteral("second.zconf2")));
+    EXPECT_EQ(insertedNumber(), first + 1);
+}
+
 TEST_F(MainWindowEdit, ADonorWithoutSizeGetsTheUsualOne)
 {
     open(writePackage(QStringLiteral("zero.zconf2"),
@@ -313,8 +328,10 @@ TEST_F(MainWindowEdit, CancelledClearChangesNothing)
 {
     openUsual();
     clickElement(1);
-    m_dialogs.expect<QMessageBox>(
-        [](QMessageBox& box) { ModalDriver::press(box, QMessageBox::Cancel); });
+    m_dialogs.expect<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.defaultButton(), nullptr) << "neither answer is suggested";
+        ModalDriver::press(box, QMessageBox::Cancel);
+    });
     trigger("clearPageAction");
     m_dialogs.cancel(); // Escape is Cancel
     trigger("clearPageAction");
@@ -354,10 +371,18 @@ TEST_F(MainWindowEdit, ConfirmationsOfEditsStayThreeSeconds)
     EXPECT_TRUE(StatusWatch(m_window->statusBar()).goesAfter(3000));
 }
 
-TEST_F(MainWindowEdit, ConfirmationsOfOpenAndSaveStay)
+TEST_F(MainWindowEdit, TheGreetingAndConfirmationsOfOpenAndSaveStay)
 {
+    const MainWindow untouched;
+    MainWindow opened;
+    m_dialogs.chooseFile(writeUsualPackage());
+    opened.openDashboard();
     openUsual();
     trigger("saveAction");
     QTest::qWait(3500);
+    EXPECT_EQ(untouched.statusBar()->currentMessage(),
+              QStringLiteral("Ready -- Open a .zconf2 file to begin"));
+    EXPECT_EQ(opened.statusBar()->currentMessage(),
+              QStringLiteral("Opened usual.zconf2 (3 pages)"));
     EXPECT_EQ(status(), QStringLiteral("Saved usual.zconf2"));
 }

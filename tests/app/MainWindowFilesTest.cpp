@@ -149,6 +149,7 @@ TEST_F(MainWindowFiles, SaveWritesThePackageThatIsOpen)
     EXPECT_EQ(status(), QStringLiteral("Saved usual.zconf2"));
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     EXPECT_EQ(stack().count(), 1) << "saving is no step of the history";
+    EXPECT_FALSE(stack().isClean()) << "and leaves no mark in it";
     open(path(QStringLiteral("usual.zconf2")));
     EXPECT_EQ(names(), QStringLiteral("race.1 race.2 race.3"));
 }
@@ -242,8 +243,10 @@ TEST_F(MainWindowFiles, AFailedSaveAsKeepsTheFormerName)
 
 TEST_F(MainWindowFiles, AboutShowsItsBox)
 {
-    m_dialogs.expect<QDialog>([](QDialog& dialog) {
+    m_dialogs.expect<QDialog>([this](QDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), QStringLiteral("About Gaugewright"));
+        EXPECT_EQ(dialog.parentWidget(), m_window.get());
+        EXPECT_NE(dialog.findChild<QLabel*>(QStringLiteral("iconLabel")), nullptr);
         QTest::keyClick(&dialog, Qt::Key_Return);
     });
     trigger("aboutAction");

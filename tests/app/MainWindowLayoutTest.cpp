@@ -81,6 +81,13 @@ TEST_F(MainWindowLayout, TheReplayBarStandsBelowThePanes)
               canvas().mapTo(m_window.get(), canvas().rect().bottomLeft()).y());
 }
 
+TEST_F(MainWindowLayout, TheBadgeHasItsOwnLook)
+{
+    EXPECT_EQ(child<QLabel>("targetDeviceBadge")->styleSheet(),
+              QStringLiteral("QLabel { padding: 1px 6px; background: #2a4060; color: #e0e8ff; "
+                             "border-radius: 3px; font-weight: bold; }"));
+}
+
 TEST_F(MainWindowLayout, Menus)
 {
     EXPECT_EQ(

@@ -260,15 +260,6 @@ TEST_F(MainWindowHistory, APanelThatWasClearedStaysClear)
     EXPECT_EQ(canvas().selectedIndex(), -1);
 }
 
-TEST_F(MainWindowHistory, EditsInThePanelRepaintTheCanvas)
-{
-    openUsual();
-    clickElement(0);
-    const QImage before = canvas().grab().toImage();
-    child<QSpinBox>("xSpin")->setValue(90);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return canvas().grab().toImage() != before; }, 1000));
-}
-
 TEST_F(MainWindowHistory, AnUndoThatRemovesTheOnlyPageLeavesAnEmptyCanvas)
 {
     open(writePackage(QStringLiteral("one.zconf2"),

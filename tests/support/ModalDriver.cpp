@@ -47,6 +47,7 @@ void ModalDriver::expectBox(QMessageBox::Icon icon, const QString& title, const 
         EXPECT_EQ(box.windowTitle(), title);
         EXPECT_EQ(box.text(), text);
         EXPECT_EQ(box.standardButtons(), buttons);
+        EXPECT_NE(box.parentWidget(), nullptr) << "a box that belongs to no window";
         EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "busy cursor over a message box";
         ModalDriver::press(box, press);
     });
