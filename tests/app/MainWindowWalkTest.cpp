@@ -164,7 +164,7 @@ void WindowWalk::interruptDrag()
     const QPoint from = anyPoint();
     QTest::mousePress(&canvas(), Qt::LeftButton, {}, from);
     QTest::mouseMove(&canvas(), anyPoint());
-    switch (m_source.below(6)) {
+    switch (m_source.below(7)) {
     case 0:
         undoByKey();
         break;
@@ -175,6 +175,10 @@ void WindowWalk::interruptDrag()
     case 3:
     case 4:
         pickPage();
+        break;
+    case 5:
+        m_dialogs.cancel();
+        trigger("openAction");
         break;
     default:
         openRandomPackage();
