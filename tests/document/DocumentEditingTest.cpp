@@ -1,3 +1,4 @@
+#include "document/ElementGeometry.h"
 #include "tests/support/InStep.h"
 #include "tests/support/LoadedOverlay.h"
 #include "tests/support/PackageBuilder.h"
@@ -217,6 +218,9 @@ TEST(RemovePage, RemovesNodeAndRecordAndRenumbersNothing)
     ASSERT_EQ(overlay.document.pageCount(), 1);
     EXPECT_EQ(overlay.document.pages()[0].index, 2);
     EXPECT_EQ(InStep::firstDisagreement(overlay.document), "");
+    EXPECT_TRUE(overlay.document.removePage(0)) << "the last one goes like any other";
+    EXPECT_EQ(childNames(overlay.document.confNode()), "123");
+    EXPECT_EQ(overlay.document.pageCount(), 0);
 }
 
 TEST(RemovePage, OutOfRangeChangesNothing)
@@ -278,9 +282,10 @@ TEST(AddElementFromDonor, CreatesNothingThatTheDonorLacks)
                                                    4, created),
               1);
     EXPECT_EQ(textOf(created.node), R"(<e c="GMaskParam"><e c="Axis"><p n="fid">77</p></e></e>)");
-    EXPECT_EQ(created.x, 1) << "the record holds what was asked for";
-    EXPECT_EQ(created.h, 4);
+    EXPECT_EQ(geometryOf(created), (ElementGeometry{1, 2, 3, 4}))
+        << "the record holds what was asked for";
     EXPECT_EQ(created.channelLongName, kChannel.longName);
+    EXPECT_EQ(created.channelShortName, kChannel.shortName);
     EXPECT_TRUE(created.name.startsWith(QStringLiteral("new.")));
 }
 
