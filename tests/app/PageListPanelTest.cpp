@@ -177,5 +177,5 @@ TEST_F(PageListPanelTest, ShowsNamesBelowThumbnailsSoThatEveryRowFitsTheWidth)
     EXPECT_EQ(m_panel.item(1)->toolTip(),
               QStringLiteral("A name that is far too long for any list"));
     EXPECT_EQ(m_panel.item(2)->toolTip(), QStringLiteral("Wet & dry"));
-    EXPECT_EQ(m_panel.item(3)->toolTip(), QStringLiteral("&lt;i&gt;Wet&lt;/i&gt;"));
+    EXPECT_EQ(m_panel.item(3)->toolTip(), QStringLiteral("<span>&lt;i&gt;Wet&lt;/i&gt;</span>"));
 }

@@ -405,7 +405,7 @@ TEST_F(InsertDialog, NamesThatLookLikeMarkupAreNotRendered)
          {{7, "%2 %5", "&lt;i&gt;", "a&amp;b"}});
     ASSERT_EQ(m_channels->count(), 1);
     EXPECT_EQ(m_channels->item(0)->text(), QStringLiteral("%2 %5  (<i>)  a&b"));
-    EXPECT_EQ(m_types->item(0)->toolTip(), QStringLiteral("e.g. &lt;b&gt;%3 (1x2)"));
+    EXPECT_EQ(m_types->item(0)->toolTip(), QStringLiteral("<span>e.g. &lt;b&gt;%3 (1x2)</span>"));
     clickRow(m_channels, 0);
     EXPECT_EQ(m_summary->text(),
               QStringLiteral("<b>Numeric value</b> bound to <b>%2 %5</b> (&lt;i&gt; a&amp;b)"

@@ -1,0 +1,33 @@
+#include "dialogs/LiteralToolTip.h"
+
+#include <QTextDocument>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// What a tool tip shows, which decides by the look of its text whether it is markup.
+QString shown(const QString& toolTip)
+{
+    if (!Qt::mightBeRichText(toolTip))
+        return toolTip;
+    QTextDocument document;
+    document.setHtml(toolTip);
+    return document.toPlainText();
+}
+
+} // namespace
+
+TEST(LiteralToolTip, ShowsEveryTextAsItStands)
+{
+    for (const char* const text : {"", "Oil Temp", "Wet & dry", "<b>bold</b>", "a < b", "<i>",
+                                   "a &lt; b", "&lt;b&gt;", "&amp;", "<br/>&lt;"}) {
+        const QString name = QString::fromUtf8(text);
+        EXPECT_EQ(shown(literalToolTip(name)), name);
+    }
+}
+
+TEST(LiteralToolTip, LeavesPlainTextAlone)
+{
+    EXPECT_EQ(literalToolTip(QStringLiteral("Wet & dry")), QStringLiteral("Wet & dry"));
+}
