@@ -23,7 +23,7 @@ class TelemetrySession;
 /// deletion in the middle of a drag ends it, and the element stands again where it was at the
 /// press, or where that step has put it. The canvas owns neither the page nor the document, the
 /// session or the undo stack; whoever frees or moves a page's record must call setPage or
-/// rebindPage first.
+/// rebindPage before the canvas handles its next event.
 class DashCanvas : public QWidget
 {
     Q_OBJECT

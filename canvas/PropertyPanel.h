@@ -12,7 +12,7 @@ class QSpinBox;
 
 /// Inspector of the selected element. Edits go straight into the element's record, past the undo
 /// stack, and are announced by signals. Does not own the element: whoever frees or moves the record
-/// must call setElement, rebindElement or clear first.
+/// must call setElement, rebindElement or clear before the panel handles its next event.
 class PropertyPanel : public QWidget
 {
     Q_OBJECT
