@@ -3,17 +3,16 @@
 #include "document/ArchiveReader.h"
 #include "document/ArchiveWriter.h"
 #include "document/AtomicFile.h"
+#include "document/FolderListing.h"
 #include "document/MemberPath.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QStorageInfo>
 
-#include <filesystem>
 #include <limits>
-#include <system_error>
+#include <optional>
 
 namespace {
 
@@ -61,26 +60,6 @@ bool unpackMembers(ArchiveReader& archive, const QString& destDir)
     return true;
 }
 
-QStringList filesBelow(const QString& folder)
-{
-    QStringList paths;
-    QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext())
-        paths.append(files.next());
-    return paths;
-}
-
-/// QDirIterator passes over a folder that it cannot list, and the files in it would be lost.
-bool canListAll(const QString& folder)
-{
-    std::error_code error;
-    std::filesystem::recursive_directory_iterator entry(QFileInfo(folder).filesystemFilePath(),
-                                                        error);
-    while (!error && entry != std::filesystem::recursive_directory_iterator())
-        entry.increment(error);
-    return !error;
-}
-
 bool writeArchive(QIODevice& device, const QDir& root, const QStringList& paths)
 {
     ArchiveWriter archive(device);
@@ -111,9 +90,8 @@ bool DashboardPackage::unpackArchive(const QString& archivePath, const QString& 
 bool DashboardPackage::packDirectory(const QString& srcDir, const QString& archivePath)
 {
     // Listed before the new archive exists, which may well stand in the same folder.
-    const QStringList paths = filesBelow(srcDir);
-    if (!canListAll(srcDir))
-        return false;
-    return replaceFile(
-        archivePath, [&](QIODevice& device) { return writeArchive(device, QDir(srcDir), paths); });
+    const std::optional<QStringList> paths = filesBelow(srcDir);
+    return paths && replaceFile(archivePath, [&](QIODevice& device) {
+        return writeArchive(device, QDir(srcDir), *paths);
+    });
 }

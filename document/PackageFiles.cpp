@@ -1,8 +1,8 @@
 // The part of DashboardPackage that finds the files the editor reads among the unpacked ones.
 
 #include "document/DashboardPackage.h"
+#include "document/FolderListing.h"
 
-#include <QDirIterator>
 #include <QFileInfo>
 
 namespace {
@@ -12,6 +12,11 @@ bool liesUnder(const QString& path, const QString& folder)
     return path.contains(u'/' + folder + u'/', Qt::CaseInsensitive);
 }
 
+bool isNamed(const QString& path, const QString& name)
+{
+    return path.endsWith(u'/' + name, Qt::CaseInsensitive);
+}
+
 } // namespace
 
 QString DashboardPackage::findOverlayFile(const QString& rootDir)
@@ -19,13 +24,12 @@ QString DashboardPackage::findOverlayFile(const QString& rootDir)
     QString largest;
     QString first;
     qint64 largestSize = 0; // an empty file is never the largest
-    QDirIterator files(rootDir, {QStringLiteral("overlay.ov3.xml")}, QDir::Files,
-                       QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        QString path = files.next();
+    for (const QString& path : filesBelow(rootDir).value_or(QStringList())) {
+        if (!isNamed(path, QStringLiteral("overlay.ov3.xml")))
+            continue;
         if (first.isEmpty())
             first = path;
-        const qint64 size = files.fileInfo().size();
+        const qint64 size = QFileInfo(path).size();
         if (size > largestSize && !liesUnder(path, QStringLiteral("expansions"))) {
             largest = path;
             largestSize = size;
@@ -37,10 +41,9 @@ QString DashboardPackage::findOverlayFile(const QString& rootDir)
 QString DashboardPackage::findDeviceFile(const QString& rootDir)
 {
     QString first;
-    QDirIterator files(rootDir, {QStringLiteral("*.aimcfg")}, QDir::Files,
-                       QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        QString path = files.next();
+    for (const QString& path : filesBelow(rootDir).value_or(QStringList())) {
+        if (!path.endsWith(QStringLiteral(".aimcfg"), Qt::CaseInsensitive))
+            continue;
         if (!liesUnder(path, QStringLiteral("devices")))
             return path;
         if (first.isEmpty())

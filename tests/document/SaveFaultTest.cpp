@@ -58,7 +58,9 @@ INSTANTIATE_TEST_SUITE_P(
                     FaultScenario{"CloseFails", Call::Close, Effect::Fail, EIO},
                     FaultScenario{"LinkFails", Call::Link, Effect::Fail, EPERM},
                     FaultScenario{"RenameFails", Call::Rename, Effect::Fail, EACCES},
-                    FaultScenario{"FolderCannotBeListed", Call::List, Effect::FailOnward, EIO}),
+                    FaultScenario{"ListingFails", Call::List, Effect::Fail, EIO},
+                    FaultScenario{"FolderCannotBeListed", Call::List, Effect::FailOnward, EIO},
+                    FaultScenario{"EntryCannotBeLookedAt", Call::Look, Effect::Fail, EIO}),
     titleOf);
 
 TEST_F(SaveKillTest, LeavesTheOldPackageOrTheNewOne)

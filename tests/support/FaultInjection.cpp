@@ -91,14 +91,6 @@ bool disarm()
     return state().count >= state().fault.number;
 }
 
-const char* nameOf(Call call)
-{
-    constexpr std::array<const char*, std::size(kCalls)> kNames = {
-        "Open",  "Read", "Write",  "Seek",       "Truncate", "Sync",
-        "Close", "Link", "Rename", "MakeFolder", "List"};
-    return kNames.at(static_cast<std::size_t>(call));
-}
-
 } // namespace FaultInjection
 
 using FaultInjection::Call;
@@ -213,6 +205,12 @@ int mkdir(const char* path, mode_t mode) noexcept
 {
     static auto* const next = real<int(const char*, mode_t)>("mkdir");
     return judge(Call::MakeFolder, path) == Verdict::Pass ? next(path, mode) : -1;
+}
+
+int stat(const char* path, struct stat* status) noexcept
+{
+    static auto* const next = real<int(const char*, struct stat*)>("stat");
+    return judge(Call::Look, path) == Verdict::Pass ? next(path, status) : -1;
 }
 
 struct dirent64* readdir64(DIR* folder)

@@ -22,11 +22,12 @@ enum class Call
     Link,
     Rename,
     MakeFolder,
-    List
+    List,
+    Look
 };
 inline constexpr Call kCalls[] = {Call::Open,     Call::Read,       Call::Write, Call::Seek,
                                   Call::Truncate, Call::Sync,       Call::Close, Call::Link,
-                                  Call::Rename,   Call::MakeFolder, Call::List};
+                                  Call::Rename,   Call::MakeFolder, Call::List,  Call::Look};
 
 enum class Effect
 {
@@ -48,7 +49,5 @@ struct Fault
 void arm(const QByteArray& folder, const Fault& fault);
 /// Stops watching. @return whether the fault struck.
 bool disarm();
-
-[[nodiscard]] const char* nameOf(Call call);
 
 } // namespace FaultInjection

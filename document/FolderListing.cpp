@@ -1,0 +1,44 @@
+#include "document/FolderListing.h"
+
+#include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// "none" when the entry cannot be looked at. A link to nothing is "not_found".
+fs::file_type typeOf(const fs::directory_entry& entry)
+{
+    std::error_code ignored;         // the type tells
+    if (entry.is_directory(ignored)) // mostly known from the listing, without asking again
+        return fs::file_type::directory;
+    return entry.status(ignored).type();
+}
+
+} // namespace
+
+// Not with QDirIterator, which takes an error for the end of a folder.
+std::optional<QStringList> filesBelow(const QString& folder)
+{
+    QStringList paths;
+    std::error_code error;
+    fs::recursive_directory_iterator entry(QFileInfo(folder).filesystemFilePath(), error);
+    for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
+        const QFileInfo info(entry->path());
+        if (info.isHidden()) {
+            entry.disable_recursion_pending();
+            continue;
+        }
+        const fs::file_type type = typeOf(*entry);
+        if (type == fs::file_type::none)
+            return std::nullopt;
+        if (type == fs::file_type::regular)
+            paths.append(info.filePath());
+    }
+    if (error)
+        return std::nullopt;
+    return paths;
+}
