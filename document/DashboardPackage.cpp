@@ -9,8 +9,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 #include <QStorageInfo>
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -22,11 +24,36 @@ quint64 addSaturating(quint64 left, quint64 right)
                                                               : left + right;
 }
 
+/// The folder itself or, where it is yet to be made, the nearest one above it that exists.
+QString existingFolder(QString folder)
+{
+    while (!QFileInfo::exists(folder) && QFileInfo(folder).path() != folder)
+        folder = QFileInfo(folder).path();
+    return folder;
+}
+
 bool fitsOnVolume(quint64 size, const QString& folder)
 {
-    const qint64 available = QStorageInfo(folder).bytesAvailable();
+    const qint64 available = QStorageInfo(existingFolder(folder)).bytesAvailable();
     const bool known = available >= 0;
     return !known || size <= static_cast<quint64>(available);
+}
+
+/// Far more than any dashboard has. Folders take time and room on the disk of which no declared
+/// size tells, and a member's name of 512 bytes can ask for 255 of them.
+constexpr qsizetype kMostFolders = 8192;
+
+/// The folder that a relative path leads through, empty at the top.
+QString folderOf(const QString& path)
+{
+    return path.left(std::max<qsizetype>(path.lastIndexOf(u'/'), 0));
+}
+
+/// Adds the folder, a relative path, and those above it to the known ones.
+void addFolders(QString folder, QSet<QString>& known)
+{
+    for (; !folder.isEmpty() && !known.contains(folder); folder = folderOf(folder))
+        known.insert(folder);
 }
 
 /// Whether every member may be unpacked into destDir. Asked for all of them before anything is
@@ -34,9 +61,14 @@ bool fitsOnVolume(quint64 size, const QString& folder)
 bool mayUnpack(ArchiveReader& archive, const QString& destDir)
 {
     quint64 total = 0;
+    QSet<QString> folders;
     for (bool more = archive.toFirst(); more; more = archive.toNext()) {
         const ArchiveMember& member = archive.current();
-        if (!memberPath(member.name))
+        const std::optional<QString> path = memberPath(member.name);
+        if (!path)
+            return false;
+        addFolders(member.isFolder() ? *path : folderOf(*path), folders);
+        if (folders.size() > kMostFolders)
             return false;
         if (member.isFolder())
             continue;
@@ -92,6 +124,6 @@ bool DashboardPackage::packDirectory(const QString& srcDir, const QString& archi
     // Listed before the new archive exists, which may well stand in the same folder.
     const std::optional<QStringList> paths = filesBelow(srcDir);
     return paths && replaceFile(archivePath, [&](QIODevice& device) {
-        return writeArchive(device, QDir(srcDir), *paths);
-    });
+               return writeArchive(device, QDir(srcDir), *paths);
+           });
 }

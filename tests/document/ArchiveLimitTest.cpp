@@ -48,6 +48,18 @@ void expectUnpacksAll(const RawArchive::Archive& archive)
     EXPECT_EQ(countFiles(out.path()), kTooMany);
 }
 
+/// Files that each stand in so many folders of their own, one in the other.
+std::vector<RawArchive::Member> nestedMembers(int members, int depth)
+{
+    std::vector<RawArchive::Member> result;
+    for (int i = 0; i < members; ++i) {
+        const QByteArray folder =
+            QByteArray::number(i) + '/' + QByteArray("f/").repeated(depth - 1);
+        result.push_back({folder + 'x', "x", RawArchive::kStored});
+    }
+    return result;
+}
+
 /// Pretends that gigabytes stand before what is written to it.
 class FarDevice : public QIODevice
 {
@@ -94,6 +106,38 @@ TEST(ArchiveLimitTest, UnpacksAllMembersWhenTheirCountWrapped)
 {
     const RawArchive::Archive archive = archiveOf(kTooMany);
     expectUnpacksAll(archive);
+}
+
+TEST(ArchiveLimitTest, UnpacksAsManyFoldersAsAnyPackageMayHave)
+{
+    const QTemporaryDir folder(FolderTools::memoryTemplate());
+    const QString path = folder.filePath(QStringLiteral("a.zconf2"));
+    std::vector<RawArchive::Member> members = nestedMembers(64, 128);
+    for (int i = 0; i < 64; ++i) // folders that are known already
+        members.push_back({QByteArray::number(i) + "/f/../f/y", "y", RawArchive::kStored});
+    members.push_back({"0/f/", ""});
+    ASSERT_TRUE(TestPackage::writeFile(path, RawArchive::build(members)));
+    const QTemporaryDir out(FolderTools::memoryTemplate());
+    EXPECT_TRUE(DashboardPackage::unpackArchive(path, out.path()));
+    EXPECT_EQ(countFiles(out.path()), 128);
+
+    members.push_back({"one more/", ""});
+    ASSERT_TRUE(TestPackage::writeFile(path, RawArchive::build(members)));
+    const QTemporaryDir empty(FolderTools::memoryTemplate());
+    EXPECT_FALSE(DashboardPackage::unpackArchive(path, empty.path()));
+    EXPECT_EQ(FolderTools::names(empty.path()), QStringList());
+}
+
+TEST(ArchiveLimitTest, RefusesTwoHundredThousandFoldersInOneMegabyte)
+{
+    const QTemporaryDir folder(FolderTools::memoryTemplate());
+    const QString path = folder.filePath(QStringLiteral("a.zconf2"));
+    const QByteArray bytes = RawArchive::build(nestedMembers(900, 254));
+    ASSERT_LT(bytes.size(), 1'100'000);
+    ASSERT_TRUE(TestPackage::writeFile(path, bytes));
+    const QTemporaryDir out(FolderTools::memoryTemplate());
+    EXPECT_FALSE(DashboardPackage::unpackArchive(path, out.path()));
+    EXPECT_EQ(FolderTools::names(out.path()), QStringList());
 }
 
 TEST(ArchiveLimitTest, SavesNoMoreMembersThanTheEndRecordCanCount)

@@ -102,6 +102,27 @@ TEST_F(DashboardPackageTest, UnpacksFoldersWithAndWithoutMembersOfTheirOwn)
     EXPECT_TRUE(QFileInfo(m_out + QStringLiteral("/bare/deep")).isDir());
 }
 
+TEST_F(DashboardPackageTest, MakesTheFolderItUnpacksInto)
+{
+    const QString fresh = m_world.filePath(QStringLiteral("yet/to be/made"));
+    writeFile(m_archive, RawArchive::build(RawArchive::Archive{}));
+    ASSERT_TRUE(unpackArchive(m_archive, fresh));
+    EXPECT_FALSE(QFileInfo::exists(m_world.filePath(QStringLiteral("yet")))) << "nothing to unpack";
+
+    RawArchive::Member tooMuch{"a", "1"};
+    tooMuch.size = 1ULL << 60U;
+    tooMuch.wideSizes = true;
+    writeFile(m_archive, RawArchive::build({tooMuch}));
+    EXPECT_FALSE(unpackArchive(m_archive, fresh)) << "its disk is known all the same";
+    EXPECT_FALSE(QFileInfo::exists(m_world.filePath(QStringLiteral("yet"))));
+
+    writeFile(m_archive,
+              RawArchive::build({RawArchive::Member{"a", "1"}, RawArchive::Member{"b/c", "2"}}));
+    ASSERT_TRUE(unpackArchive(m_archive, fresh));
+    EXPECT_EQ(FolderTools::contents(fresh),
+              (Files{{QStringLiteral("a"), "1"}, {QStringLiteral("b/c"), "2"}}));
+}
+
 TEST_F(DashboardPackageTest, UnpacksOverFilesThatAreThere)
 {
     writeFile(m_out + QStringLiteral("/a"), "older and longer");
