@@ -60,9 +60,8 @@ bool DashboardDocument::loadDeviceFile(const QString& path)
     pugi::xml_document parsed;
     if (!parsed.load_file(path.toLocal8Bit().constData()))
         return false;
-    m_deviceXml = std::move(parsed);
     const pugi::xml_node container =
-        m_deviceXml.child(OverlaySchema::kDeviceRoot).child(XmlTree::kObject);
+        parsed.child(OverlaySchema::kDeviceRoot).child(XmlTree::kObject);
     if (!container)
         return false;
     for (const pugi::xml_node child : XmlTree::objects(container)) {
@@ -71,6 +70,7 @@ bool DashboardDocument::loadDeviceFile(const QString& path)
         else if (XmlTree::hasClass(child, Class::kChannelsList))
             appendChannels(child, m_channels);
     }
+    m_deviceXml = std::move(parsed);
     readDisplaySize();
     return true;
 }

@@ -101,6 +101,20 @@ TEST_F(DeviceReader, ReadsEveryListInOrderAndKeepsDuplicates)
     EXPECT_EQ(m_document.channels()[2].fid, 2);
 }
 
+TEST_F(DeviceReader, OnlyTheFirstContainerOfTheFirstRootCounts)
+{
+    ASSERT_TRUE(m_overlay.loadDevice(
+        R"(<other/><CfgFileFormat><p n="Type">no object</p>
+          <e c="Any"><e c="Device"><p n="Type">first</p></e></e>
+          <e c="Any"><e c="Device"><p n="Type">second</p><p n="TypeCode">2</p></e>
+            <e c="ChannelsList"><e c="Canale"><p n="FID">1</p><p n="LongName">A</p></e></e></e>
+        </CfgFileFormat>
+        <CfgFileFormat><e><e c="Device"><p n="Type">third</p></e></e></CfgFileFormat>)"));
+    EXPECT_EQ(m_document.deviceType(), QStringLiteral("first"));
+    EXPECT_EQ(m_document.deviceTypeCode(), -1);
+    EXPECT_TRUE(m_document.channels().empty());
+}
+
 TEST_F(DeviceReader, AppendsToWhatItKnows)
 {
     const QByteArray row = R"(<e c="Canale"><p n="FID">1</p><p n="LongName">A</p></e>)";
@@ -121,6 +135,20 @@ TEST_F(DeviceReader, AnUnusableFileChangesNothing)
         EXPECT_EQ(m_document.displayHeight(), 480) << xml;
     }
     EXPECT_FALSE(m_overlay.document.loadDeviceFile(QStringLiteral("/no/such/file")));
+}
+
+TEST_F(DeviceReader, AnUnusableFileAfterAGoodOneChangesNothing)
+{
+    ASSERT_TRUE(load(R"(<e c="Device"><p n="Type">MXS</p><p n="TypeCode">12</p></e>
+        <e c="ChannelsList"><e c="Canale"><p n="FID">1</p><p n="LongName">A</p></e></e>)"));
+    for (const char* const xml :
+         {"", "<CfgFileFormat><e>", "<CfgFileFormat/>", "<Wrong><e/></Wrong>"}) {
+        EXPECT_FALSE(m_overlay.loadDevice(xml)) << xml;
+        EXPECT_EQ(m_document.deviceType(), QStringLiteral("MXS")) << xml;
+        EXPECT_EQ(m_document.deviceTypeCode(), 12) << xml;
+        EXPECT_EQ(m_document.channels().size(), 1U) << xml;
+        EXPECT_EQ(m_document.displayWidth(), 320) << xml;
+    }
 }
 
 TEST_F(DeviceReader, AnEmptyContainerStillReadsTheDisplaySize)
