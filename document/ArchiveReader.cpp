@@ -65,6 +65,35 @@ quint64 wideSize(const std::vector<char>& fields, quint64 fallback)
     return fallback;
 }
 
+constexpr qsizetype kEndSize = 22;
+/// The 64-bit end record and its locator, which stand before the end record.
+constexpr qsizetype kWideEndSize = 56 + 20;
+
+template <typename T>
+T number(const QByteArray& bytes, qsizetype at)
+{
+    return qFromLittleEndian<T>(bytes.data() + at);
+}
+
+/// Whether bytes begin with the 64-bit end records of an archive without members.
+bool isEmptyWideEnd(const QByteArray& bytes)
+{
+    constexpr qsizetype kTotalAt = 32;
+    constexpr qsizetype kLocatorAt = 56;
+    return bytes.size() >= kWideEndSize && bytes.startsWith(QByteArrayLiteral("PK\6\6")) &&
+           number<quint64>(bytes, kTotalAt) == 0 &&
+           bytes.mid(kLocatorAt).startsWith(QByteArrayLiteral("PK\6\7"));
+}
+
+/// Whether an end record counts no members, or leaves that to the 64-bit one.
+bool countsNothing(const QByteArray& end, bool mayLeaveIt)
+{
+    constexpr qsizetype kTotalAt = 10;
+    constexpr quint16 kCountElsewhere = 0xffff;
+    const auto total = number<quint16>(end, kTotalAt);
+    return total == 0 || (mayLeaveIt && total == kCountElsewhere);
+}
+
 } // namespace
 
 ArchiveReader::ArchiveReader(QIODevice& device) : m_device(device)
@@ -154,14 +183,14 @@ bool ArchiveReader::extractCurrent(const QString& filePath)
 
 bool isEmptyArchive(QIODevice& device)
 {
-    constexpr qsizetype kRecordSize = 22;
-    constexpr qsizetype kTotalAt = 10;
     constexpr qsizetype kCommentLengthAt = 20;
     if (!device.seek(0))
         return false;
-    const QByteArray record = device.read(kRecordSize);
-    return record.size() == kRecordSize && record.startsWith(QByteArrayLiteral("PK\5\6")) &&
-           qFromLittleEndian<quint16>(record.data() + kTotalAt) == 0 &&
-           device.size() ==
-               kRecordSize + qFromLittleEndian<quint16>(record.data() + kCommentLengthAt);
+    const QByteArray start = device.read(kWideEndSize + kEndSize);
+    const bool wide = isEmptyWideEnd(start);
+    const qsizetype endAt = wide ? kWideEndSize : 0;
+    const QByteArray end = start.mid(endAt, kEndSize);
+    return end.size() == kEndSize && end.startsWith(QByteArrayLiteral("PK\5\6")) &&
+           countsNothing(end, wide) &&
+           device.size() == endAt + kEndSize + number<quint16>(end, kCommentLengthAt);
 }

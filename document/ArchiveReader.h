@@ -62,6 +62,6 @@ private:
     bool m_wideSizes = false; ///< the current member's sizes stand in the 64-bit field
 };
 
-/// Whether the device holds nothing but the end record of an archive without members. That is a
-/// valid archive, but the library refuses to open it.
+/// Whether the device holds nothing but the end record of an archive without members, with or
+/// without the 64-bit ones before it. That is a valid archive, but the library refuses to open it.
 [[nodiscard]] bool isEmptyArchive(QIODevice& device);

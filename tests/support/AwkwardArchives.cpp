@@ -229,6 +229,8 @@ Cases wrongCounts()
     Archive wide = threeMembers();
     wide.wideEnd = true;
     cases.push_back({"WideEndRecords", build(wide), true, all});
+    wide.endElsewhere = true;
+    cases.push_back({"WideEndRecordsAlone", build(wide), true, all});
     return cases;
 }
 
@@ -285,12 +287,26 @@ Cases emptyArchives()
     junk.before = "junk";
     Archive lying;
     lying.count = 3;
+    Archive wide;
+    wide.wideEnd = true;
+    Archive wideAlone = wide;
+    wideAlone.endElsewhere = true;
+    Archive wideWithComment = wideAlone;
+    wideWithComment.comment = comment.comment;
+    QByteArray wideCounting = build(wideAlone);
+    wideCounting[32] = 3;
     QByteArray otherDisk = build(threeMembers());
     otherDisk[otherDisk.lastIndexOf("PK\5\6") + 4] = 1;
     return {{"Empty", build(Archive{}), true, {}},
             {"EmptyWithComment", build(comment), true, {}},
             {"EmptyAfterJunk", build(junk), true, {}},
             refused("EmptyButCounting", build(lying)),
+            {"EmptyWide", build(wide), true, {}},
+            {"EmptyWideAlone", build(wideAlone), true, {}},
+            {"EmptyWideWithComment", build(wideWithComment), true, {}},
+            refused("EmptyWideButCounting", wideCounting),
+            refused("EmptyWideWithBytesBehind", build(wideAlone) + 'x'),
+            refused("EmptyWideWithoutItsEnd", build(wideAlone).left(76)),
             refused("EmptyWithBytesBehind", build(Archive{}) + 'x'),
             refused("OneOfSeveralDisks", otherDisk)};
 }

@@ -136,7 +136,10 @@ QByteArray build(const Archive& archive)
     const auto count = archive.count.value_or(
         static_cast<quint16>(archive.wideEnd ? 0xffffU : archive.members.size()));
     out.add(kEndSignature).add16(0).add16(0).add(count).add(count);
-    out.add32(directory.size()).add32(start);
+    if (archive.endElsewhere)
+        out.add(kElsewhere).add(kElsewhere);
+    else
+        out.add32(directory.size()).add32(start);
     out.add16(static_cast<std::size_t>(archive.comment.size())).addText(archive.comment);
     return archive.before + out.bytes() + archive.after;
 }

@@ -44,6 +44,7 @@ struct Archive
     QByteArray comment;
     std::optional<quint16> count = {}; ///< in the end record instead of the right one
     bool wideEnd = false;              ///< write the 64-bit end records too
+    bool endElsewhere = false;         ///< the end record leaves size and place to the 64-bit one
 };
 
 [[nodiscard]] QByteArray build(const Archive& archive);
