@@ -7,7 +7,8 @@
 
 /// Runs body in a child process to which file permissions apply, also when the tests run as root.
 /// Unix only.
-/// @return what body returned; false when the child could not be made or died.
+/// @return what body returned; when the child cannot be made, cannot drop its rights or dies before
+/// body returns, the test fails.
 [[nodiscard]] bool runUnprivileged(const std::function<bool()>& body);
 
 /// Template for a temporary folder that such a child can be let into: on Unix not inside the folder
