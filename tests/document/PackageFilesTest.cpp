@@ -110,9 +110,18 @@ TEST_F(PackageFilesTest, TakesNoFolderAndNoOtherNameForAnOverlay)
 
 TEST_F(PackageFilesTest, PrefersTheDeviceFileOutsideDevices)
 {
-    add("devices/a.aimcfg", 10);
-    add("z.aimcfg", 10);
-    EXPECT_EQ(findDeviceFile(m_root.path()), full("z.aimcfg"));
+    // Some systems walk a folder by name, some by age: the one in "devices" is met first in half of
+    // these.
+    for (const char* const folder : {"1/a", "1/b", "2/a", "2/b"}) {
+        const QByteArray root(folder, 1);
+        const QByteArray other = root + (folder[2] == 'a' ? "/b" : "/a");
+        const QByteArray inside = folder + QByteArrayLiteral("/devices/x.aimcfg");
+        const QByteArray outside = other + "/x.aimcfg";
+        add(root == "1" ? inside : outside, 10);
+        add(root == "1" ? outside : inside, 10);
+        EXPECT_EQ(findDeviceFile(full(root)), full(outside)) << folder;
+        ASSERT_TRUE(QDir(full(root)).removeRecursively());
+    }
 }
 
 TEST_F(PackageFilesTest, TakesTheDeviceFileBelowDevicesWhenThereIsNoOther)
