@@ -132,6 +132,20 @@ TEST_F(XmlTreeTest, AppendPropertyGivesAnEmptyValueNoTextChild)
     EXPECT_EQ(text(), R"(<e><p n="A">1</p><p n="B"/></e>)");
 }
 
+TEST_F(XmlTreeTest, RemovesAndReplacesSubtreesOfAnyDepth)
+{
+    constexpr int kLevels = 300'000; // more than the library's own removal survives
+    std::string deep;
+    for (int i = 0; i < kLevels; ++i)
+        deep += "<a>";
+    for (int i = 0; i < kLevels; ++i)
+        deep += "</a>";
+    pugi::xml_node root = load(("<r>" + deep + "<p>" + deep + "</p></r>").c_str());
+    XmlTree::removeSubtree(root.child("a"));
+    XmlTree::setText(root.child("p"), QStringLiteral("1"));
+    EXPECT_EQ(text(), "<r><p>1</p></r>");
+}
+
 TEST_F(XmlTreeTest, RemoveSubtreeRemovesThatSubtreeOnly)
 {
     const pugi::xml_node root = load("<r><a><b/><c>text<d/></c></a><a2><b/></a2></r>");
