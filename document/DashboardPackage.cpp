@@ -10,11 +10,12 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
-#include <QStorageInfo>
 
 #include <algorithm>
+#include <filesystem>
 #include <limits>
 #include <optional>
+#include <system_error>
 
 namespace {
 
@@ -34,9 +35,12 @@ QString existingFolder(QString folder)
 
 bool fitsOnVolume(quint64 size, const QString& folder)
 {
-    const qint64 available = QStorageInfo(existingFolder(folder)).bytesAvailable();
-    const bool known = available >= 0;
-    return !known || size <= static_cast<quint64>(available);
+    // Asked of the folder itself: the list of mounted volumes, which QStorageInfo needs, does not
+    // tell where a program was given another root.
+    std::error_code error; // then as much as can be counted is available
+    return size <=
+           std::filesystem::space(QFileInfo(existingFolder(folder)).filesystemFilePath(), error)
+               .available;
 }
 
 /// Far more than any dashboard has. Folders take time and room on the disk of which no declared

@@ -19,6 +19,7 @@ make_bare_root() {
     [ -n "$mirror" ] || die "No Debian mirror among this machine's sources: name one."
     ensure_packages debootstrap
     bare_root=$(mktemp -d)
+    chmod 755 "$bare_root" # the root folder of a system is open to all its users
     trap remove_bare_root EXIT
     say "Making a bare Debian 12 in $bare_root"
     debootstrap --variant=minbase bookworm "$bare_root" "$mirror"
