@@ -54,6 +54,32 @@ void describe(pugi::xml_node node, std::string& text)
     text += "</>";
 }
 
+/// An unreadable colour is written as black, where its style is written and has a place for it.
+void settleColor(pugi::xml_node element, const char* className, const QString& font, QColor& color)
+{
+    pugi::xml_node style;
+    for (const pugi::xml_node object : XmlTree::objects(element)) {
+        if (XmlTree::hasClass(object, className))
+            style = object; // the last one counts
+    }
+    const bool written =
+        !font.isEmpty() && style.find_child_by_attribute(XmlTree::kProperty, XmlTree::kKey,
+                                                         OverlaySchema::Key::kColor);
+    if (written && !color.isValid())
+        color = Qt::black;
+}
+
+/// Brings the records to what they are once saved and read again.
+void settle(DashboardDocument& document)
+{
+    for (int page = 0; page < document.pageCount(); ++page) {
+        for (DashElement& element : document.pageAt(page)->elements) {
+            settleColor(element.node, "Digit", element.valueFont, element.valueColor);
+            settleColor(element.node, "Label", element.labelFont, element.labelColor);
+        }
+    }
+}
+
 std::string unchangeable(const DashboardDocument& document)
 {
     std::string text;
@@ -75,16 +101,12 @@ RC_GTEST_PROP(RoundTrip, KeepsEverythingButWhatTheEditorEdits, ())
 RC_GTEST_PROP(RoundTrip, ReadingWhatWasWrittenGivesTheSameRecordsAndBytes, ())
 {
     LoadedOverlay overlay(randomOverlay());
-    const QByteArray records = InStep::recordsText(overlay.document);
+    settle(overlay.document);
+    const std::string records = InStep::recordsText(overlay.document).toStdString();
     const QByteArray written = overlay.written();
     RC_ASSERT(overlay.load(written));
-    // A style without a font is not written, an unreadable colour comes back black, and several
-    // styles become one: all that settles with the first save.
-    const QByteArray settled = InStep::recordsText(overlay.document);
+    RC_ASSERT(InStep::recordsText(overlay.document).toStdString() == records);
     RC_ASSERT(overlay.written() == written);
-    RC_ASSERT(overlay.load(overlay.written()));
-    RC_ASSERT(InStep::recordsText(overlay.document) == settled);
-    RC_ASSERT(settled.count('\n') == records.count('\n'));
 }
 
 RC_GTEST_PROP(RoundTrip, OrdinaryElementsComeBackAsTheyWereEdited, ())
