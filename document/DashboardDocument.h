@@ -109,15 +109,21 @@ public:
     // --- Record readers --------------------------------------------------------------------------
 
     /// Appends the record of a page object. The background image is resolved only while a
-    /// QGuiApplication exists, because a pixmap needs one.
+    /// QGuiApplication exists, because a pixmap needs one; it stays null when it cannot be read or
+    /// when the images of all pages together would have more than 100 million pixels.
     void readPage(pugi::xml_node node, int ordinal);
     [[nodiscard]] static DashElement readElement(pugi::xml_node node);
 
 private:
+    /// All images of a document together; four bytes each once decoded. A package of a few
+    /// kilobytes can hold images that would fill the memory of any computer.
+    static constexpr qint64 kMostImagePixels = 100'000'000;
+
     DashboardDocument& operator=(DashboardDocument&&) = default;
 
     [[nodiscard]] static std::vector<DashElement> readElements(pugi::xml_node page);
-    void resolveImage(DashPage& page, const QString& rawImagePath) const;
+    void resolveImage(DashPage& page, const QString& rawImagePath);
+    void loadImage(DashPage& page, const QString& candidate);
     void readDisplaySize();
 
     std::vector<DashPage> m_pages;
@@ -131,4 +137,5 @@ private:
     std::vector<ChannelDef> m_channels;
     int m_displayWidth = 800;
     int m_displayHeight = 480;
+    qint64 m_imagePixelsLeft = kMostImagePixels;
 };

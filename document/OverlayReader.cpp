@@ -8,6 +8,7 @@
 
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QImageReader>
 
 #include <optional>
 #include <utility>
@@ -100,14 +101,6 @@ void readKindAndStyles(pugi::xml_node node, DashElement& element)
     element.kind = kind.value_or(ElementKind::Other);
 }
 
-void loadImage(DashPage& page, const QString& candidate)
-{
-    if (!QFileInfo(candidate).isFile())
-        return;
-    page.imagePath = candidate;
-    page.image.load(candidate);
-}
-
 bool guiApplicationExists()
 {
     return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
@@ -123,6 +116,7 @@ bool DashboardDocument::loadOverlay(const QString& path)
         return false;
     m_pages.clear();
     m_overlayXml = std::move(parsed);
+    m_imagePixelsLeft = kMostImagePixels;
 
     int ordinal = 0;
     for (const pugi::xml_node child : XmlTree::objects(confNode())) {
@@ -154,7 +148,7 @@ void DashboardDocument::readPage(pugi::xml_node node, int ordinal)
     m_pages.push_back(std::move(page));
 }
 
-void DashboardDocument::resolveImage(DashPage& page, const QString& rawImagePath) const
+void DashboardDocument::resolveImage(DashPage& page, const QString& rawImagePath)
 {
     if (!rawImagePath.isEmpty())
         loadImage(page, FixedPaths::imageRoot() + rawImagePath);
@@ -162,6 +156,19 @@ void DashboardDocument::resolveImage(DashPage& page, const QString& rawImagePath
         loadImage(page, QFileInfo(m_overlayPath).path() + u'/' + QString::number(page.index) +
                             QStringLiteral(".png"));
     }
+}
+
+void DashboardDocument::loadImage(DashPage& page, const QString& candidate)
+{
+    if (!QFileInfo(candidate).isFile())
+        return;
+    page.imagePath = candidate;
+    QImageReader reader(candidate);
+    const QSize size = reader.size();
+    if (qint64{size.width()} * size.height() > m_imagePixelsLeft)
+        return;
+    page.image = QPixmap::fromImageReader(&reader);
+    m_imagePixelsLeft -= qint64{page.image.width()} * page.image.height();
 }
 
 std::vector<DashElement> DashboardDocument::readElements(pugi::xml_node page)

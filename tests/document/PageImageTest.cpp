@@ -12,15 +12,19 @@
 
 namespace {
 
-QByteArray png(int width)
+QByteArray pngOf(QImage image, const QColor& color)
 {
-    QImage image(width, 2, QImage::Format_RGB32);
-    image.fill(Qt::red);
+    image.fill(color);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
     return bytes;
+}
+
+QByteArray png(int width)
+{
+    return pngOf(QImage(width, 2, QImage::Format_RGB32), Qt::red);
 }
 
 /// Three pages, the second of which names an image.
@@ -115,6 +119,34 @@ TEST_F(PageImage, TheRootItselfIsNoImage)
     ASSERT_TRUE(open({}, "Pictures"));
     EXPECT_TRUE(page(1).image.isNull());
     EXPECT_TRUE(page(1).imagePath.isEmpty()) << "a folder is no image file";
+}
+
+TEST_F(PageImage, AllTogetherFillALimitedPartOfTheMemory)
+{
+    // Of 33 million pixels each, in 7 kB.
+    const QByteArray huge = pngOf(QImage(5790, 5790, QImage::Format_Mono), Qt::black);
+    const QByteArray late = png(33);
+    TestPackage::Members members;
+    std::vector<TestPackage::Object> pages;
+    for (int i = 0; i < 6; ++i) {
+        pages.push_back(TestPackage::page("Page", 300, 200));
+        members[QString::number(i) + QStringLiteral(".png")] = i < 5 ? huge : late;
+    }
+    members[QStringLiteral("overlay.ov3.xml")] = TestPackage::overlayXml(pages);
+    const QString path = m_folder.filePath(QStringLiteral("made.zconf2"));
+    ASSERT_TRUE(TestPackage::writePackage(path, members));
+    for (int time = 0; time < 2; ++time) {
+        ASSERT_TRUE(m_document.open(path));
+        EXPECT_EQ(page(0).image.width(), 5790);
+        EXPECT_EQ(page(1).image.width(), 5790);
+        for (int i = 2; i < 5; ++i) {
+            EXPECT_TRUE(page(i).image.isNull()) << i;
+            EXPECT_FALSE(page(i).imagePath.isEmpty()) << i;
+        }
+        EXPECT_EQ(page(5).image.width(), 33) << "there is room for this one";
+    }
+    m_document.readPage(m_document.pageNode(0), 0);
+    EXPECT_TRUE(page(6).image.isNull()) << "counted on";
 }
 
 TEST_F(PageImage, ANewPageHasNone)
