@@ -12,6 +12,8 @@ namespace {
 constexpr uLong kNameLimit = 512;
 constexpr quint64 kChunkSize = 8192;
 constexpr uLong kEncryptedFlag = 1;
+/// The most that a byte of deflated data unpacks to, rounded up.
+constexpr quint64 kGreatestExpansion = 1032;
 /// Fixed part of a member's record in the directory, bytes.
 constexpr ZPOS64_T kDirectoryRecordSize = 46;
 /// Stands where a size needs the 64-bit field.
@@ -96,7 +98,9 @@ bool countsNothing(const QByteArray& end, bool mayLeaveIt)
 
 } // namespace
 
-ArchiveReader::ArchiveReader(QIODevice& device) : m_device(device)
+ArchiveReader::ArchiveReader(QIODevice& device)
+    : m_device(device),
+      m_believable(kGreatestExpansion * static_cast<quint64>(device.size()))
 {
     zlib_filefunc64_def hooks = m_device.hooks();
     m_archive.reset(unzOpen2_64(nullptr, &hooks));
@@ -173,9 +177,11 @@ bool ArchiveReader::extractCurrent(const QString& filePath)
         const int count = member.read(chunk.data(), std::min(remaining, kChunkSize));
         if (count <= 0)
             break;
-        if (file.write(chunk.data(), count) != count)
+        const auto size = static_cast<quint64>(count);
+        if (size > m_believable || file.write(chunk.data(), count) != count)
             return false;
-        remaining -= static_cast<quint64>(count);
+        remaining -= size;
+        m_believable -= size;
     }
     file.close();
     return file.error() == QFileDevice::NoError;

@@ -43,7 +43,9 @@ public:
 
     /// Writes the content of the current member into a file, replacing it. A member whose data are
     /// damaged ends where the damage begins, and that is no failure.
-    /// @return false when the member cannot be opened or the file cannot be written completely.
+    /// @return false when the member cannot be opened, when the file cannot be written completely,
+    /// or when all members together unpack to more than the archive can hold, because they share
+    /// their data.
     [[nodiscard]] bool extractCurrent(const QString& filePath);
 
 private:
@@ -57,6 +59,7 @@ private:
     [[nodiscard]] quint64 declaredSize(const unz_file_info64& info) const;
 
     ArchiveDevice m_device;
+    quint64 m_believable; ///< bytes that may still be unpacked
     std::unique_ptr<std::remove_pointer_t<unzFile>, Closer> m_archive;
     ArchiveMember m_current;
     bool m_wideSizes = false; ///< the current member's sizes stand in the 64-bit field

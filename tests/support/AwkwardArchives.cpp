@@ -175,7 +175,17 @@ Cases sizesThatLie()
     std::vector<Member> bomb;
     for (int i = 0; i < 128; ++i)
         bomb.push_back(declaring("bomb" + QByteArray::number(i), "0", 4 * kGigabyte));
+    Member shared{"shared", QByteArray(100'000, '\0')};
+    std::vector<Member> sharing{shared};
+    shared.offset = 0;
+    shared.listedOnly = true;
+    sharing.insert(sharing.end(), 100, shared);
     return {
+        refused("BombOfMembersThatShareTheirData", build(sharing)),
+        {"AllThatDeflateCanHold",
+         build({Member{"a", QByteArray(10'000'000, '\0')}}),
+         true,
+         {{text("a"), QByteArray(10'000'000, '\0')}}},
         {"DeclaresTooMuch", build({declaring("a", content, 30000)}), true, {{text("a"), content}}},
         {"DeclaresTooLittle",
          build({declaring("a", content, 9000)}),

@@ -127,7 +127,8 @@ QByteArray build(const Archive& archive)
     for (const Member& member : archive.members) {
         const Fields fields = fieldsOf(member);
         addCentral(directory, member, fields, out.size());
-        addLocal(out, member, fields);
+        if (!member.listedOnly)
+            addLocal(out, member, fields);
     }
     const std::size_t start = out.size();
     out.addText(directory.bytes());

@@ -30,6 +30,7 @@ struct Member
     std::optional<quint64> size = {};   ///< declared unpacked size instead of the right one
     std::optional<quint32> offset = {}; ///< of the local record instead of the right one
     std::optional<QByteArray> localName = {}; ///< name in the local record when it differs
+    bool listedOnly = false;                  ///< has no local record; offset says whose it takes
     bool wideSizes = false;                   ///< sizes stand in the 64-bit extra field
     quint16 madeBy = 0;
     quint32 attributes = 0; ///< external attributes
