@@ -2,6 +2,7 @@
 
 #include "document/DashboardDocument.h"
 #include "document/OverlaySchema.h"
+#include "document/XmlFile.h"
 #include "document/XmlTree.h"
 
 #include <utility>
@@ -58,7 +59,7 @@ void readIdentity(pugi::xml_node device, QString& type, int& typeCode)
 bool DashboardDocument::loadDeviceFile(const QString& path)
 {
     pugi::xml_document parsed;
-    if (!parsed.load_file(path.toLocal8Bit().constData()))
+    if (!loadXmlFile(path, parsed))
         return false;
     const pugi::xml_node container =
         parsed.child(OverlaySchema::kDeviceRoot).child(XmlTree::kObject);
