@@ -10,18 +10,15 @@
 
 namespace {
 
-constexpr qint64 kLargestFile = 200'000'000;
-constexpr qint64 kMostMemory = 500'000'000;
-
 struct Deallocate
 {
     void operator()(char* memory) const { pugi::get_memory_deallocation_function()(memory); }
 };
 using Buffer = std::unique_ptr<char[], Deallocate>; // of the kind the library can take over
 
-/// Bytes that the tree and the records would take, more or less: a package of a few hundred
-/// kilobytes can hold gigabytes of empty elements.
-qint64 memoryFor(const QByteArray& xml)
+} // namespace
+
+qint64 memoryOnceParsed(const QByteArray& xml)
 {
     constexpr qint64 kNode = 64;
     constexpr qint64 kAttribute = 40;
@@ -33,17 +30,15 @@ qint64 memoryFor(const QByteArray& xml)
            kPage * xml.count(OverlaySchema::Class::kPage);
 }
 
-} // namespace
-
 bool loadXmlFile(const QString& path, pugi::xml_document& document)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestFile)
+    if (!file.open(QIODevice::ReadOnly))
         return false;
     const auto size = static_cast<std::size_t>(file.size());
     Buffer content(static_cast<char*>(pugi::get_memory_allocation_function()(size + 1)));
     if (!content || file.read(content.get(), file.size()) != file.size() ||
-        memoryFor(QByteArray::fromRawData(content.get(), file.size())) > kMostMemory)
+        memoryOnceParsed(QByteArray::fromRawData(content.get(), file.size())) > kMostXmlMemory)
         return false;
     return document.load_buffer_inplace_own(content.release(), size);
 }

@@ -1,5 +1,6 @@
 #include "document/XmlFile.h"
 
+#include "document/DashPage.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
 
@@ -47,22 +48,31 @@ TEST_F(XmlFileTest, RefusesWhatIsNoXml)
     EXPECT_FALSE(loadXmlFile({}, m_document));
 }
 
-TEST_F(XmlFileTest, RefusesFilesOfMoreThan200Megabytes)
-{
-    constexpr int kMost = 200'000'000;
-    EXPECT_TRUE(load(QByteArray("<r/>").leftJustified(kMost)));
-    EXPECT_FALSE(load(QByteArray("<r/>").leftJustified(kMost + 1)));
-}
-
 TEST_F(XmlFileTest, RefusesWhatWouldFillTheMemoryOnceParsed)
 {
-    EXPECT_TRUE(loadRepeated("<a/>", 7'000'000));
-    EXPECT_FALSE(loadRepeated("<a/>", 8'000'000));
-    EXPECT_TRUE(loadRepeated("<e></e>", 7'000'000)) << "an end adds nothing";
-    EXPECT_TRUE(loadRepeated("=", 12'000'000)) << "as many attributes";
-    EXPECT_FALSE(loadRepeated("=", 13'000'000));
-    EXPECT_TRUE(loadRepeated("GPageParam", 490'000));
-    EXPECT_FALSE(loadRepeated("GPageParam", 510'000));
-    EXPECT_TRUE(loadRepeated(R"(<e c="GMaskParam"><p n="XPOS">1</p></e>)", 1'000'000));
-    EXPECT_FALSE(loadRepeated(R"(<e c="GMaskParam"/>)", 2'000'000));
+    constexpr int kTooMany = 65'000'000;
+    EXPECT_TRUE(load(QByteArray("<r/>").leftJustified(4 * kTooMany))) << "size alone is no harm";
+    EXPECT_FALSE(loadRepeated("<a/>", kTooMany));
+}
+
+TEST(XmlMemory, IsThatOfNodesAttributesAndRecords)
+{
+    constexpr int kNode = 64;
+    constexpr int kAttribute = 40;
+    EXPECT_EQ(memoryOnceParsed("<a/>"), kNode);
+    EXPECT_EQ(memoryOnceParsed("<e></e>"), kNode) << "an end adds nothing";
+    EXPECT_EQ(memoryOnceParsed("<a b='' c=''/>"), kNode + 2 * kAttribute);
+    EXPECT_GE(memoryOnceParsed("<e c='GMaskParam'/>"),
+              kNode + kAttribute + qint64{sizeof(DashElement)});
+    EXPECT_GE(memoryOnceParsed("<e c='GPageParam'/>"),
+              kNode + kAttribute + qint64{sizeof(DashPage)});
+}
+
+TEST(XmlMemory, SufficesForAMillionElementsWithAllTheirProperties)
+{
+    constexpr int kMillion = 1'000'000;
+    constexpr int kParts = 20; // more properties and objects than the editor itself reads
+    const QByteArray element = "<e c='GMaskParam' i='value.01'>" +
+                               QByteArray("<p n='KEY'>value</p>").repeated(kParts) + "</e>";
+    EXPECT_LT(kMillion * memoryOnceParsed(element), kMostXmlMemory);
 }
