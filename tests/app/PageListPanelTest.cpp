@@ -48,11 +48,12 @@ protected:
 
 } // namespace
 
-TEST_F(PageListPanelTest, HasItsWidthsAndIconSize)
+TEST_F(PageListPanelTest, HasItsWidthsSpacingAndIconSize)
 {
     EXPECT_EQ(m_panel.minimumWidth(), 120);
     EXPECT_EQ(m_panel.maximumWidth(), 180);
     EXPECT_EQ(m_panel.iconSize(), QSize(120, 72));
+    EXPECT_EQ(m_panel.spacing(), 4);
     EXPECT_EQ(m_panel.objectName(), QStringLiteral("pageList"));
 }
 

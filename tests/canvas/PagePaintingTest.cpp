@@ -338,6 +338,15 @@ TEST_F(PagePainting, WithoutASelectionThereAreNoHandles)
     }
 }
 
+TEST_F(PagePainting, ASelectedElementThatIsGoneLeavesNoHandlesBehind)
+{
+    const QImage empty = pictureOf(m_canvas);
+    addBlank({100, 100, 100, 80});
+    click(at(150, 140));
+    m_page.elements.clear(); // and nobody tells the canvas
+    EXPECT_EQ(pictureOf(m_canvas), empty);
+}
+
 TEST_F(PagePainting, AScaledElementIsAsDrawnByHand)
 {
     m_canvas.resize(640, 417); // an awkward scale
@@ -381,6 +390,20 @@ TEST_F(PagePainting, AbsurdPagesArePaintedInNoTime)
             m_canvas.setSnap(true, pitch);
             EXPECT_EQ(pictureOf(m_canvas).size(), m_canvas.size());
         }
+    }
+}
+
+TEST_F(PagePainting, AGridOfMoreLinesThanAnyDisplayHasIsLeftOut)
+{
+    m_canvas.setSnap(true, 2);
+    const QPoint middle = m_canvas.rect().center();
+    for (const QSize most : {QSize(40'001, 480), QSize(480, 40'001)}) {
+        m_page.width = most.width();
+        m_page.height = most.height();
+        EXPECT_NE(pixel(middle), QColor(Qt::black));
+        m_page.width += most.width() > most.height() ? 1 : 0;
+        m_page.height += most.height() > most.width() ? 1 : 0;
+        EXPECT_EQ(pixel(middle), QColor(Qt::black));
     }
 }
 

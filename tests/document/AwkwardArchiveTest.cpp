@@ -4,6 +4,7 @@
 #include "tests/support/AwkwardArchives.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
+#include "tests/support/RawArchive.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -60,6 +61,22 @@ TEST_P(AwkwardArchiveTest, SavesWhatWasUnpacked)
     ASSERT_TRUE(DashboardPackage::unpackArchive(saved, again.path()));
     EXPECT_EQ(FolderTools::contents(again.path()),
               FolderTools::visible(FolderTools::contents(m_out)));
+}
+
+TEST(AwkwardArchive, AMemberOfWideSizesEndsWithTheArchive)
+{
+    constexpr int kDeclared = 200'000;
+    const QByteArray content(20'000, 'x');
+    RawArchive::Member member{"a", content, RawArchive::kStored};
+    member.size = kDeclared;
+    member.wideSizes = true;
+    const QTemporaryDir folder;
+    const QString archive = folder.filePath(QStringLiteral("a.zconf2"));
+    ASSERT_TRUE(TestPackage::writeFile(archive, RawArchive::build({member})));
+    ASSERT_TRUE(DashboardPackage::unpackArchive(archive, folder.path()));
+    const QByteArray unpacked = TestPackage::readFile(folder.filePath(QStringLiteral("a")));
+    EXPECT_TRUE(unpacked.startsWith(content));
+    EXPECT_LT(unpacked.size(), kDeclared); // and is not filled up with zeros
 }
 
 INSTANTIATE_TEST_SUITE_P(All, AwkwardArchiveTest, testing::ValuesIn(awkwardArchives()), titleOf);

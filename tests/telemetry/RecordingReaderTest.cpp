@@ -154,6 +154,14 @@ TEST_P(EveryFamily, EndsDespiteACountOfChannelsThatCannotBe)
     EXPECT_THAT(keys(read(m_reader)), ElementsAre(u"a"_s, u"b"_s));
 }
 
+TEST_P(EveryFamily, IsAskedForNoMoreChannelsThanALoggerRecords)
+{
+    m_reader.claimedChannelCounts[GetParam()] = kGreatestCount;
+    static_cast<void>(read(m_reader));
+    EXPECT_EQ(m_reader.calls(name("channel_name") + "(3,65535)"), 1);
+    EXPECT_EQ(m_reader.calls(name("channel_name") + "(3,65536)"), 0);
+}
+
 TEST_P(EveryFamily, SkipsAChannelWhoseSampleCountCannotBe)
 {
     channels() = {

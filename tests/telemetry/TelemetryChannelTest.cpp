@@ -55,6 +55,7 @@ TEST(TelemetryChannel, TakesTheEarlierOfTimesTooCloseForASlope)
               10.0);
     EXPECT_NEAR(channelOf({0.0, 1.0, apart, 2.0}, {0.0, 10.0, 30.0, 40.0}).valueAt(1.0 + 1e-12),
                 20.0, 0.1);
+    EXPECT_EQ(channelOf({0.0, 1e-12}, {0.0, 10.0}).valueAt(5e-13), 5.0);
 }
 
 TEST(TelemetryChannel, HoldsTheOuterOfEqualTimesAtBothEnds)
