@@ -220,8 +220,7 @@ void PropertyPanel::rebindElement(DashElement* element)
 
 void PropertyPanel::clear()
 {
-    const QScopedValueRollback updating(m_updating, true);
-    m_element = nullptr;
+    m_element = nullptr; // the editors change their values below, and write to nothing
     for (QLabel* const label : {m_idLabel, m_channelLabel, m_typeLabel})
         showText(label, tr("--"));
     m_xSpin->setValue(0);
