@@ -76,6 +76,20 @@ TEST_F(MainWindowReplay, ALoadEnablesTheControlsAndSaysWhatItFound)
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(MainWindowReplay, ARecordingWithoutChannelsLoadsAndStopsAtOnce)
+{
+    m_reader.channels = {};
+    load();
+    EXPECT_EQ(status(), QStringLiteral("Loaded XRK: lap.xrk | 0 channels | Duration: 00:00"));
+    EXPECT_TRUE(child<QSlider>("replaySlider")->isEnabled());
+    EXPECT_EQ(child<QSlider>("replaySlider")->maximum(), 0);
+    auto* const play = child<QPushButton>("playButton");
+    QTest::mouseClick(play, Qt::LeftButton);
+    EXPECT_EQ(play->text(), QStringLiteral("Stop"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return play->text() == QStringLiteral("Play"); }, 3000));
+    EXPECT_FALSE(child<QTimer>("replayTimer")->isActive());
+}
+
 TEST_F(MainWindowReplay, AFailedLoadSaysSoAndLeavesTheControls)
 {
     load();

@@ -13,7 +13,9 @@
 #include <QFontMetrics>
 #include <QTemporaryDir>
 
+#include <array>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -205,6 +207,24 @@ TEST_F(LiveValue, TheSpeedIsConvertedToTheChosenUnit)
     EXPECT_EQ(picture(), expected({"19.4"}));
     m_canvas.setSpeedUnit(3);
     EXPECT_EQ(picture(), expected({"10.0"}));
+}
+
+TEST_F(LiveValue, DecimalsFollowTheConvertedSpeed)
+{
+    for (const auto& [speed, texts] : {std::pair{0.5, std::array{"1.8", "1.1", "0.97"}},
+                                       std::pair{0.25, std::array{"0.90", "0.56", "0.49"}},
+                                       std::pair{300.0, std::array{"1080", "671.1", "583.2"}}}) {
+        m_reader.channels[ReaderHost::kPlain] = {{"GPS Speed", {0.0}, {speed}}};
+        ASSERT_TRUE(m_session.load(QStringLiteral("b.xrk"),
+                                   QString::fromStdString(ScriptedReader::path())));
+        m_page.elements.clear();
+        addLive("GPS Speed");
+        for (int unit = 0; unit < 3; ++unit) {
+            m_canvas.setSpeedUnit(unit);
+            EXPECT_EQ(picture(), expected({texts.at(static_cast<std::size_t>(unit))}))
+                << speed << " in unit " << unit;
+        }
+    }
 }
 
 TEST_F(LiveValue, TheMatchedNameDecidesWhatIsASpeed)

@@ -234,6 +234,24 @@ TEST_F(AtomicFileTest, WritesInPlaceWhereTheFolderTakesNoNewFile)
     }
 }
 
+TEST_F(AtomicFileTest, WritesInPlaceWhereOnlyTheOwnerMayReplaceAFile)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root has files that are somebody else's";
+    writeFile(m_path, "old and longer");
+    setMode(m_path, 0666);
+    setMode(m_folder.path(), 01777); // everybody makes files, nobody renames over those of others
+    EXPECT_TRUE(runUnprivileged([&] { return replaceFile(m_path, content("new")); }));
+    EXPECT_EQ(readFile(m_path), "new");
+    EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
+    EXPECT_FALSE(runUnprivileged([&] {
+        const FileSizeLimit limit(7000);
+        return replaceFile(m_path, content(QByteArray(9000, 'n')));
+    }));
+    EXPECT_EQ(readFile(m_path), "new");
+    EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
+}
+
 TEST_F(AtomicFileTest, KeepsTheOldFileInPlaceWhenTheWriterGivesUp)
 {
     writeFile(m_path, "old");

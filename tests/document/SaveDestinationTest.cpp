@@ -12,6 +12,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
+#ifdef Q_OS_LINUX
+#include <sys/mount.h>
+#endif
 
 using TestPackage::readFile;
 using TestPackage::writeFile;
@@ -134,6 +137,29 @@ TEST_F(SaveDestinationTest, APipeIsRefusedAndKept)
     struct stat status = {};
     ASSERT_EQ(lstat(QFile::encodeName(pipe).constData(), &status), 0);
     EXPECT_TRUE(S_ISFIFO(status.st_mode));
+}
+
+#endif
+
+#ifdef Q_OS_LINUX
+
+TEST_F(SaveDestinationTest, AMountedFileIsWrittenInPlace)
+{
+    const QString elsewhere = m_world.filePath(QStringLiteral("elsewhere"));
+    ASSERT_TRUE(writeFile(elsewhere, "old"));
+    ASSERT_TRUE(writeFile(m_destination, "below"));
+    const QByteArray destination = QFile::encodeName(m_destination);
+    if (mount(QFile::encodeName(elsewhere).constData(), destination.constData(), nullptr, MS_BIND,
+              nullptr) != 0)
+        GTEST_SKIP() << "mounting is not allowed here";
+    const bool saved = m_document->save(m_destination);
+    const QByteArray packed = readFile(m_destination);
+    ASSERT_EQ(umount(destination.constData()), 0);
+    EXPECT_TRUE(saved);
+    EXPECT_EQ(readFile(elsewhere), packed);
+    EXPECT_EQ(readFile(m_destination), "below");
+    EXPECT_TRUE(isComplete(elsewhere, kMoved));
+    EXPECT_EQ(FolderTools::names(m_folder).size(), 2) << "litter";
 }
 
 #endif

@@ -341,6 +341,14 @@ TEST(RecordingReader, PaysOnlyForSamplesThatAreFilledIn)
     EXPECT_EQ(recording.channels.at(u"lie"_s).valueAt(1.5), 0.0); // held after the last time, 0
 }
 
+TEST(RecordingReader, ReadsAsManySamplesAsAChannelMayHave)
+{
+    constexpr int kMost = 134'217'728; // two arrays of 1 GiB, of which one page is written
+    const Recording recording =
+        readPlain({{"most", {1.0}, {5.0}, {}, kMost}, {"one more", {1.0}, {5.0}, {}, kMost + 1}});
+    EXPECT_THAT(keys(recording), ElementsAre(u"most"_s));
+}
+
 TEST(RecordingReader, KeepsSixteenBytesASample)
 {
     constexpr std::size_t kSamples = 4'000'000;
