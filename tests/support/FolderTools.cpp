@@ -2,6 +2,7 @@
 
 #include "tests/support/PackageBuilder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
@@ -9,14 +10,36 @@
 
 namespace FolderTools {
 
+namespace {
+
+/// Of the temporary folders in memory; the number of their process follows.
+const QString kPrefix = QStringLiteral("gaugewright-test-");
+
+} // namespace
+
 QString memoryTemplate()
 {
-    const QString memory = QStringLiteral("/dev/shm");
-    constexpr qint64 kEnough = 1'000'000'000;
-    const bool fits =
-        QFileInfo(memory).isWritable() && QStorageInfo(memory).bytesAvailable() >= kEnough;
-    const QString root = fits ? memory : QDir::tempPath();
-    return root + QStringLiteral("/gaugewright-test-XXXXXX");
+    static const QString root = [] {
+        const QString memory = QStringLiteral("/dev/shm");
+        constexpr qint64 kEnough = 1'000'000'000;
+        const bool fits =
+            QFileInfo(memory).isWritable() && QStorageInfo(memory).bytesAvailable() >= kEnough;
+        if (fits)
+            removeLeftovers(memory);
+        return fits ? memory : QDir::tempPath();
+    }();
+    return root + u'/' + kPrefix + QString::number(QCoreApplication::applicationPid()) +
+           QStringLiteral("-XXXXXX");
+}
+
+void removeLeftovers(const QString& root)
+{
+    const QStringList folders = QDir(root).entryList({kPrefix + u'*'}, QDir::Dirs);
+    for (const QString& folder : folders) {
+        const QStringList parts = folder.mid(kPrefix.size()).split(u'-');
+        if (parts.size() == 2 && !QFileInfo::exists(QStringLiteral("/proc/") + parts[0]))
+            remove(root + u'/' + folder);
+    }
 }
 
 namespace {

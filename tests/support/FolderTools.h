@@ -12,6 +12,9 @@ namespace FolderTools {
 /// A template for QTemporaryDir: in memory where there is such a place with enough room, for tests
 /// that write often, because every write waits for the disk.
 [[nodiscard]] QString memoryTemplate();
+/// Removes from root what test programs that died left of such folders; the first template asked
+/// for does so by itself. Linux only.
+void removeLeftovers(const QString& root);
 
 /// Path below the folder and content of every file at any depth, hidden ones too.
 [[nodiscard]] std::map<QString, QByteArray> contents(const QString& folder);
