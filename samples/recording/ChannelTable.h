@@ -4,6 +4,7 @@
 #include "samples/recording/Circuit.h"
 #include "samples/recording/Drive.h"
 
+#include <limits>
 #include <span>
 
 /// One channel that the sample logger records.
@@ -16,6 +17,7 @@ struct RecordedChannel
     int decimals; ///< of the values as written
     double noise; ///< greatest deviation of the sensor, either way
     double (*value)(const CarState& state, const Circuit& circuit);
+    double least = -std::numeric_limits<double>::infinity(); ///< noise takes no value below it
 };
 
 /// The channels in the order of recording. Their names are spelled as a logger might, which is not

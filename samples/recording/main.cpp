@@ -1,6 +1,7 @@
 // Records the sample session: ten minutes on a made-up circuit, always the same.
 #include "samples/recording/ChannelTable.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <cstdio>
@@ -43,8 +44,8 @@ void appendChannel(std::string& text, std::size_t index, const std::vector<CarSt
         else
             append(text, states[i].time * kMillisecondsPerSecond, 0);
         text += '\t';
-        append(text, channel.value(states[i], circuit) + channel.noise * noise(index, i),
-               channel.decimals);
+        const double value = channel.value(states[i], circuit) + channel.noise * noise(index, i);
+        append(text, std::max(channel.least, value), channel.decimals);
         text += '\n';
     }
 }

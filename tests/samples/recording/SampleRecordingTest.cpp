@@ -132,6 +132,21 @@ TEST(SampleRecordingFile, HasAllFamiliesAtTenToFiftyHertz)
     library.close_file_i(file);
 }
 
+TEST(SampleRecordingFile, HasNoNegativePedalsAndSpeeds)
+{
+    const XrkLibrary library(SAMPLE_READER);
+    const int file = library.open_file(SAMPLE_RECORDING);
+    ASSERT_GE(file, 0);
+    const Recording recording = readRecording(library, file);
+    library.close_file_i(file);
+    for (const char* const key :
+         {"throttle_pos", "brakepressf", "brakepressr", "wheel_speed fl", "wheel_speed fr",
+          "wheel_speed rl", "wheel_speed rr", "gps speed"}) {
+        const SampleArray& values = recording.channels.at(QString::fromLatin1(key)).values;
+        EXPECT_GE(*std::min_element(values.begin(), values.end()), 0.0) << key;
+    }
+}
+
 TEST(SampleRecordingFile, KeepsGpsTimesInMilliseconds)
 {
     const XrkLibrary library(SAMPLE_READER);
