@@ -17,7 +17,9 @@
 /// that so. Element records hold non-owning handles into the XML, which the document owns.
 ///
 /// No operation shows a message or throws; failure is false, -1 or an empty node, and a failed
-/// operation changes nothing. The document is neither copied nor shared.
+/// operation changes nothing unless it says so. The document is neither copied, moved nor shared: a
+/// further package is opened into the same object, which ends every pointer to a page or element
+/// and every handle into the XML.
 class DashboardDocument
 {
 public:
@@ -35,12 +37,13 @@ public:
     /// kept for good.
     [[nodiscard]] bool open(const QString& packagePath);
 
-    /// Writes the records back and packs the unpack directory into destPath. On failure the file
-    /// that stood at destPath is unchanged. False when no package is open.
+    /// Writes the records back and packs the unpack directory into destPath. False when no package
+    /// is open. On failure the file that stood at destPath is unchanged; XML and overlay file may
+    /// hold what the records say already, so that saving again packs the same.
     [[nodiscard]] bool save(const QString& destPath);
 
-    /// Parses an overlay file and rebuilds the pages. Unparsable XML changes nothing; XML without a
-    /// configuration object or without a page gives false and leaves no pages.
+    /// Parses an overlay file and rebuilds the pages. A file that cannot be read changes nothing;
+    /// one without a configuration object or without a page gives false and leaves no pages.
     [[nodiscard]] bool loadOverlay(const QString& path);
 
     /// Reads device type, type code and channels from a device definition file, then the display
@@ -48,17 +51,20 @@ public:
     [[nodiscard]] bool loadDeviceFile(const QString& path);
 
     /// Carries rectangles and text styles from the records into the XML and writes it to xmlPath,
-    /// which is replaced only when that succeeded.
+    /// which is replaced only when that succeeded; the XML has changed all the same. False without
+    /// a configuration object.
     [[nodiscard]] bool writeBack(const QString& xmlPath);
 
     // --- Access ----------------------------------------------------------------------------------
 
     [[nodiscard]] int pageCount() const;
-    /// The page, or null when index is out of range. The pointer is valid until the next operation
-    /// that adds or removes pages; callers may edit element fields through it.
+    /// The page, or null when index is out of range. The pointer is valid until a page is added,
+    /// removed or read or a file is opened or loaded, those to its elements also until one is
+    /// inserted into or removed from the page. Callers may edit element fields through it.
     [[nodiscard]] DashPage* pageAt(int index);
     [[nodiscard]] const DashPage* pageAt(int index) const;
-    /// The configuration object that holds the pages, or an empty node.
+    /// The configuration object that holds the pages, or an empty node. Handles into the XML are
+    /// valid until their node is removed or a file is opened or loaded.
     [[nodiscard]] pugi::xml_node confNode() const;
     /// The index-th page object, or an empty node.
     [[nodiscard]] pugi::xml_node pageNode(int index) const;

@@ -11,8 +11,8 @@
 class XrkLibrary;
 
 /// One recording held wholly in memory, and the lookup of layout channels in it. Owns the reader
-/// library while a file is open: the file is closed before the library is unloaded. GUI thread
-/// only.
+/// library from one load to the next or to clear, also when the file could not be opened; an open
+/// file is closed before the library is unloaded. GUI thread only.
 class TelemetrySession
 {
 public:
@@ -22,8 +22,8 @@ public:
     TelemetrySession& operator=(const TelemetrySession&) = delete;
 
     /// Replaces the whole contents by the recording at filePath, read through the library at
-    /// libraryPath. False when either cannot be opened; the session is then empty. A recording
-    /// without any usable channel loads.
+    /// libraryPath. False when either cannot be opened; the session then holds no recording. A
+    /// recording without any usable channel loads.
     [[nodiscard]] bool load(const QString& filePath, const QString& libraryPath);
     /// Closes the file, forgets everything and unloads the library.
     void clear();
@@ -36,7 +36,7 @@ public:
 
     /// The recorded channel that a layout channel name means, or an empty string. Uncached.
     [[nodiscard]] QString matchChannel(const QString& name) const;
-    /// The same, worked out once a name and recording: for use in every frame.
+    /// The same from a cache, worked out once a name and recording: for use in every frame.
     [[nodiscard]] QString matchedName(const QString& name) const;
     /// The matched channel's value at that time, linearly interpolated and held at both ends; 0
     /// when nothing matches. In the recording's own unit.
