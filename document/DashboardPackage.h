@@ -30,7 +30,8 @@ namespace DashboardPackage {
 [[nodiscard]] QString findOverlayFile(const QString& rootDir);
 
 /// Full path of the device definition file ("*.aimcfg") to use, or an empty string: the first one
-/// outside any folder named "devices", else the first one anywhere.
+/// outside any folder named "devices", else the first one anywhere. None when a folder cannot be
+/// listed.
 [[nodiscard]] QString findDeviceFile(const QString& rootDir);
 
 } // namespace DashboardPackage
