@@ -30,6 +30,14 @@ qint64 memoryOnceParsed(const QByteArray& xml)
            kPage * xml.count(OverlaySchema::Class::kPage);
 }
 
+bool isReasonableMemory(qint64 memory, qint64 size)
+{
+    constexpr qint64 kAlways = 500'000'000;
+    constexpr qint64 kNever = 4'000'000'000;
+    constexpr qint64 kHonestGrowth = 12; // empty elements take sixteen times their text
+    return memory <= kAlways || (memory <= kNever && memory <= kHonestGrowth * size);
+}
+
 bool loadXmlFile(const QString& path, pugi::xml_document& document)
 {
     QFile file(path);
@@ -38,7 +46,8 @@ bool loadXmlFile(const QString& path, pugi::xml_document& document)
     const auto size = static_cast<std::size_t>(file.size());
     Buffer content(static_cast<char*>(pugi::get_memory_allocation_function()(size + 1)));
     if (!content || file.read(content.get(), file.size()) != file.size() ||
-        memoryOnceParsed(QByteArray::fromRawData(content.get(), file.size())) > kMostXmlMemory)
+        !isReasonableMemory(memoryOnceParsed(QByteArray::fromRawData(content.get(), file.size())),
+                            file.size()))
         return false;
     return document.load_buffer_inplace_own(content.release(), size);
 }

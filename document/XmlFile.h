@@ -6,15 +6,17 @@
 
 class QString;
 
-/// Bytes that a tree and its records may take: more than a million ordinary elements need.
-inline constexpr qint64 kMostXmlMemory = 4'000'000'000;
-
 /// Bytes that tree and records of the text would take besides the text itself, more or less. A
 /// package of a few hundred kilobytes can hold empty elements that take gigabytes.
 [[nodiscard]] qint64 memoryOnceParsed(const QByteArray& xml);
 
+/// Whether a text of size bytes may take that much memory once it is parsed: 500 MB in any case, up
+/// to 4 GB when the text is long enough to be an honest one. That is more than a million ordinary
+/// elements need, each of which takes three to ten times the memory of its text.
+[[nodiscard]] bool isReasonableMemory(qint64 memory, qint64 size);
+
 /// Reads and parses a file, whatever its encoding, into document.
 ///
 /// False when the file cannot be read or is not well-formed, which leaves a partial tree behind,
-/// and when it would take more memory than kMostXmlMemory.
+/// and when it would take more memory than is reasonable.
 [[nodiscard]] bool loadXmlFile(const QString& path, pugi::xml_document& document);

@@ -50,7 +50,7 @@ TEST_F(XmlFileTest, RefusesWhatIsNoXml)
 
 TEST_F(XmlFileTest, RefusesWhatWouldFillTheMemoryOnceParsed)
 {
-    constexpr int kTooMany = 65'000'000;
+    constexpr int kTooMany = 8'000'000;
     EXPECT_TRUE(load(QByteArray("<r/>").leftJustified(4 * kTooMany))) << "size alone is no harm";
     EXPECT_FALSE(loadRepeated("<a/>", kTooMany));
 }
@@ -68,11 +68,25 @@ TEST(XmlMemory, IsThatOfNodesAttributesAndRecords)
               kNode + kAttribute + qint64{sizeof(DashPage)});
 }
 
-TEST(XmlMemory, SufficesForAMillionElementsWithAllTheirProperties)
+TEST(XmlMemory, IsReasonableUpToTwelveTimesTheText)
+{
+    constexpr qint64 kMegabyte = 1'000'000;
+    EXPECT_TRUE(isReasonableMemory(500 * kMegabyte, 0));
+    EXPECT_FALSE(isReasonableMemory(500 * kMegabyte + 1, 0));
+    EXPECT_TRUE(isReasonableMemory(1200 * kMegabyte, 100 * kMegabyte));
+    EXPECT_FALSE(isReasonableMemory(1200 * kMegabyte + 1, 100 * kMegabyte));
+    EXPECT_TRUE(isReasonableMemory(4000 * kMegabyte, 4000 * kMegabyte));
+    EXPECT_FALSE(isReasonableMemory(4000 * kMegabyte + 1, 4000 * kMegabyte));
+}
+
+TEST(XmlMemory, SufficesForAMillionElementsWithFewOrManyProperties)
 {
     constexpr int kMillion = 1'000'000;
-    constexpr int kParts = 20; // more properties and objects than the editor itself reads
-    const QByteArray element = "<e c='GMaskParam' i='value.01'>" +
-                               QByteArray("<p n='KEY'>value</p>").repeated(kParts) + "</e>";
-    EXPECT_LT(kMillion * memoryOnceParsed(element), kMostXmlMemory);
+    for (const int properties : {0, 1, 4, 20}) {
+        const QByteArray element = "<e c='GMaskParam' i='e1'>" +
+                                   QByteArray("<p n='WIDTH'>10</p>").repeated(properties) + "</e>";
+        EXPECT_TRUE(
+            isReasonableMemory(kMillion * memoryOnceParsed(element), kMillion * element.size()))
+            << properties;
+    }
 }

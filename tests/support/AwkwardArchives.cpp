@@ -180,6 +180,8 @@ Cases sizesThatLie()
     shared.offset = 0;
     shared.listedOnly = true;
     sharing.insert(sharing.end(), 100, shared);
+    Member behindAnother = declaring("a", "0", 500 * kGigabyte, true);
+    behindAnother.otherField = QByteArray("UX\4\0time", 8);
     return {
         refused("BombOfMembersThatShareTheirData", build(sharing)),
         {"AllThatDeflateCanHold",
@@ -194,6 +196,11 @@ Cases sizesThatLie()
         {"DeclaresNothing", build({declaring("a", content, 0)}), true, {{text("a"), ""}}},
         refused("Bomb500GB", build(bomb)),
         refused("Bomb500GBInOneMember", build({declaring("a", "0", 500 * kGigabyte, true)})),
+        refused("Bomb500GBBehindAnotherField", build({behindAnother})),
+        {"LeavesItsSizeToNoField",
+         build({declaring("a", content, 0xffffffff)}),
+         true,
+         {{text("a"), content}}},
         refused("BombBeyondCounting",
                 build({declaring("a", "0", ~0ULL, true), declaring("b", "0", kTooMuch, true)}))};
 }

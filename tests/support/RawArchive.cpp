@@ -71,6 +71,7 @@ Fields fieldsOf(const Member& member)
     fields.size = member.size.value_or(static_cast<quint64>(member.content.size()));
     if (member.wideSizes) {
         fields.wide = Bytes()
+                          .addText(member.otherField)
                           .add16(1)
                           .add16(16)
                           .add(fields.size)

@@ -32,6 +32,7 @@ struct Member
     std::optional<QByteArray> localName = {}; ///< name in the local record when it differs
     bool listedOnly = false;                  ///< has no local record; offset says whose it takes
     bool wideSizes = false;                   ///< sizes stand in the 64-bit extra field
+    QByteArray otherField = {};               ///< an extra field before that one
     quint16 madeBy = 0;
     quint32 attributes = 0; ///< external attributes
     QByteArray comment = {};
