@@ -150,6 +150,20 @@ TEST_F(DashCanvasInDocument, AnUndoOfTheDraggedElementsOwnStepWins)
     EXPECT_EQ(m_stack.index(), 0);
 }
 
+TEST_F(DashCanvasInDocument, AnUndoOnAnotherPageTakesTheDragOfTheSameElementNumberBack)
+{
+    drag(at(120, 120), at(140, 120)); // the first element of the first page
+    m_shownPage = 1;
+    m_canvas.setPage(m_document.pageAt(1));
+    press(at(120, 120)); // the first of the second
+    moveTo(at(300, 300));
+    m_stack.undo();
+    EXPECT_EQ(geometryOf(m_document.pageAt(1)->elements[0]), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    release(at(300, 300));
+    EXPECT_TRUE(m_stack.canRedo());
+}
+
 TEST_F(DashCanvasInDocument, ADragIsTakenBackAlsoWhenTheElementsIndexHasChanged)
 {
     m_stack.push(new DeleteCommand(&m_document, 0, 0));
