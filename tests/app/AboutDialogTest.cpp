@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace {
 
 QLabel* label(const AboutDialog& dialog, const char* name)
@@ -78,15 +80,18 @@ TEST(AboutDialog, LeavesTheIconOutWhenThereIsNone)
 TEST(AboutDialog, ShowsTheIconScaledToFit)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("icon.png"));
-    QPixmap icon(512, 256);
-    icon.fill(Qt::green);
-    ASSERT_TRUE(icon.save(path));
-    const AboutDialog dialog(path, nullptr);
-    const QLabel* const iconLabel = label(dialog, "iconLabel");
-    ASSERT_NE(iconLabel, nullptr);
-    EXPECT_EQ(iconLabel->pixmap().size(), QSize(160, 80));
-    EXPECT_EQ(iconLabel->alignment(), Qt::AlignCenter);
+    for (const auto& [size, shown] :
+         {std::pair(QSize(512, 256), QSize(160, 80)), std::pair(QSize(256, 512), QSize(80, 160))}) {
+        const QString path = folder.filePath(QStringLiteral("%1.png").arg(size.width()));
+        QPixmap icon(size);
+        icon.fill(Qt::green);
+        ASSERT_TRUE(icon.save(path));
+        const AboutDialog dialog(path, nullptr);
+        const QLabel* const iconLabel = label(dialog, "iconLabel");
+        ASSERT_NE(iconLabel, nullptr);
+        EXPECT_EQ(iconLabel->pixmap().size(), shown);
+        EXPECT_EQ(iconLabel->alignment(), Qt::AlignCenter);
+    }
 }
 
 TEST(AboutDialog, OkIsTheOnlyButtonAndAccepts)

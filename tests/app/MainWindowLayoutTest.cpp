@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMetaMethod>
@@ -12,6 +11,7 @@
 #include <QSplitter>
 #include <QTimer>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -69,7 +69,10 @@ TEST_F(MainWindowLayout, PanesStandInASplitterAndOnlyTheCanvasGrows)
 
 TEST_F(MainWindowLayout, TheReplayBarStandsBelowThePanes)
 {
-    const QLayout* const layout = m_window->centralWidget()->layout();
+    const auto* const layout = qobject_cast<QVBoxLayout*>(m_window->centralWidget()->layout());
+    ASSERT_TRUE(layout && layout->count() == 2);
+    EXPECT_EQ(layout->stretch(0), 1);
+    EXPECT_EQ(layout->stretch(1), 0);
     EXPECT_EQ(layout->contentsMargins(), QMargins(0, 0, 0, 0));
     EXPECT_EQ(layout->spacing(), 0);
     EXPECT_FALSE(child<QSlider>("replaySlider")->isEnabled());
