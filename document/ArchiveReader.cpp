@@ -67,6 +67,16 @@ quint64 wideSize(const std::vector<char>& fields, quint64 fallback)
     return fallback;
 }
 
+/// Bytes that are no UTF-8 take three times their room as replacement characters. What is longer
+/// than the limit then goes at once: the saved package would be cut there when it is opened again.
+QString decodedName(const char* bytes)
+{
+    QString name = QString::fromUtf8(bytes);
+    while (name.toUtf8().size() > qsizetype{kNameLimit})
+        name.chop(1);
+    return name;
+}
+
 constexpr qsizetype kEndSize = 22;
 /// The 64-bit end record and its locator, which stand before the end record.
 constexpr qsizetype kWideEndSize = 56 + 20;
@@ -145,7 +155,7 @@ bool ArchiveReader::readRecord()
     const bool knownMethod = info.compression_method == 0 || info.compression_method == Z_DEFLATED;
     m_wideSizes =
         info.uncompressed_size == kSizeElsewhere || info.compressed_size == kSizeElsewhere;
-    m_current = {QString::fromUtf8(name.data()), declaredSize(info),
+    m_current = {decodedName(name.data()), declaredSize(info),
                  knownMethod && (info.flag & kEncryptedFlag) == 0};
     return true;
 }

@@ -353,6 +353,10 @@ Cases longNames()
          build({Member{head + "1234567a", "first"}, Member{head + "1234567b", "last"}}),
          true,
          {{path + text("1234567"), "last"}}},
+        {"LongerOnceItsDamageIsReplaced",
+         build({Member{head + "1\xff\xff" + "4567", "x"}}),
+         true,
+         {{path + text("1\xEF\xBF\xBD\xEF\xBF\xBD"), "x"}}},
         {"CutToAFolder", build({Member{head + "123456/file", "x"}}), true, {}},
         refused("LongerThanTheFileSystemAllows", build({Member{QByteArray(300, 'n'), "x"}}))};
 }
