@@ -9,6 +9,7 @@
 # tests/fuzz_regression/TARGET, where the ordinary tests replay it.
 source "$(dirname "$0")/common.sh"
 seconds=${1:-60}
+options=("${@:2}")
 
 ensure_packages "${build_packages[@]}" "${test_packages[@]}" clang-14 libclang-rt-14-dev
 build_preset fuzz
@@ -24,6 +25,7 @@ while read -r target; do
     "$programs/${target}_replay" --write-seeds "$corpus"
     say "Fuzzing $target for $seconds seconds"
     "$programs/$target" -max_total_time="$seconds" -max_len=16384 -timeout=25 \
-        -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$findings/$target-" "$corpus" </dev/null 2>&1 |
+        -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$findings/$target-" "${options[@]}" "$corpus" \
+        </dev/null 2>&1 |
         cat # a target may limit the size of files, and the output may go to one
 done <"$programs/targets.txt"
