@@ -2,7 +2,7 @@
 # Runs every fuzz target for some seconds each (60 unless told otherwise) and fails when one of them
 # finds anything:
 #
-#     scripts/fuzz.sh [SECONDS]
+#     scripts/fuzz.sh [SECONDS [LIBFUZZER-OPTION...]]
 #
 # Inputs found on the way are kept in build/fuzz/corpus and start the next run. An input that breaks
 # a target is written to build/fuzz/findings; once the fault is mended, it moves to
@@ -25,7 +25,7 @@ while read -r target; do
     "$programs/${target}_replay" --write-seeds "$corpus"
     say "Fuzzing $target for $seconds seconds"
     "$programs/$target" -max_total_time="$seconds" -max_len=16384 -timeout=25 \
-        -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$findings/$target-" "${options[@]}" "$corpus" \
-        </dev/null 2>&1 |
+        -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$findings/$target-" \
+        "${options[@]}" "$corpus" </dev/null 2>&1 |
         cat # a target may limit the size of files, and the output may go to one
 done <"$programs/targets.txt"
