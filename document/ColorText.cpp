@@ -26,9 +26,6 @@ QColor ColorText::parse(const QString& text)
 
 QString ColorText::format(const QColor& color)
 {
-    const auto hex = [](int component) {
-        return QString::number(component, 16).rightJustified(2, u'0');
-    };
-    return QStringLiteral("0x%1%2%3%4")
-        .arg(hex(color.alpha()), hex(color.red()), hex(color.green()), hex(color.blue()));
+    return QStringLiteral("0x") +
+           QString::number(color.rgba(), 16).rightJustified(kDigitCount, u'0');
 }

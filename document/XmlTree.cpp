@@ -3,7 +3,10 @@
 #include <QByteArray>
 #include <QString>
 
+#include <array>
+#include <charconv>
 #include <cstdlib>
+#include <limits>
 
 namespace XmlTree {
 
@@ -25,10 +28,17 @@ private:
     std::int64_t m_left;
 };
 
-bool holdsJustText(pugi::xml_node property)
+bool holdsJust(pugi::xml_node property, const char* bytes)
 {
     const pugi::xml_node child = property.first_child();
-    return child.type() == pugi::node_pcdata && !child.next_sibling();
+    return child.type() == pugi::node_pcdata && !child.next_sibling() && same(child.value(), bytes);
+}
+
+void replaceContent(pugi::xml_node property, const char* bytes)
+{
+    while (const pugi::xml_node child = property.first_child())
+        removeSubtree(child);
+    property.append_child(pugi::node_pcdata).set_value(bytes);
 }
 
 } // namespace
@@ -54,19 +64,20 @@ std::int32_t number(pugi::xml_node property)
 
 void setText(pugi::xml_node property, const QString& value)
 {
-    // Text that stays the same keeps its bytes, also where they are not valid UTF-8.
-    const bool unchanged = text(property) == value;
-    if (unchanged && holdsJustText(property))
+    QByteArray bytes = value.toUtf8();
+    if (holdsJust(property, bytes.constData()))
         return;
-    const QByteArray bytes = unchanged ? QByteArray(property.child_value()) : value.toUtf8();
-    while (const pugi::xml_node child = property.first_child())
-        removeSubtree(child);
-    property.append_child(pugi::node_pcdata).set_value(bytes.constData());
+    if (text(property) == value) // then it keeps its bytes, also where they are not valid UTF-8
+        bytes = property.child_value();
+    replaceContent(property, bytes.constData());
 }
 
 void setNumber(pugi::xml_node property, int value)
 {
-    setText(property, QString::number(value));
+    std::array<char, std::numeric_limits<int>::digits10 + 3> digits{}; // sign, all digits, end
+    std::to_chars(digits.data(), digits.data() + digits.size() - 1, value);
+    if (!holdsJust(property, digits.data()))
+        replaceContent(property, digits.data());
 }
 
 void setFirstNumber(pugi::xml_node object, const char* key, int value)
