@@ -103,11 +103,6 @@ void readKindAndStyles(pugi::xml_node node, DashElement& element)
     element.kind = kind.value_or(ElementKind::Other);
 }
 
-bool isElement(pugi::xml_node object)
-{
-    return XmlTree::hasClass(object, Class::kElement);
-}
-
 bool guiApplicationExists()
 {
     return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
@@ -183,9 +178,10 @@ std::vector<DashElement> DashboardDocument::readElements(pugi::xml_node page)
     const auto children = XmlTree::objects(page);
     std::vector<DashElement> elements;
     elements.reserve( // a million records that move take three times their memory
-        static_cast<std::size_t>(std::count_if(children.begin(), children.end(), isElement)));
+        static_cast<std::size_t>(
+            std::count_if(children.begin(), children.end(), OverlaySchema::isElement)));
     for (const pugi::xml_node child : children) {
-        if (isElement(child))
+        if (OverlaySchema::isElement(child))
             elements.push_back(readElement(child));
     }
     return elements;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "document/XmlTree.h"
+
 /// Class names and property keys of the overlay and device files, as the logger maker's tools write
 /// them. In the program they stand here and nowhere else.
 namespace OverlaySchema {
@@ -64,5 +66,11 @@ inline constexpr char kChannelShortName[] = "ShortName";
 inline constexpr char kChannelLabelLongName[] = "LabelLongName";
 inline constexpr char kChannelUnit[] = "UIV";
 } // namespace Key
+
+/// Whether the node, which may be of any kind, is an object that the editor shows as an element.
+[[nodiscard]] inline bool isElement(pugi::xml_node node)
+{
+    return XmlTree::same(node.name(), XmlTree::kObject) && XmlTree::hasClass(node, Class::kElement);
+}
 
 } // namespace OverlaySchema

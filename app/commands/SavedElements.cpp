@@ -2,16 +2,12 @@
 
 #include "app/commands/PageRef.h"
 #include "document/OverlaySchema.h"
-#include "document/XmlTree.h"
 
 #include <utility>
 
-namespace {
+using OverlaySchema::isElement;
 
-bool isElement(pugi::xml_node node)
-{
-    return XmlTree::hasClass(node, OverlaySchema::Class::kElement);
-}
+namespace {
 
 int countOthersBefore(pugi::xml_node element)
 {

@@ -60,6 +60,15 @@ TEST_F(DeleteCommandTest, ComesBackRightAfterTheElementBefore)
     EXPECT_EQ(record(0, 2).node.next_sibling(), record(0, 3).node);
 }
 
+TEST_F(DeleteCommandTest, ComesBackBehindWhatOnlyCarriesTheClassOfAnElement)
+{
+    pugi::xml_node other = document()->pageNode(0).insert_child_before("x", record(0, 2).node);
+    other.append_attribute("c").set_value("GMaskParam");
+    pushAndTravel(new DeleteCommand(document(), 0, 2));
+    m_stack.undo();
+    EXPECT_EQ(other.next_sibling(), record(0, 2).node);
+}
+
 TEST_F(DeleteCommandTest, BringsBackTheRecordAsItWasWhenTheCommandWasMade)
 {
     record(0, 2).x = 99; // an edit that no save has carried into the XML yet
