@@ -9,13 +9,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// "none" when the entry cannot be looked at. A link to nothing is "not_found".
+/// "none" when the entry cannot be looked at. A link to nothing, or to itself, is "not_found".
 fs::file_type typeOf(const fs::directory_entry& entry)
 {
-    std::error_code ignored;         // the type tells
-    if (entry.is_directory(ignored)) // mostly known from the listing, without asking again
+    std::error_code error;
+    if (entry.is_directory(error)) // mostly known from the listing, without asking again
         return fs::file_type::directory;
-    return entry.status(ignored).type();
+    const fs::file_type type = entry.status(error).type();
+    return error == std::errc::too_many_symbolic_link_levels ? fs::file_type::not_found : type;
 }
 
 } // namespace
