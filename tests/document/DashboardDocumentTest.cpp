@@ -3,8 +3,10 @@
 #include "tests/support/InStep.h"
 #include "tests/support/PackageBuilder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -145,6 +147,40 @@ TEST_F(DashboardDocumentTest, UnpacksIntoAFolderThatOutlivesTheDocument)
     EXPECT_TRUE(QFileInfo::exists(second + u'/' + kOverlay));
 }
 
+TEST_F(DashboardDocumentTest, UnpacksIntoAFolderOfTheUsualNameThatOutlivesAFailedOpenToo)
+{
+    const QString pattern = QCoreApplication::applicationName() + QStringLiteral("-??????");
+    const auto folders = [&] {
+        return QDir(QDir::tempPath()).entryInfoList({pattern}, QDir::Dirs | QDir::NoDotAndDotDot);
+    };
+    const auto before = folders();
+    EXPECT_FALSE(m_document.open(path("missing.zconf2")));
+    EXPECT_EQ(folders(), before) << "nothing to unpack";
+    EXPECT_FALSE(m_document.open(package({{kOverlay, "broken"}})));
+    const auto after = folders();
+    ASSERT_EQ(after.size(), before.size() + 1);
+    for (const QFileInfo& folder : after) {
+        if (!before.contains(folder)) {
+            EXPECT_EQ(TestPackage::readFile(folder.filePath() + u'/' + kOverlay), "broken");
+        }
+    }
+}
+
+TEST_F(DashboardDocumentTest, TakesRelativePathsFromTheWorkingFolder)
+{
+    const QString workingFolder = QDir::currentPath();
+    const auto goBack = qScopeGuard([&] { QDir::setCurrent(workingFolder); });
+    static_cast<void>(package({{kOverlay, overlay("Race")}}));
+    ASSERT_TRUE(QDir::setCurrent(m_folder.path()));
+    ASSERT_TRUE(m_document.open(QStringLiteral("made.zconf2")));
+    EXPECT_TRUE(QDir::isAbsolutePath(m_document.tempDir()));
+    m_document.pageAt(0)->elements[0].x = 77;
+    ASSERT_TRUE(m_document.save(QStringLiteral("./made.zconf2")));
+    ASSERT_TRUE(m_document.open(QStringLiteral("made.zconf2")));
+    EXPECT_EQ(m_document.pages()[0].elements[0].x, 77);
+    EXPECT_EQ(m_document.overlayPath(), m_document.tempDir() + u'/' + kOverlay);
+}
+
 TEST_F(DashboardDocumentTest, AFurtherPackageReplacesPagesAndAppendsChannels)
 {
     ASSERT_TRUE(m_document.open(
@@ -258,6 +294,8 @@ TEST_F(DashboardDocumentTest, AFailedSaveKeepsTheOldPackageAndTheDocument)
 
     EXPECT_FALSE(m_document.save(m_folder.path())) << "a folder";
     EXPECT_FALSE(m_document.save(path("missing/out.zconf2")));
+    const QByteArray written = TestPackage::readFile(m_document.overlayPath());
+    EXPECT_EQ(written.count("<p n=\"XPOS\">77</p>"), 1) << "a retry packs what was written";
     // The overlay cannot be written: a folder stands in its place.
     ASSERT_TRUE(QFile::remove(m_document.overlayPath()));
     ASSERT_TRUE(QDir().mkdir(m_document.overlayPath()));
@@ -269,4 +307,16 @@ TEST_F(DashboardDocumentTest, AFailedSaveKeepsTheOldPackageAndTheDocument)
     ASSERT_TRUE(m_document.save(file)) << "a second try works";
     ASSERT_TRUE(m_document.open(file));
     EXPECT_EQ(m_document.pages()[0].elements[0].x, 77);
+}
+
+TEST_F(DashboardDocumentTest, WithoutItsConfigurationObjectNothingIsSaved)
+{
+    const QString file = package({{kOverlay, overlay("Race")}});
+    ASSERT_TRUE(m_document.open(file));
+    const QByteArray old = TestPackage::readFile(file);
+    const QByteArray unpacked = TestPackage::readFile(m_document.overlayPath());
+    m_document.confNode().parent().remove_child(m_document.confNode());
+    EXPECT_FALSE(m_document.save(file));
+    EXPECT_EQ(TestPackage::readFile(file), old);
+    EXPECT_EQ(TestPackage::readFile(m_document.overlayPath()), unpacked);
 }

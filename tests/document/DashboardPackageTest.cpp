@@ -281,6 +281,16 @@ TEST_F(DashboardPackageTest, RefusesDestinationsThatCannotBeFiles)
 
 #ifdef Q_OS_UNIX
 
+TEST_F(DashboardPackageTest, PacksTheFilesThatLinksLeadTo)
+{
+    const QString elsewhere = m_world.filePath(QStringLiteral("elsewhere"));
+    writeFile(elsewhere + QStringLiteral("/a"), "1");
+    ASSERT_TRUE(QFile::link(elsewhere + QStringLiteral("/a"), m_src + QStringLiteral("/file")));
+    ASSERT_TRUE(QFile::link(elsewhere, m_src + QStringLiteral("/folder")));
+    ASSERT_TRUE(packDirectory(m_src, m_archive));
+    EXPECT_EQ(readPackage(m_archive), (Files{{QStringLiteral("file"), "1"}}));
+}
+
 TEST_F(DashboardPackageTest, FailsWhenAFileOrFolderCannotBeRead)
 {
     writeFile(m_src + QStringLiteral("/locked/a"), "1");

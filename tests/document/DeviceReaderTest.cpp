@@ -87,6 +87,16 @@ TEST_F(DeviceReader, DropsRowsThatCannotBeBoundTo)
     EXPECT_EQ(m_document.channels()[0].shortName, QString());
 }
 
+TEST_F(DeviceReader, TheLastOfEachKeyOfARowCounts)
+{
+    ASSERT_TRUE(loadChannels(R"(
+        <e c="Canale"><p n="FID">0</p><p n="LongName"/><p n="LongName">A</p><p n="FID">12x</p></e>
+        <e c="Canale"><p n="FID">1</p><p n="LongName">B</p><p n="FID">0</p></e>)"));
+    ASSERT_EQ(m_document.channels().size(), 1U);
+    EXPECT_EQ(m_document.channels()[0].fid, 12);
+    EXPECT_EQ(m_document.channels()[0].longName, QStringLiteral("A"));
+}
+
 TEST_F(DeviceReader, ReadsEveryListInOrderAndKeepsDuplicates)
 {
     ASSERT_TRUE(load(R"(

@@ -105,6 +105,28 @@ TEST(OverlayReader, ReadsPageFieldsAndTheLastOfEachWins)
     EXPECT_EQ(readPage(R"(<p n="WIDTH">wide</p><p n="HEIGHT"/>)").height, 0);
 }
 
+TEST(OverlayReader, ReadsTextWithTheDefaultOptionsOfTheLibrary)
+{
+    EXPECT_EQ(readPage("<p n=\"PAGE_NAME\">a\r\nb\rc&#x41;&lt;</p>").name,
+              QStringLiteral("a\nb\ncA<"));
+    EXPECT_EQ(readPage(R"(<p n="PAGE_NAME"><![CDATA[&lt;]]></p>)").name, QStringLiteral("&lt;"));
+    EXPECT_EQ(readPage(R"(<p n="PAGE_NAME"> a </p>)").name, QStringLiteral(" a "));
+    EXPECT_EQ(readPage("<p n=\"PAGE_NAME\"> \n </p>").name, QString());
+    EXPECT_EQ(readElement({}, "i=\"a\tb\r\nc &amp; d\"").name, QStringLiteral("a b c & d"));
+}
+
+TEST(OverlayReader, APageReadByItselfIsAppendedWithTheOrdinalItIsGiven)
+{
+    LoadedOverlay overlay(LoadedOverlay::around(
+        R"(<e c="GPageParam"><p n="PAGE_NAME">P</p><e c="GMaskParam" i="a"/></e>)"));
+    overlay.document.readPage(overlay.document.pageNode(0), 7);
+    ASSERT_EQ(overlay.document.pageCount(), 2);
+    EXPECT_EQ(overlay.document.pages()[1].name, QStringLiteral("P"));
+    EXPECT_EQ(overlay.document.pages()[1].index, 7);
+    EXPECT_EQ(overlay.document.pages()[1].elements.size(), 1U);
+    EXPECT_EQ(overlay.document.pages()[0].index, 0);
+}
+
 TEST(OverlayReader, ElementFieldsHaveDefaults)
 {
     const DashElement element = readElement({});
@@ -188,6 +210,17 @@ TEST(OverlayReader, ReadsStyles)
     EXPECT_EQ(element.labelFontSize, 12);
     EXPECT_EQ(element.labelFont, QString());
     EXPECT_FALSE(element.labelColor.isValid());
+}
+
+TEST(OverlayReader, TheLastOfEachStyleKeyWins)
+{
+    const DashElement element = readElement(R"(
+        <e c="Digit"><p n="CHARSET_DIM">24</p><p n="CHAR_SET_ID_2">A</p>
+          <p n="COLORE">0x80FF0000</p><p n="COLORE">red</p><p n="CHARSET_DIM"/>
+          <p n="CHAR_SET_ID_2">B</p><e c="x"><p n="CHAR_SET_ID_2">deeper</p></e></e>)");
+    EXPECT_EQ(element.valueFontSize, 0);
+    EXPECT_EQ(element.valueFont, QStringLiteral("B"));
+    EXPECT_FALSE(element.valueColor.isValid());
 }
 
 TEST(OverlayReader, TheLastStyleObjectWinsAsAWhole)

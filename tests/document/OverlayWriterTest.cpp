@@ -65,6 +65,21 @@ TEST(OverlayWriter, WritesEveryOccurrenceOfAKeyAndCreatesNone)
 )"));
 }
 
+TEST(OverlayWriter, WritesEveryOccurrenceOfAStyleKey)
+{
+    LoadedOverlay overlay = withElement(
+        R"(<e c="Label"><p n="CHARSET_DIM">1</p><p n="CHAR_SET_ID_2">a</p><p n="COLORE">x</p>)"
+        R"(<p n="COLORE">y</p><p n="CHAR_SET_ID_2">b</p><p n="CHARSET_DIM">2</p></e>)");
+    DashElement& element = overlay.element(0, 0);
+    element.labelFont = QStringLiteral("L");
+    element.labelFontSize = 9;
+    element.labelColor = Qt::white;
+    const QByteArray written = overlay.written();
+    EXPECT_EQ(written.count("<p n=\"CHARSET_DIM\">9</p>"), 2);
+    EXPECT_EQ(written.count("<p n=\"CHAR_SET_ID_2\">L</p>"), 2);
+    EXPECT_EQ(written.count("<p n=\"COLORE\">0xffffffff</p>"), 2);
+}
+
 TEST(OverlayWriter, WritesStylesIntoEveryDigitAndLabel)
 {
     LoadedOverlay overlay = withElement(

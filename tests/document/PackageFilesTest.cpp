@@ -100,6 +100,25 @@ TEST_F(PackageFilesTest, TakesAnyOverlayWhenTheOneOutsideExpansionsIsEmpty)
     EXPECT_EQ(findOverlayFile(m_root.path()), firstMet("overlay.ov3.xml"));
 }
 
+TEST_F(PackageFilesTest, KnowsBothNamesInAnyLetterCase)
+{
+    add("a/Overlay.OV3.Xml", 10);
+    add("b/Dash.AIMcfg", 10);
+    EXPECT_EQ(findOverlayFile(m_root.path()), full("a/Overlay.OV3.Xml"));
+    EXPECT_EQ(findDeviceFile(m_root.path()), full("b/Dash.AIMcfg"));
+}
+
+#ifndef Q_OS_WIN // where a dot does not hide
+TEST_F(PackageFilesTest, FindsNothingHidden)
+{
+    add(".hidden/overlay.ov3.xml", 10);
+    add(".hidden/dash.aimcfg", 10);
+    add(".aimcfg", 10);
+    EXPECT_EQ(findOverlayFile(m_root.path()), QString());
+    EXPECT_EQ(findDeviceFile(m_root.path()), QString());
+}
+#endif
+
 TEST_F(PackageFilesTest, TakesNoFolderAndNoOtherNameForAnOverlay)
 {
     ASSERT_TRUE(QDir(m_root.path()).mkdir(QStringLiteral("overlay.ov3.xml")));
@@ -130,6 +149,14 @@ TEST_F(PackageFilesTest, TakesTheDeviceFileBelowDevicesWhenThereIsNoOther)
     EXPECT_EQ(findDeviceFile(m_root.path()), full("x/Devices/y/a.aimcfg"));
 }
 
+TEST_F(PackageFilesTest, TakesTheFirstDeviceFileOutsideDevicesOfSeveral)
+{
+    add("a/dash.aimcfg", 10);
+    add("b/dash.aimcfg", 300);
+    add("c/dash.aimcfg", 20);
+    EXPECT_EQ(findDeviceFile(m_root.path()), firstMet("*.aimcfg"));
+}
+
 TEST_F(PackageFilesTest, TakesTheFirstDeviceFileBelowDevicesOfSeveral)
 {
     add("devices/a.aimcfg", 10);
@@ -141,6 +168,20 @@ TEST_F(PackageFilesTest, TakesNoFolderForDevicesThatOnlyContainsTheWord)
 {
     add("my devices/a.aimcfg", 10);
     EXPECT_EQ(findDeviceFile(m_root.path()), full("my devices/a.aimcfg"));
+}
+
+TEST_F(PackageFilesTest, TheFoldersAboveTheRootCountAsWell)
+{
+    // Nothing lies outside then, so the first one met counts, in one of the rounds not the largest.
+    for (const int size : {100, 500}) {
+        add("expansions/root/a/overlay.ov3.xml", 300);
+        add("expansions/root/b/overlay.ov3.xml", size);
+        const QString found = findOverlayFile(full("expansions/root"));
+        EXPECT_EQ(found, firstMet("overlay.ov3.xml")) << size;
+        EXPECT_FALSE(found.isEmpty());
+    }
+    add("devices/root/a.aimcfg", 10);
+    EXPECT_EQ(findDeviceFile(full("devices/root")), full("devices/root/a.aimcfg"));
 }
 
 TEST_F(PackageFilesTest, AnEmptyDeviceFileIsFound)

@@ -77,6 +77,22 @@ TEST_F(PageImage, ComesFromTheMakersFolderFirst)
     EXPECT_EQ(page(1).imagePath, FixedPaths::imageRoot() + QStringLiteral("Pictures/p1.png"));
 }
 
+TEST_F(PageImage, TheLastOfSeveralPathsCounts)
+{
+    makeRootImage(png(11));
+    ASSERT_TRUE(open({}, R"(missing.png</p><p n="PATH_IMAGE">Pictures/p1.png)"));
+    EXPECT_EQ(page(1).image.width(), 11);
+    ASSERT_TRUE(open({}, R"(Pictures/p1.png</p><p n="PATH_IMAGE">missing.png)"));
+    EXPECT_TRUE(page(1).imagePath.isEmpty());
+}
+
+TEST_F(PageImage, OfAPageReadByItselfFollowsTheOrdinalItIsGiven)
+{
+    ASSERT_TRUE(open({{QStringLiteral("layout/2.png"), png(33)}}));
+    m_document.readPage(m_document.pageNode(0), 2);
+    EXPECT_EQ(page(3).image.width(), 33);
+}
+
 TEST_F(PageImage, ElseFromBesideTheOverlayByOrdinal)
 {
     ASSERT_TRUE(open({{QStringLiteral("layout/1.png"), png(22)},
