@@ -1,6 +1,6 @@
 #include "app/PageListPanel.h"
 
-#include "dialogs/LiteralToolTip.h"
+#include "document/LiteralToolTip.h"
 
 #include <QStyledItemDelegate>
 

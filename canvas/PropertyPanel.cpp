@@ -3,6 +3,7 @@
 #include "canvas/ElidedComboBox.h"
 #include "canvas/GestureGeometry.h"
 #include "document/ElementGeometry.h"
+#include "document/LiteralToolTip.h"
 
 #include <QColorDialog>
 #include <QFormLayout>
@@ -58,8 +59,7 @@ void showText(QLabel* label, const QString& whole)
     constexpr qsizetype kLongestText = 10'000;
     const QString text = whole.left(kLongestText);
     label->setText(text);
-    // It may be cut off. Marked up, so that a name that looks like mark-up shows as it is.
-    label->setToolTip(u"<span>" + text.toHtmlEscaped() + u"</span>");
+    label->setToolTip(literalMarkup(text)); // it may be cut off
 }
 
 QString kindText(ElementKind kind)

@@ -1,7 +1,7 @@
 #include "dialogs/AddElementDialog.h"
 
-#include "dialogs/LiteralToolTip.h"
 #include "document/DashboardDocument.h"
+#include "document/LiteralToolTip.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "dialogs/LiteralToolTip.h"
+#include "document/LiteralToolTip.h"
 
 #include <QTextDocument>
 
@@ -24,10 +24,17 @@ TEST(LiteralToolTip, ShowsEveryTextAsItStands)
                                    "a &lt; b", "&lt;b&gt;", "&amp;", "<br/>&lt;"}) {
         const QString name = QString::fromUtf8(text);
         EXPECT_EQ(shown(literalToolTip(name)), name);
+        EXPECT_EQ(shown(literalMarkup(name)), name);
     }
 }
 
 TEST(LiteralToolTip, LeavesPlainTextAlone)
 {
     EXPECT_EQ(literalToolTip(QStringLiteral("Wet & dry")), QStringLiteral("Wet & dry"));
+}
+
+TEST(LiteralToolTip, MarkupIsRecognisedAsSuchWhateverItHolds)
+{
+    for (const char* const text : {"", "Oil Temp", "&lt;b&gt;", "\n"})
+        EXPECT_TRUE(Qt::mightBeRichText(literalMarkup(QString::fromUtf8(text))));
 }
