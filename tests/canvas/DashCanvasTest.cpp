@@ -4,6 +4,9 @@
 #include "tests/canvas/CanvasFixture.h"
 #include "tests/support/PaintCounter.h"
 
+#include <QContextMenuEvent>
+#include <QWheelEvent>
+
 namespace {
 
 class DashCanvasTest : public CanvasFixture
@@ -131,6 +134,24 @@ TEST_F(DashCanvasTest, ADragIsPaintedAndARightReleaseIsNot)
     EXPECT_EQ(paintsCausedBy([&] { release(at(130, 120), Qt::RightButton); }), (Paints{0, 0}));
 }
 
+TEST_F(DashCanvasTest, ADragThatIsTakenBackIsPainted)
+{
+    add({100, 100, 50, 40});
+    show();
+    drag(at(120, 120), at(130, 120));
+    press(at(130, 120));
+    moveTo(at(140, 120));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paintsCausedBy([&] { announceShortcut(QKeySequence::Undo); }), (Paints{0, 1}));
+    EXPECT_EQ(element(0).x, 110);
+}
+
+TEST_F(DashCanvasTest, RebindingIsPaintedAtTheNextOccasion)
+{
+    show();
+    EXPECT_EQ(paintsCausedBy([&] { m_canvas.rebindPage(&m_page, -1); }), (Paints{0, 1}));
+}
+
 TEST_F(DashCanvasTest, ClearingTheSelectionRepaintsAndEmitsNothing)
 {
     add({100, 100, 50, 40});
@@ -149,6 +170,7 @@ TEST_F(DashCanvasTest, ClearingTheSelectionEndsADrag)
     press(at(120, 120));
     moveTo(at(130, 120));
     m_canvas.clearSelectionAndRepaint();
+    m_canvas.rebindPage(&m_page, 0);
     moveTo(at(150, 120));
     release(at(150, 120));
     EXPECT_EQ(element(0).x, 110);
@@ -218,6 +240,27 @@ TEST_F(DashCanvasTest, OtherKeysGoToTheParentAndNudgeNothing)
     }
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
     EXPECT_EQ(m_deleteRequested.count(), 0);
+}
+
+TEST_F(DashCanvasTest, TheWheelZoomsNothingAndGoesToTheParent)
+{
+    for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier}) {
+        QWheelEvent event(at(100, 100), at(100, 100), {}, {0, 120}, Qt::NoButton, modifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&m_canvas, &event);
+        EXPECT_FALSE(event.isAccepted());
+        EXPECT_EQ(m_canvas.fitScale(), 1.0);
+        EXPECT_EQ(m_canvas.pageOrigin(), QPointF(10, 10));
+    }
+}
+
+TEST_F(DashCanvasTest, ThereIsNoContextMenu)
+{
+    add({100, 100, 50, 40});
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at(120, 120), at(120, 120));
+    QCoreApplication::sendEvent(&m_canvas, &event);
+    EXPECT_FALSE(event.isAccepted());
+    EXPECT_EQ(m_canvas.selectedIndex(), -1);
 }
 
 TEST_F(DashCanvasTest, ASelectionThatNoLongerExistsIsHarmless)

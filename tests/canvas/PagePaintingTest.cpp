@@ -1,44 +1,13 @@
-// Pixels of the painted page. Everything but text is exact; texts are in files of their own.
+// Pixels of the painted page. Everything but text is exact; grid and texts are in files of their
+// own.
 
-#include "tests/canvas/CanvasFixture.h"
-#include "tests/canvas/ReferenceWidget.h"
+#include "tests/canvas/PaintingFixture.h"
 
-#include <map>
 #include <vector>
 
 namespace {
 
-const QColor kBackdrop(50, 50, 50);
-const QColor kYellow(255, 255, 0);
-
-/// A colour with alpha over an opaque one, as the raster engine blends.
-QColor over(const QColor& top, const QColor& ground)
-{
-    QImage image(1, 1, QImage::Format_RGB32);
-    image.fill(ground);
-    QPainter painter(&image);
-    painter.fillRect(0, 0, 1, 1, top);
-    painter.end();
-    return image.pixelColor(0, 0);
-}
-
-class PagePainting : public CanvasFixture
-{
-protected:
-    /// An element whose texts cannot be seen: they are wider than nothing at all.
-    void addBlank(const ElementGeometry& geometry, ElementKind kind = ElementKind::Digit,
-                  const QString& channel = QStringLiteral(" "))
-    {
-        DashElement blank = makeElement(QString(), geometry, channel);
-        blank.kind = kind;
-        m_page.elements.push_back(blank);
-    }
-
-    [[nodiscard]] QColor pixel(const QPoint& point)
-    {
-        return pictureOf(m_canvas).pixelColor(point);
-    }
-};
+using PagePainting = PaintingFixture;
 
 } // namespace
 
@@ -111,88 +80,6 @@ TEST_F(PagePainting, TheImagesRectangleIsRoundedToWholePixels)
     EXPECT_EQ(picture.pixelColor(expected.bottomRight()), QColor(Qt::red));
     EXPECT_NE(picture.pixelColor(expected.topLeft() - QPoint(1, 0)), QColor(Qt::red));
     EXPECT_NE(picture.pixelColor(expected.bottomRight() + QPoint(1, 0)), QColor(Qt::red));
-}
-
-// --- Grid ----------------------------------------------------------------------------------------
-
-TEST_F(PagePainting, TheGridIsDrawnOnlyWhileSnapping)
-{
-    const QImage without = pictureOf(m_canvas);
-    m_canvas.setSnap(true, 10);
-    EXPECT_NE(pictureOf(m_canvas), without);
-    m_canvas.setSnap(false, 10);
-    EXPECT_EQ(pictureOf(m_canvas), without);
-}
-
-TEST_F(PagePainting, GridLinesStandAtBothEndsToo)
-{
-    m_canvas.setSnap(true, 10);
-    const QImage picture = pictureOf(m_canvas);
-    const QColor line = over(QColor(80, 80, 80, 100), Qt::black);
-    const QColor edge = over(QColor(80, 80, 80, 100), kBackdrop); // the last one is off the black
-    std::vector<int> columns;
-    for (int x = 0; x < picture.width(); ++x) {
-        const QColor color = picture.pixelColor(x, 15); // between two rows
-        if (color == line || color == edge)
-            columns.push_back(x);
-    }
-    ASSERT_EQ(columns.size(), 81U);
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        EXPECT_EQ(columns[i], static_cast<int>(10 + 10 * i));
-
-    std::vector<int> rows;
-    for (int y = 0; y < picture.height(); ++y) {
-        const QColor color = picture.pixelColor(15, y);
-        if (color == line || color == edge)
-            rows.push_back(y);
-    }
-    ASSERT_EQ(rows.size(), 49U);
-    EXPECT_EQ(rows.front(), 10);
-    EXPECT_EQ(rows.back(), 490);
-}
-
-TEST_F(PagePainting, WhereGridLinesCrossTheyAreBlendedTwice)
-{
-    m_canvas.setSnap(true, 10);
-    const QColor once = over(QColor(80, 80, 80, 100), Qt::black);
-    EXPECT_EQ(pixel(at(20, 20)), over(QColor(80, 80, 80, 100), once));
-    EXPECT_EQ(pixel(at(25, 20)), once);
-    EXPECT_EQ(pixel(at(25, 25)), QColor(Qt::black));
-}
-
-TEST_F(PagePainting, APitchThatDoesNotDivideThePageStopsBeforeItsEnd)
-{
-    m_canvas.setSnap(true, 300);
-    const QImage picture = pictureOf(m_canvas);
-    int columns = 0;
-    for (int x = 0; x < picture.width(); ++x)
-        columns +=
-            picture.pixelColor(x, 15) != kBackdrop && picture.pixelColor(x, 15) != QColor(Qt::black)
-                ? 1
-                : 0;
-    EXPECT_EQ(columns, 3); // 0, 300, 600
-}
-
-TEST_F(PagePainting, APitchBelowTwoDrawsNoGrid)
-{
-    const QImage without = pictureOf(m_canvas);
-    for (const int pitch : {1, 0, -10}) {
-        m_canvas.setSnap(true, pitch);
-        EXPECT_EQ(pictureOf(m_canvas), without) << pitch;
-    }
-    m_canvas.setSnap(true, 2);
-    EXPECT_NE(pictureOf(m_canvas), without);
-}
-
-TEST_F(PagePainting, TheGridLiesOverTheImageAndUnderTheElements)
-{
-    m_page.image = QPixmap(1, 1);
-    m_page.image.fill(Qt::red);
-    addBlank({100, 100, 50, 40});
-    m_canvas.setSnap(true, 10);
-    const QColor line = over(QColor(80, 80, 80, 100), Qt::red);
-    EXPECT_EQ(pixel(at(20, 25)), line);
-    EXPECT_EQ(pixel(at(120, 125)), over(QColor(40, 180, 60, 60), line));
 }
 
 // --- Elements ------------------------------------------------------------------------------------
@@ -352,24 +239,40 @@ TEST_F(PagePainting, AScaledElementIsAsDrawnByHand)
     m_canvas.resize(640, 417); // an awkward scale
     addBlank({101, 53, 97, 61}, ElementKind::Icon);
     addBlank({301, 153, 197, 161}, ElementKind::Other, QString());
-    ReferenceWidget reference([&](QPainter& painter) {
-        const double scale = std::min((640 - 20) / 800.0, (417 - 20) / 480.0);
-        const QPointF origin((640 - 800 * scale) / 2, (417 - 480 * scale) / 2);
-        const auto box = [&](const DashElement& e) {
-            return QRectF(origin.x() + e.x * scale, origin.y() + e.y * scale, e.w * scale,
-                          e.h * scale);
-        };
-        painter.fillRect(QRect(0, 0, 640, 417), kBackdrop);
-        painter.fillRect(QRectF(origin, QSizeF(800 * scale, 480 * scale)), Qt::black);
-        painter.fillRect(box(element(0)), QColor(200, 180, 40, 60));
+    const QImage expected = paintedByHand([&](QPainter& painter, const HandTransform& by) {
+        painter.fillRect(by.box(element(0)), QColor(200, 180, 40, 60));
         painter.setPen(QPen(QColor(200, 200, 200), 1.0));
-        painter.drawRect(box(element(0)));
-        painter.fillRect(box(element(1)), QColor(128, 128, 128, 60));
+        painter.drawRect(by.box(element(0)));
+        painter.fillRect(by.box(element(1)), QColor(128, 128, 128, 60));
         painter.setPen(QPen(QColor(150, 150, 150), 1.0, Qt::DashLine));
-        painter.drawRect(box(element(1)));
+        painter.drawRect(by.box(element(1)));
     });
-    reference.resize(m_canvas.size());
-    EXPECT_EQ(pictureOf(m_canvas), pictureOf(reference));
+    EXPECT_EQ(pictureOf(m_canvas), expected);
+}
+
+TEST_F(PagePainting, AScaledSelectionIsAsDrawnByHand)
+{
+    addBlank({101, 53, 97, 61}, ElementKind::Icon); // its middles lie between pixels
+    for (const QSize size : {QSize(640, 417), QSize(1111, 500), QSize(823, 977)}) {
+        m_canvas.resize(size);
+        m_canvas.rebindPage(&m_page, 0);
+        const QImage expected = paintedByHand([&](QPainter& painter, const HandTransform& by) {
+            const QRectF r = by.box(element(0));
+            painter.fillRect(r, QColor(200, 180, 40, 60));
+            painter.setPen(QPen(kYellow, 2.0));
+            painter.drawRect(r);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(kYellow);
+            const double middle = r.left() + r.width() / 2;
+            const double half = r.top() + r.height() / 2;
+            for (const QPointF grip :
+                 {r.topLeft(), QPointF(middle, r.top()), r.topRight(), QPointF(r.left(), half),
+                  QPointF(r.right(), half), r.bottomLeft(), QPointF(middle, r.bottom()),
+                  r.bottomRight()})
+                painter.drawRect(QRectF(grip.x() - 3, grip.y() - 3, 6, 6));
+        });
+        EXPECT_EQ(pictureOf(m_canvas), expected) << size.width();
+    }
 }
 
 // --- Absurd pages and elements -------------------------------------------------------------------
@@ -393,20 +296,6 @@ TEST_F(PagePainting, AbsurdPagesArePaintedInNoTime)
     }
 }
 
-TEST_F(PagePainting, AGridOfMoreLinesThanAnyDisplayHasIsLeftOut)
-{
-    m_canvas.setSnap(true, 2);
-    const QPoint middle = m_canvas.rect().center();
-    for (const QSize most : {QSize(40'001, 480), QSize(480, 40'001)}) {
-        m_page.width = most.width();
-        m_page.height = most.height();
-        EXPECT_NE(pixel(middle), QColor(Qt::black));
-        m_page.width += most.width() > most.height() ? 1 : 0;
-        m_page.height += most.height() > most.width() ? 1 : 0;
-        EXPECT_EQ(pixel(middle), QColor(Qt::black));
-    }
-}
-
 TEST_F(PagePainting, AnElementThatReachesAbsurdlyFarCoversWhatItCovers)
 {
     constexpr int kMax = 2'147'483'647;
@@ -426,4 +315,31 @@ TEST_F(PagePainting, AnElementFarOutsideIsNotSeen)
     addBlank({-kMax, 0, 100, 100});
     addBlank({0, kMax, 100, 100});
     EXPECT_EQ(pictureOf(m_canvas), empty);
+}
+
+TEST_F(PagePainting, ASelectionThatReachesAbsurdlyFarHasHandlesOnlyWhereTheyCanBeSeen)
+{
+    constexpr int kMax = 2'147'483'647;
+    addBlank({100, 100, kMax, kMax});
+    m_canvas.rebindPage(&m_page, 0);
+    const QImage picture = pictureOf(m_canvas);
+    EXPECT_EQ(picture.pixelColor(at(102, 102)), kYellow) << "the handle at the corner";
+    for (int y = 103; y < 480; ++y) {
+        for (int x = 103; x < 800; ++x)
+            ASSERT_NE(picture.pixelColor(at(x, y)), kYellow) << x << ", " << y;
+    }
+}
+
+TEST_F(PagePainting, ASelectionFarOutsideIsNotSeen)
+{
+    constexpr int kMax = 2'147'483'647;
+    const QImage empty = pictureOf(m_canvas);
+    addBlank({kMax, 0, 100, 100});
+    addBlank({-kMax, 0, 100, 100});
+    addBlank({0, -kMax, 100, 100});
+    addBlank({kMax, kMax, kMax, kMax});
+    for (int index = 0; index < 4; ++index) {
+        m_canvas.rebindPage(&m_page, index);
+        EXPECT_EQ(pictureOf(m_canvas), empty) << index;
+    }
 }

@@ -18,7 +18,9 @@
 #include "telemetry/XrkLibrary.h"
 
 #include <QAction>
+#include <QByteArrayList>
 #include <QComboBox>
+#include <QMetaMethod>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -79,7 +81,17 @@ static_assert(std::is_constructible_v<InsertElementCommand, Document*, int, cons
                                       int, int, int, Node>);
 static_assert(std::is_constructible_v<NewPageCommand, Document*, const QString&>);
 static_assert(kIs<&NewPageCommand::pageIndex, int (NewPageCommand::*)() const>);
-static_assert(std::is_base_of_v<QUndoCommand, MoveCommand>);
+
+/// A command of its own on the stack, which is never merged with another.
+template <typename Command>
+constexpr bool kIsOneStep =
+    std::is_base_of_v<QUndoCommand, Command>&& kIs<&Command::id, int (QUndoCommand::*)() const>&&
+        kIs<&Command::mergeWith, bool (QUndoCommand::*)(const QUndoCommand*)>;
+static_assert(kIsOneStep<MoveCommand>);
+static_assert(kIsOneStep<DeleteCommand>);
+static_assert(kIsOneStep<InsertElementCommand>);
+static_assert(kIsOneStep<NewPageCommand>);
+static_assert(kIsOneStep<ClearPageCommand>);
 
 static_assert(std::is_constructible_v<DashCanvas, QWidget*>);
 static_assert(kIs<&DashCanvas::setPage, void (DashCanvas::*)(DashPage*)>);
@@ -139,6 +151,20 @@ static_assert(kIs<&MainWindow::deleteElement, void (MainWindow::*)(int)>);
 static_assert(kIs<&MainWindow::clearPage, void (MainWindow::*)()>);
 static_assert(kIs<&MainWindow::showAbout, void (MainWindow::*)()>);
 
+/// The signals or slots that a class declares itself, with the names of their parameters.
+template <typename Widget>
+QByteArrayList declared(QMetaMethod::MethodType type)
+{
+    const QMetaObject& meta = Widget::staticMetaObject;
+    QByteArrayList result;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QMetaMethod method = meta.method(i);
+        if (method.methodType() == type)
+            result << method.name() + '(' + method.parameterNames().join(", ") + ')';
+    }
+    return result;
+}
+
 static_assert(std::is_same_v<std::underlying_type_t<ElementKind>, std::int32_t>);
 static_assert(static_cast<int>(ElementKind::Analog) == 0);
 static_assert(static_cast<int>(ElementKind::Digit) == 1);
@@ -168,6 +194,22 @@ TEST(PublicInterface, RecordsHaveTheirFieldsInOrderWithTheirDefaults)
     EXPECT_EQ(fid, -1);
     EXPECT_TRUE(channelLong.isEmpty() && channelShort.isEmpty() && labelLong.isEmpty() &&
                 uiv.isEmpty());
+}
+
+TEST(PublicInterface, SignalsAndSlotsHaveTheirNamesAndThoseOfTheirParameters)
+{
+    EXPECT_EQ(declared<DashCanvas>(QMetaMethod::Signal),
+              (QByteArrayList{"elementSelected(index)", "elementMoved(index, newX, newY)",
+                              "elementResized(index, newW, newH)", "deleteRequested(index)"}));
+    EXPECT_EQ(declared<DashCanvas>(QMetaMethod::Slot),
+              (QByteArrayList{"clearSelectionAndRepaint()"}));
+    EXPECT_EQ(declared<PropertyPanel>(QMetaMethod::Signal),
+              (QByteArrayList{"positionChanged(x, y)", "sizeChanged(w, h)", "fontChanged()"}));
+    EXPECT_EQ(declared<PropertyPanel>(QMetaMethod::Slot),
+              (QByteArrayList{"onSpinBoxChanged()", "onValueFontChanged()", "onLabelFontChanged()",
+                              "pickValueColor()", "pickLabelColor()"}));
+    EXPECT_EQ(declared<PageListPanel>(QMetaMethod::Signal),
+              (QByteArrayList{"pageSelected(index)"}));
 }
 
 TEST(PublicInterface, MainWindowNamesItsParts)
