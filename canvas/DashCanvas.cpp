@@ -271,11 +271,14 @@ bool DashCanvas::stackMovedSelection(const Gesture& gesture) const
 }
 
 /// Puts the dragged element back to where it was at the press, unless something else has moved it.
+/// Without a drag the page is not looked at: its record may have moved, and its owner not said so
+/// yet.
 void DashCanvas::takeBack(const Gesture& gesture)
 {
+    if (!gesture.isActive())
+        return;
     DashElement* const element = selectedElement();
-    if (!gesture.isActive() || !element || geometryOf(*element) != gesture.live ||
-        stackMovedSelection(gesture))
+    if (!element || geometryOf(*element) != gesture.live || stackMovedSelection(gesture))
         return;
     ::setGeometry(*element, gesture.start);
     update();

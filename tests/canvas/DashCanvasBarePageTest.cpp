@@ -2,6 +2,10 @@
 
 #include "tests/canvas/CanvasFixture.h"
 
+#include <QUndoCommand>
+
+#include <memory>
+
 namespace {
 
 using DashCanvasOnBarePage = CanvasFixture;
@@ -58,6 +62,18 @@ TEST_F(DashCanvasOnBarePage, AnUndoEndsTheDragAndKeepsTheRedoHistory)
     EXPECT_EQ(m_stack.count(), 1);
     EXPECT_TRUE(m_stack.canRedo());
     EXPECT_EQ(moved.count(), 0);
+}
+
+TEST_F(DashCanvasOnBarePage, WithoutADragAStepDoesNotTouchAPageThatIsGone)
+{
+    auto gone = std::make_unique<DashPage>();
+    gone->elements.push_back(makeElement(QStringLiteral("mask"), {100, 100, 50, 40}));
+    m_canvas.setPage(gone.get());
+    click(at(120, 120));
+    gone.reset(); // to be noticed, this takes a build that watches its memory
+    m_stack.push(new QUndoCommand);
+    m_canvas.setPage(&m_page);
+    EXPECT_EQ(m_stack.count(), 1);
 }
 
 TEST_F(DashCanvasOnBarePage, AnUndoOfAnotherElementsStepTakesTheDragBack)
