@@ -180,8 +180,12 @@ TEST_F(PackageFilesTest, TheFoldersAboveTheRootCountAsWell)
         EXPECT_EQ(found, firstMet("overlay.ov3.xml")) << size;
         EXPECT_FALSE(found.isEmpty());
     }
-    add("devices/root/a.aimcfg", 10);
-    EXPECT_EQ(findDeviceFile(full("devices/root")), full("devices/root/a.aimcfg"));
+    for (const bool aIsInside : {true, false}) {
+        add(aIsInside ? "devices/root/a/devices/x.aimcfg" : "devices/root/a/x.aimcfg", 10);
+        add(aIsInside ? "devices/root/b/x.aimcfg" : "devices/root/b/devices/x.aimcfg", 10);
+        EXPECT_EQ(findDeviceFile(full("devices/root")), firstMet("*.aimcfg")) << aIsInside;
+        ASSERT_TRUE(QDir(full("devices/root")).removeRecursively());
+    }
 }
 
 TEST_F(PackageFilesTest, AnEmptyDeviceFileIsFound)
