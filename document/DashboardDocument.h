@@ -7,6 +7,7 @@
 
 #include <pugixml.hpp>
 
+#include <cstdint>
 #include <vector>
 
 /// One opened dashboard package: the overlay XML, kept whole so that everything the editor does not
@@ -125,6 +126,11 @@ private:
     /// kilobytes can hold images that would fill the memory of any computer.
     static constexpr qint64 kMostImagePixels = 100'000'000;
 
+    /// Indentation grows with the square of the nesting: a file of 1 MB that nests 200,000 levels
+    /// would fill 80 GB. An overlay whose nodes stand on more levels together, some 64 MB of
+    /// blanks, is written without it. A layout of a thousand pages stays far below.
+    static constexpr std::int64_t kMostIndentedLevels = 16'000'000;
+
     DashboardDocument& operator=(DashboardDocument&&) = default;
 
     [[nodiscard]] static std::vector<DashElement> readElements(pugi::xml_node page);
@@ -134,6 +140,7 @@ private:
 
     std::vector<DashPage> m_pages;
     pugi::xml_document m_overlayXml;
+    bool m_indented = true; ///< found out on reading: an edit adds an element's levels at most
     pugi::xml_document m_deviceXml;
     QString m_tempDir;
     QString m_overlayPath;

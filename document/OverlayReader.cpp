@@ -118,6 +118,7 @@ bool DashboardDocument::loadOverlay(const QString& path)
         return false;
     m_pages.clear();
     m_overlayXml = std::move(parsed);
+    m_indented = !XmlTree::levelsExceed(m_overlayXml, kMostIndentedLevels);
     m_imagePixelsLeft = kMostImagePixels;
 
     int ordinal = 0;

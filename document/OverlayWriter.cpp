@@ -9,8 +9,6 @@
 
 #include <QIODevice>
 
-#include <cstdint>
-
 namespace Class = OverlaySchema::Class;
 namespace Key = OverlaySchema::Key;
 
@@ -34,14 +32,6 @@ private:
     QIODevice& m_device;
     bool m_ok = true;
 };
-
-/// Indentation grows with the square of the nesting: a file of 1 MB that nests 200,000 levels would
-/// fill 80 GB. Such a file is written without it. A layout of a thousand pages stays far below.
-unsigned formatFor(const pugi::xml_document& xml)
-{
-    constexpr std::int64_t kMostLevels = 16'000'000; // some 64 MB of blanks
-    return XmlTree::levelsExceed(xml, kMostLevels) ? pugi::format_raw : pugi::format_indent;
-}
 
 void writeRectangle(pugi::xml_node node, const DashElement& element)
 {
@@ -120,7 +110,7 @@ bool DashboardDocument::writeBack(const QString& xmlPath)
     }
     return replaceFile(xmlPath, [this](QIODevice& device) {
         DeviceWriter writer(device);
-        m_overlayXml.save(writer, "  ", formatFor(m_overlayXml), pugi::encoding_auto);
+        m_overlayXml.save(writer, "  ", m_indented ? pugi::format_indent : pugi::format_raw);
         return writer.ok();
     });
 }
