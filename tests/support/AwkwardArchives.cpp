@@ -11,7 +11,6 @@ using RawArchive::build;
 using RawArchive::kDataDescriptor;
 using RawArchive::kEncrypted;
 using RawArchive::kStored;
-using RawArchive::kUtf8Name;
 using RawArchive::Member;
 using Cases = std::vector<AwkwardArchive>;
 
@@ -170,10 +169,12 @@ Member declaring(const QByteArray& name, const QByteArray& content, quint64 size
 Cases sizesThatLie()
 {
     constexpr quint64 kGigabyte = 1000ULL * 1000 * 1000;
-    constexpr quint64 kTooMuch = 1000 * 1000 * kGigabyte; // beyond any volume a test runs on
+    constexpr quint64 kTooMuch = 1000ULL * 1000 * kGigabyte; // beyond any volume a test runs on
     const QByteArray content = noise(20000);
+    constexpr int kBombMembers = 128;
     std::vector<Member> bomb;
-    for (int i = 0; i < 128; ++i)
+    bomb.reserve(kBombMembers);
+    for (int i = 0; i < kBombMembers; ++i)
         bomb.push_back(declaring("bomb" + QByteArray::number(i), "0", 4 * kGigabyte));
     Member shared{"shared", QByteArray(100'000, '\0')};
     std::vector<Member> sharing{shared};
