@@ -239,7 +239,7 @@ TEST(OverlayWriter, WritingTwiceGivesTheSameBytes)
 
 TEST(OverlayWriter, IndentsEveryNestingThatALayoutCouldHave)
 {
-    constexpr int kLevels = 300;
+    constexpr qsizetype kLevels = 300;
     LoadedOverlay overlay =
         withElement(QByteArray("<e>").repeated(kLevels) + QByteArray("</e>").repeated(kLevels));
     const QByteArray innermost = '\n' + QByteArray((kLevels + 4) * 2, ' ') + "<e />";

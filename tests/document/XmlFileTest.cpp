@@ -20,7 +20,7 @@ protected:
     }
 
     /// A document that holds the text so many times.
-    bool loadRepeated(const char* text, int times)
+    bool loadRepeated(const char* text, qsizetype times)
     {
         return load("<r>" + QByteArray(text).repeated(times) + "</r>");
     }
@@ -50,7 +50,7 @@ TEST_F(XmlFileTest, RefusesWhatIsNoXml)
 
 TEST_F(XmlFileTest, RefusesWhatWouldFillTheMemoryOnceParsed)
 {
-    constexpr int kTooMany = 8'000'000;
+    constexpr qsizetype kTooMany = 8'000'000;
     EXPECT_TRUE(load(QByteArray("<r/>").leftJustified(4 * kTooMany))) << "size alone is no harm";
     EXPECT_FALSE(loadRepeated("<a/>", kTooMany));
 }
