@@ -64,8 +64,13 @@ QIcon PageListPanel::thumbnail(const QPixmap& image, const Thumbnails& former)
     QIcon& icon = m_thumbnails[image.cacheKey()];
     if (icon.isNull())
         icon = former.value(image.cacheKey());
-    if (icon.isNull())
-        icon = image.scaled(kThumbnailSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    if (icon.isNull()) {
+        const qreal screenPixels = devicePixelRatioF(); // more than one a pixel on scaled desktops
+        QPixmap scaled = image.scaled(kThumbnailSize * screenPixels, Qt::KeepAspectRatio,
+                                      Qt::SmoothTransformation);
+        scaled.setDevicePixelRatio(screenPixels);
+        icon = scaled;
+    }
     return icon;
 }
 

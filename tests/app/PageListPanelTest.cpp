@@ -115,6 +115,15 @@ TEST_F(PageListPanelTest, ThumbnailsKeepTheAspectRatio)
     EXPECT_TRUE(m_panel.item(3)->icon().isNull());
 }
 
+TEST_F(PageListPanelTest, ThumbnailsUseEveryPixelOfTheScreen)
+{
+    m_panel.setPages({page(QStringLiteral("wide"), {1600, 960})});
+    const qreal screenPixels = m_panel.devicePixelRatioF();
+    const QPixmap thumbnail = m_panel.item(0)->icon().pixmap(QSize(120, 72), screenPixels);
+    EXPECT_EQ(thumbnail.size(), QSize(120, 72) * screenPixels);
+    EXPECT_EQ(thumbnail.deviceIndependentSize(), QSizeF(120, 72));
+}
+
 TEST_F(PageListPanelTest, AnUnchangedImageIsNotScaledAgain)
 {
     std::vector<DashPage> pages{page(QStringLiteral("a"), {800, 480}),
