@@ -51,7 +51,8 @@ bool takeTour(const QString& samples, const QString& pictures)
     const QTemporaryDir scratch;
     // Documents leave their unpack folders behind on purpose; those of the tour go with it.
     qputenv("TMPDIR", QFile::encodeName(scratch.path()));
-    Stage stage(samples, scratch.path());
+    // A file dialog would look for a relative one in the folder that it shows.
+    Stage stage(QDir(samples).absolutePath(), scratch.path());
     const std::vector<Step> steps = allSteps();
     for (std::size_t i = 0; i < steps.size(); ++i) {
         const QString name = pictureName(i, steps[i]);
