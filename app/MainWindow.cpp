@@ -7,6 +7,7 @@
 #include "app/WindowTitle.h"
 #include "canvas/DashCanvas.h"
 #include "canvas/PropertyPanel.h"
+#include "document/ShownText.h"
 
 #include <QEvent>
 #include <QFileInfo>
@@ -196,7 +197,7 @@ void MainWindow::rebindPanes()
 
 void MainWindow::updateWindowTitle()
 {
-    const QString& device = m_document.deviceType();
+    const QString device = shownText(m_document.deviceType());
     setWindowTitle(mainWindowTitle(QFileInfo(m_currentFilePath).fileName(), device));
     m_targetDeviceBadge->setText(device);
     m_targetDeviceBadge->setToolTip(

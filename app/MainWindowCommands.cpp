@@ -15,6 +15,7 @@
 #include "canvas/DashCanvas.h"
 #include "dialogs/AddElementDialog.h"
 #include "document/FixedPaths.h"
+#include "document/ShownText.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -163,7 +164,7 @@ void MainWindow::insertOn(const DashPage& page, const InsertElementSpec& spec)
                                                place.y, place.w, place.h, spec.donorNode));
     m_canvas->setPage(currentPage());
     statusBar()->showMessage(
-        tr("Inserted \"%1\" -> %2").arg(spec.templateLabel, spec.channelLongName),
+        tr("Inserted \"%1\" -> %2").arg(spec.templateLabel, shownText(spec.channelLongName)),
         kConfirmationTime);
 }
 
@@ -195,6 +196,7 @@ void MainWindow::clearPage()
     if (!page)
         return;
     const QString count = QString::number(page->elements.size());
+    const QString name = shownText(page->name);
     if (page->elements.empty()) {
         statusBar()->showMessage(tr("Page is already empty"), kRefusalTime);
         return;
@@ -203,14 +205,14 @@ void MainWindow::clearPage()
         askPlainly(this, QMessageBox::Question, tr("Clear Page"),
                    tr("Remove all %1 elements from page \"%2\"?\n\n"
                       "This is undoable with Ctrl+Z.")
-                       .arg(count, page->name),
+                       .arg(count, name),
                    QMessageBox::Yes | QMessageBox::Cancel);
     if (answer != QMessageBox::Yes)
         return;
     clearPanel();
     m_undoStack->push(new ClearPageCommand(&m_document, m_currentPage));
     m_canvas->clearSelectionAndRepaint();
-    statusBar()->showMessage(tr("Cleared %1 elements from \"%2\"").arg(count, page->name),
+    statusBar()->showMessage(tr("Cleared %1 elements from \"%2\"").arg(count, name),
                              kConfirmationTime);
 }
 

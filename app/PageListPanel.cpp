@@ -1,6 +1,7 @@
 #include "app/PageListPanel.h"
 
 #include "document/LiteralToolTip.h"
+#include "document/ShownText.h"
 
 #include <QStyledItemDelegate>
 
@@ -49,8 +50,9 @@ void PageListPanel::setPages(const std::vector<DashPage>& pages)
     clear();
     const Thumbnails former = std::exchange(m_thumbnails, {});
     for (const DashPage& page : pages) {
-        auto* const item = new QListWidgetItem(page.name);
-        item->setToolTip(literalToolTip(page.name));
+        const QString name = shownText(page.name);
+        auto* const item = new QListWidgetItem(name);
+        item->setToolTip(literalToolTip(name));
         if (!page.image.isNull())
             item->setIcon(thumbnail(page.image, former));
         addItem(item);

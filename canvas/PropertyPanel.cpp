@@ -4,6 +4,7 @@
 #include "canvas/GestureGeometry.h"
 #include "document/ElementGeometry.h"
 #include "document/LiteralToolTip.h"
+#include "document/ShownText.h"
 
 #include <QColorDialog>
 #include <QFormLayout>
@@ -55,9 +56,7 @@ QSpinBox* pixelRow(QFormLayout* form, const QString& title, const QString& name)
 
 void showText(QLabel* label, const QString& whole)
 {
-    // A name may be megabytes long, and laying that out takes minutes.
-    constexpr qsizetype kLongestText = 10'000;
-    const QString text = whole.left(kLongestText);
+    const QString text = shownText(whole);
     label->setText(text);
     label->setToolTip(literalMarkup(text)); // it may be cut off
 }
