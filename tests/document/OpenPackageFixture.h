@@ -14,12 +14,14 @@
 /// else is written stand below one temporary folder.
 class OpenPackageFixture : public testing::Test
 {
+public:
+    ~OpenPackageFixture() override;
+
 protected:
     static constexpr int kUnmoved = 10; ///< where the element stands in a package as it is made
     static constexpr int kMoved = 77;   ///< where it stands in the open document
 
     OpenPackageFixture();
-    ~OpenPackageFixture() override;
 
     /// Name and content of every member of a package: a page of that name with one element at x, a
     /// device file, and files that the editor does not know.

@@ -11,7 +11,6 @@
 
 using FaultInjection::Call;
 using FaultInjection::Effect;
-using FaultInjection::Fault;
 
 namespace {
 

@@ -109,7 +109,8 @@ Function* real(const char* name)
 } // namespace
 
 // The C library's functions as the rest of the process sees them. Declared without its headers'
-// attributes where those differ between versions.
+// attributes where those differ between versions; those headers use names reserved to them.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 int open64(const char* path, int flags, ...) // NOLINT: its signature
@@ -226,3 +227,4 @@ struct dirent* readdir(DIR* folder)
 }
 
 } // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
