@@ -10,6 +10,10 @@ constexpr int kUnwantedSide = -3; // a channel of one side, when none was asked 
 constexpr int kSameWordCount = 2;
 constexpr int kLowestScore = 5;
 
+/// Far more than any channel is called. A damaged layout may hold megabytes of words, and to
+/// compare each with those of every recorded channel would take minutes.
+constexpr qsizetype kLongestComparedByWords = 10'000;
+
 QString lowered(const QString& name)
 {
     return name.toLower();
@@ -94,5 +98,5 @@ QString ChannelMatcher::match(const QString& wanted, const QStringList& recorded
         if (found != recorded.end())
             return *found;
     }
-    return bestByWords(wanted, recorded);
+    return bestByWords(wanted.left(kLongestComparedByWords), recorded);
 }

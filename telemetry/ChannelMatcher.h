@@ -9,8 +9,9 @@ namespace ChannelMatcher {
 
 /// The one of the recorded names that the wanted name means, or an empty string. The first rule
 /// that yields a name decides: equal but for case; equal but for case, '_' and blanks; the best
-/// score of at least 5 over the words of both names. Where names tie, the earlier one wins, so the
-/// order of recorded matters: a session passes them sorted by their lower-case form.
+/// score of at least 5 over the words of both names, for which only the first 10,000 characters of
+/// wanted count. Where names tie, the earlier one wins, so the order of recorded matters: a session
+/// passes them sorted by their lower-case form.
 [[nodiscard]] QString match(const QString& wanted, const QStringList& recorded);
 
 } // namespace ChannelMatcher

@@ -1,5 +1,7 @@
 #include "telemetry/ChannelMatcher.h"
 
+#include <QElapsedTimer>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -167,6 +169,27 @@ TEST(ChannelMatcher, CopesWithTextThatIsNoText)
     EXPECT_EQ(match(QString(1, QChar(0)), names({"a"})), kNone);
     const QString longName(100'000, u'a');
     EXPECT_EQ(match(longName, names({"b a"})), u"b a"_s);
+}
+
+TEST(ChannelMatcher, OfAVeryLongNameOnlyTheBeginningIsComparedByWords)
+{
+    const QStringList recorded = names({"main oil temp"});
+    const QString filler(10'000, u'x');
+    EXPECT_EQ(match("oil temp "_L1 + filler, recorded), u"main oil temp"_s);
+    EXPECT_EQ(match(filler + " oil temp"_L1, recorded), kNone);
+    const QString whole = filler + u" oil temp"_s;
+    EXPECT_EQ(match(whole, {whole.toUpper()}), whole.toUpper()) << "but the whole for equality";
+}
+
+TEST(ChannelMatcher, ANameOfTenMegabytesTakesNoMinutes)
+{
+    QStringList recorded;
+    for (int i = 0; i < 300; ++i)
+        recorded.append(u"Sensor Name %1"_s.arg(i));
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(match(u"long text "_s.repeated(1'000'000), recorded), kNone);
+    EXPECT_LT(timer.elapsed(), 20'000);
 }
 
 } // namespace
