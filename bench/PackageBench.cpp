@@ -17,8 +17,10 @@
 #include <unzip.h>
 #include <zip.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <vector>
 
 namespace {
 
@@ -54,6 +56,16 @@ const Material& material()
 {
     static const Material instance;
     return instance;
+}
+
+/// With the least of all repetitions beside their median: what else the machine does only adds
+/// time.
+void inMilliseconds(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Unit(benchmark::kMillisecond)
+        ->ComputeStatistics("least", [](const std::vector<double>& times) {
+            return *std::min_element(times.begin(), times.end());
+        });
 }
 
 void inflateCurrent(unzFile archive, const std::string& folder)
@@ -94,7 +106,7 @@ void openFloor(benchmark::State& state)
         state.ResumeTiming();
     }
 }
-BENCHMARK(openFloor)->Unit(benchmark::kMillisecond);
+BENCHMARK(openFloor)->Apply(inMilliseconds);
 
 void openPackage(benchmark::State& state)
 {
@@ -107,7 +119,7 @@ void openPackage(benchmark::State& state)
         state.ResumeTiming();
     }
 }
-BENCHMARK(openPackage)->Unit(benchmark::kMillisecond);
+BENCHMARK(openPackage)->Apply(inMilliseconds);
 
 void saveFloor(benchmark::State& state)
 {
@@ -127,7 +139,7 @@ void saveFloor(benchmark::State& state)
             state.SkipWithError("the archive cannot be written");
     }
 }
-BENCHMARK(saveFloor)->Unit(benchmark::kMillisecond);
+BENCHMARK(saveFloor)->Apply(inMilliseconds);
 
 void savePackage(benchmark::State& state)
 {
@@ -141,7 +153,7 @@ void savePackage(benchmark::State& state)
     }
     FolderTools::remove(document.tempDir());
 }
-BENCHMARK(savePackage)->Unit(benchmark::kMillisecond);
+BENCHMARK(savePackage)->Apply(inMilliseconds);
 
 } // namespace
 

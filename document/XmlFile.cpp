@@ -16,6 +16,15 @@ struct Deallocate
 };
 using Buffer = std::unique_ptr<char[], Deallocate>; // of the kind the library can take over
 
+constexpr qint64 kAlwaysReasonable = 500'000'000;
+
+bool fitsIntoMemory(const QByteArray& xml)
+{
+    // Counting takes a third as long as parsing, and no ordinary text is that long.
+    return xml.size() <= kAlwaysReasonable / kMostMemoryAByte ||
+           isReasonableMemory(memoryOnceParsed(xml), xml.size());
+}
+
 } // namespace
 
 qint64 memoryOnceParsed(const QByteArray& xml)
@@ -32,10 +41,9 @@ qint64 memoryOnceParsed(const QByteArray& xml)
 
 bool isReasonableMemory(qint64 memory, qint64 size)
 {
-    constexpr qint64 kAlways = 500'000'000;
     constexpr qint64 kNever = 4'000'000'000;
     constexpr qint64 kHonestGrowth = 12; // empty elements take sixteen times their text
-    return memory <= kAlways || (memory <= kNever && memory <= kHonestGrowth * size);
+    return memory <= kAlwaysReasonable || (memory <= kNever && memory <= kHonestGrowth * size);
 }
 
 bool loadXmlFile(const QString& path, pugi::xml_document& document)
@@ -46,8 +54,7 @@ bool loadXmlFile(const QString& path, pugi::xml_document& document)
     const auto size = static_cast<std::size_t>(file.size());
     Buffer content(static_cast<char*>(pugi::get_memory_allocation_function()(size + 1)));
     if (!content || file.read(content.get(), file.size()) != file.size() ||
-        !isReasonableMemory(memoryOnceParsed(QByteArray::fromRawData(content.get(), file.size())),
-                            file.size()))
+        !fitsIntoMemory(QByteArray::fromRawData(content.get(), file.size())))
         return false;
     return document.load_buffer_inplace_own(content.release(), size);
 }

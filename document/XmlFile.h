@@ -10,6 +10,10 @@ class QString;
 /// package of a few hundred kilobytes can hold empty elements that take gigabytes.
 [[nodiscard]] qint64 memoryOnceParsed(const QByteArray& xml);
 
+/// No text takes more than this many bytes for each of its own, also one that says nothing but the
+/// class of a page.
+inline constexpr qint64 kMostMemoryAByte = 100;
+
 /// Whether a text of size bytes may take that much memory once it is parsed: 500 MB in any case, up
 /// to 4 GB when the text is long enough to be an honest one. That is more than a million ordinary
 /// elements need, each of which takes three to ten times the memory of its text.

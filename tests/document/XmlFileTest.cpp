@@ -68,6 +68,12 @@ TEST(XmlMemory, IsThatOfNodesAttributesAndRecords)
               kNode + kAttribute + qint64{sizeof(DashPage)});
 }
 
+TEST(XmlMemory, IsAtMostAHundredTimesTheText)
+{
+    for (const QByteArray token : {"<", "=", "GMaskParam", "GPageParam"})
+        EXPECT_LE(memoryOnceParsed(token), kMostMemoryAByte * token.size()) << token.constData();
+}
+
 TEST(XmlMemory, IsReasonableUpToTwelveTimesTheText)
 {
     constexpr qint64 kMegabyte = 1'000'000;
