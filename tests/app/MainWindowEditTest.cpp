@@ -9,7 +9,6 @@ namespace {
 
 using MainWindowEdit = MainWindowFixture;
 using TestPackage::digitElement;
-using TestPackage::Object;
 
 /// What the status bar says, and for how long.
 class StatusWatch

@@ -7,7 +7,6 @@
 namespace {
 
 using MainWindowFiles = MainWindowFixture;
-using TestPackage::digitElement;
 
 /// A file dialog that must look as described, then cancelled.
 void expectCancelledFileDialog(ModalDriver& dialogs, const QString& caption,

@@ -21,7 +21,7 @@ QString MainWindowFixture::writePackage(const QString& fileName,
                                         const std::vector<TestPackage::Object>& pages,
                                         const QByteArray& device)
 {
-    const QString result = path(fileName);
+    QString result = path(fileName);
     EXPECT_TRUE(TestPackage::writePackage(result, TestPackage::overlayXml(pages), device));
     return result;
 }

@@ -15,6 +15,9 @@ namespace {
 /// The main window; the scripted reader library stands where the editor looks for one.
 class MainWindowReplay : public MainWindowFixture
 {
+public:
+    ~MainWindowReplay() override { m_window.reset(); } // the reader must outlive the session
+
 protected:
     MainWindowReplay()
     {
@@ -23,8 +26,6 @@ protected:
         m_reader.channels[ReaderHost::kGps] = {{"GPS Speed", {0.0, 12340.0}, {10.0, 10.0}}};
         EXPECT_TRUE(TestPackage::writeFile(recording(), "recording"));
     }
-
-    ~MainWindowReplay() override { m_window.reset(); } // the reader must outlive the session
 
     [[nodiscard]] QString recording() const { return path(QStringLiteral("lap.xrk")); }
 

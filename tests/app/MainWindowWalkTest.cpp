@@ -263,7 +263,7 @@ QByteArray WindowWalk::structure() const
 
 QByteArray WindowWalk::disagreement()
 {
-    const QByteArray outOfStep = InStep::firstDisagreement(m_window->document());
+    QByteArray outOfStep = InStep::firstDisagreement(m_window->document());
     if (!outOfStep.isEmpty())
         return outOfStep;
     const auto [known, isNew] = m_structures.try_emplace(stack().index(), structure());

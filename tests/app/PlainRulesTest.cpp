@@ -21,6 +21,7 @@ ElementGeometry geometry(int x, int y, int w, int h)
 
 } // namespace
 
+// NOLINTNEXTLINE(readability-identifier-naming): the name that the test library looks for
 void PrintTo(const ElementGeometry& g, std::ostream* out)
 {
     *out << g.x << ", " << g.y << ", " << g.w << " x " << g.h;

@@ -21,6 +21,9 @@ namespace {
 
 class LiveValue : public CanvasFixture
 {
+public:
+    ~LiveValue() override { QDir::setCurrent(m_before); }
+
 protected:
     LiveValue() : m_before(QDir::currentPath())
     {
@@ -39,7 +42,6 @@ protected:
                                    QString::fromStdString(ScriptedReader::path())));
         m_canvas.setSession(&m_session);
     }
-    ~LiveValue() override { QDir::setCurrent(m_before); }
 
     DashElement& addLive(const char* channel, ElementKind kind = ElementKind::Digit,
                          const ElementGeometry& geometry = {100, 100, 150, 60})

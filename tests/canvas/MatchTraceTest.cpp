@@ -21,9 +21,11 @@ QByteArray traced()
 /// drives. The names that were traced stay known for the whole program, so every test uses its own.
 class MatchTraceTest : public ::testing::Test
 {
+public:
+    ~MatchTraceTest() override { QDir::setCurrent(m_before); }
+
 protected:
     MatchTraceTest() : m_before(QDir::currentPath()) { QDir::setCurrent(m_folder.path()); }
-    ~MatchTraceTest() override { QDir::setCurrent(m_before); }
 
     static void makeTraceFolder()
     {
