@@ -52,6 +52,7 @@ public:
             pages.push_back(TestPackage::page("Page", 800, 480, std::move(elements)));
         }
         std::vector<TestPackage::Channel> channels;
+        channels.reserve(kChannels);
         for (int i = 0; i < kChannels; ++i)
             channels.push_back({i + 1, channelName(i), "Ch" + QByteArray::number(i), "rpm"});
         const QTemporaryDir folder;
@@ -125,6 +126,7 @@ void filterKeystrokeFloor(benchmark::State& state)
 {
     const std::vector<QString> texts = readyTexts();
     std::vector<QString> haystacks;
+    haystacks.reserve(texts.size());
     for (const QString& text : texts)
         haystacks.push_back(text.toLower());
     QListWidget list;

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr rlim_t kLargestFile = 256 * 1024;
+constexpr rlim_t kLargestFile = rlim_t{256} * 1024;
 
 /// Keeps an input that inflates to gigabytes from filling the memory; the writes fail instead.
 void limitFileSize()
