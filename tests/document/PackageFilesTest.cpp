@@ -174,17 +174,17 @@ TEST_F(PackageFilesTest, TheFoldersAboveTheRootCountAsWell)
 {
     // Nothing lies outside then, so the first one met counts, in one of the rounds not the largest.
     for (const int size : {100, 500}) {
-        add("expansions/root/a/overlay.ov3.xml", 300);
-        add("expansions/root/b/overlay.ov3.xml", size);
-        const QString found = findOverlayFile(full("expansions/root"));
+        add("expansions/base/a/overlay.ov3.xml", 300);
+        add("expansions/base/b/overlay.ov3.xml", size);
+        const QString found = findOverlayFile(full("expansions/base"));
         EXPECT_EQ(found, firstMet("overlay.ov3.xml")) << size;
         EXPECT_FALSE(found.isEmpty());
     }
     for (const bool aIsInside : {true, false}) {
-        add(aIsInside ? "devices/root/a/devices/x.aimcfg" : "devices/root/a/x.aimcfg", 10);
-        add(aIsInside ? "devices/root/b/x.aimcfg" : "devices/root/b/devices/x.aimcfg", 10);
-        EXPECT_EQ(findDeviceFile(full("devices/root")), firstMet("*.aimcfg")) << aIsInside;
-        ASSERT_TRUE(QDir(full("devices/root")).removeRecursively());
+        add(aIsInside ? "devices/base/a/devices/x.aimcfg" : "devices/base/a/x.aimcfg", 10);
+        add(aIsInside ? "devices/base/b/x.aimcfg" : "devices/base/b/devices/x.aimcfg", 10);
+        EXPECT_EQ(findDeviceFile(full("devices/base")), firstMet("*.aimcfg")) << aIsInside;
+        ASSERT_TRUE(QDir(full("devices/base")).removeRecursively());
     }
 }
 
