@@ -78,7 +78,7 @@ void writePage(pugi::xml_node node, const DashPage& page)
 {
     auto element = page.elements.begin();
     for (const pugi::xml_node child : XmlTree::objects(node)) {
-        if (!XmlTree::hasClass(child, Class::kElement))
+        if (!OverlaySchema::isElement(child))
             continue;
         if (element == page.elements.end())
             return;
