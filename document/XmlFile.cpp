@@ -20,7 +20,7 @@ constexpr qint64 kAlwaysReasonable = 500'000'000;
 
 bool fitsIntoMemory(const QByteArray& xml)
 {
-    // Counting takes a third as long as parsing, and no ordinary text is that long.
+    // Counting would take a third of the time of reading, and no ordinary text is that long.
     return xml.size() <= kAlwaysReasonable / kMostMemoryAByte ||
            isReasonableMemory(memoryOnceParsed(xml), xml.size());
 }

@@ -39,7 +39,7 @@ TEST_F(DeviceReader, ReadsIdentityChannelsAndDisplaySize)
 {
     ASSERT_TRUE(load(R"(
         <e c="Device"><p n="Type">MXS</p><p n="TypeCode">12</p></e>
-        <e c="Other"><p n="Type">XXX</p></e>
+        <e c="Other"><p n="Type">other</p></e>
         <e c="ChannelsList">
           <e c="Canale"><p n="FID">7</p><p n="LongName">Engine RPM</p><p n="ShortName">RPM</p>
             <p n="LabelLongName">Engine speed</p><p n="UIV">)"
