@@ -1,11 +1,9 @@
 // The commands behind the main window's menus.
 
 #include "app/AboutDialog.h"
-#include "app/BusyCursor.h"
 #include "app/InsertPlacement.h"
 #include "app/MainWindow.h"
 #include "app/PageListPanel.h"
-#include "app/PlainMessage.h"
 #include "app/ReplayBar.h"
 #include "app/ReplayText.h"
 #include "app/commands/ClearPageCommand.h"
@@ -16,6 +14,8 @@
 #include "dialogs/AddElementDialog.h"
 #include "document/FixedPaths.h"
 #include "document/ShownText.h"
+#include "widgets/BusyCursor.h"
+#include "widgets/PlainMessage.h"
 
 #include <QFileDialog>
 #include <QFileInfo>

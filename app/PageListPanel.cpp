@@ -1,7 +1,7 @@
 #include "app/PageListPanel.h"
 
-#include "document/LiteralToolTip.h"
 #include "document/ShownText.h"
+#include "widgets/LiteralToolTip.h"
 
 #include <QStyledItemDelegate>
 

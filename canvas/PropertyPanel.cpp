@@ -1,10 +1,10 @@
 #include "canvas/PropertyPanel.h"
 
-#include "canvas/ElidedComboBox.h"
 #include "canvas/GestureGeometry.h"
 #include "document/ElementGeometry.h"
-#include "document/LiteralToolTip.h"
 #include "document/ShownText.h"
+#include "widgets/ElidedComboBox.h"
+#include "widgets/LiteralToolTip.h"
 
 #include <QColorDialog>
 #include <QFormLayout>

@@ -1,8 +1,8 @@
 #include "dialogs/AddElementDialog.h"
 
 #include "document/DashboardDocument.h"
-#include "document/LiteralToolTip.h"
 #include "document/ShownText.h"
+#include "widgets/LiteralToolTip.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

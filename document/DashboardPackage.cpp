@@ -1,10 +1,10 @@
 #include "document/DashboardPackage.h"
 
-#include "document/ArchiveReader.h"
-#include "document/ArchiveWriter.h"
-#include "document/AtomicFile.h"
-#include "document/FolderListing.h"
-#include "document/MemberPath.h"
+#include "document/archive/ArchiveReader.h"
+#include "document/archive/ArchiveWriter.h"
+#include "document/archive/AtomicFile.h"
+#include "document/archive/FolderListing.h"
+#include "document/archive/MemberPath.h"
 
 #include <QDir>
 #include <QFile>

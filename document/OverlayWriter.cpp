@@ -1,11 +1,11 @@
 // The part of DashboardDocument that carries edited records back into the XML and saves it.
 
-#include "document/AtomicFile.h"
 #include "document/ColorText.h"
 #include "document/DashboardDocument.h"
 #include "document/DashboardPackage.h"
 #include "document/OverlaySchema.h"
 #include "document/XmlTree.h"
+#include "document/archive/AtomicFile.h"
 
 #include <QIODevice>
 

@@ -1,7 +1,7 @@
 // The part of DashboardPackage that finds the files the editor reads among the unpacked ones.
 
 #include "document/DashboardPackage.h"
-#include "document/FolderListing.h"
+#include "document/archive/FolderListing.h"
 
 #include <QFileInfo>
 

@@ -19,6 +19,6 @@ compiler=(x86_64-w64-mingw32-g++-posix -std=c++20 -fsyntax-only
     -I. -isystem "$work" -isystem "$qt" -isystem "$qt"/QtCore -isystem "$qt"/QtGui -isystem "$qt"/QtWidgets)
 
 say "Every file with mingw"
-find app canvas dialogs document telemetry -name '*.cpp' -print0 |
+find "${shipped[@]}" -name '*.cpp' -print0 |
     xargs -0 -P "$jobs" -n 1 "${compiler[@]}"
 echo "mingw finds no fault."

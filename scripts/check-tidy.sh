@@ -11,6 +11,6 @@ cmake --preset tidy
 # Sources may include what moc makes of them. Asking the build for it would compile the libraries as well.
 find build/tidy -name AutogenInfo.json -print0 |
     xargs -0 -P "$jobs" -I{} cmake -E cmake_autogen {} Debug
-folders=(app canvas dialogs document samples telemetry)
+folders=("${shipped[@]}" samples)
 [ "${1:-}" != --all ] || folders=()
 python3 scripts/tidy.py build/tidy "$jobs" "${folders[@]}"

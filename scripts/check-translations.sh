@@ -8,7 +8,7 @@ make_scratch
 build_preset debug --target app_tests
 
 say "Comparing the texts that the window shows with those that lupdate finds"
-/usr/lib/qt6/bin/lupdate -silent -locations none -I . app canvas dialogs document telemetry \
+/usr/lib/qt6/bin/lupdate -silent -locations none -I . "${shipped[@]}" \
     -ts "$work/texts.ts" 2>"$work/warnings"
 [ ! -s "$work/warnings" ] || die "lupdate: $(cat "$work/warnings")"
 QT_QPA_PLATFORM=offscreen GAUGEWRIGHT_SEEN_TEXTS="$work/seen" \

@@ -7,6 +7,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/packages.sh
 
 jobs=$(nproc)
+# The folders whose code is shipped.
+shipped=(app canvas dialogs document telemetry widgets)
 
 # say TEXT: a heading between the outputs of the tools.
 say() {

@@ -13,9 +13,9 @@ report=build/coverage/report
 mkdir -p "$report"
 gcovr --root . --object-directory build/coverage -j "$jobs" --exclude-throw-branches \
     --exclude-unreachable-branches \
-    --filter '(app|canvas|dialogs|document|telemetry)/' \
+    --filter "($(IFS='|' && echo "${shipped[*]}"))/" \
     --html-details "$report/index.html" --json-summary "$report/summary.json" \
-    build/coverage/{app,canvas,dialogs,document,telemetry}
+    "${shipped[@]/#/build/coverage/}"
 python3 - "$report/summary.json" <<'PYTHON'
 import collections
 import json

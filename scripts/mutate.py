@@ -35,9 +35,11 @@ MEMORY = 8 << 30  # bytes: a mutant that fills the memory must not take the mach
 SLOW = "MainWindowWalk.*:*Stay*:ArchiveLimitTest.*:AwkwardXml.*:*OpenFaultTest.*:*KeepsRealTime"  # run last
 
 TESTS = {
+    "document/archive": ["package_tests", "fault_tests"],
     "document": ["document_tests", "package_tests", "document_console_tests", "fault_tests"],
     "telemetry": ["telemetry_tests"],
     "app/commands": ["commands_tests"],
+    "widgets": ["widgets_tests"],
     "canvas": ["canvas_tests"],
     "dialogs": ["dialogs_tests"],
     "app": ["app_replay_tests", "app_tests"],
@@ -45,8 +47,10 @@ TESTS = {
 Subsystem = collections.namedtuple("Subsystem", "folder target dependants")
 SUBSYSTEMS = [
     Subsystem("document", "gaugewright_document", ["app/commands", "dialogs", "canvas", "app"]),
+    Subsystem("document/archive", "gaugewright_archive", ["document"]),
     Subsystem("telemetry", "gaugewright_telemetry", ["canvas", "app"]),
     Subsystem("app/commands", "gaugewright_commands", ["canvas", "app"]),
+    Subsystem("widgets", "gaugewright_widgets", ["canvas", "app"]),
     Subsystem("canvas", "gaugewright_canvas", ["app"]),
     Subsystem("dialogs", "gaugewright_dialogs", ["app"]),
     Subsystem("app", "gaugewright", []),

@@ -1,8 +1,8 @@
 // What the archive format and the library cannot hold must fail, and what wraps must not lose
 // members.
 
-#include "document/ArchiveWriter.h"
 #include "document/DashboardPackage.h"
+#include "document/archive/ArchiveWriter.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
 #include "tests/support/RawArchive.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/ArchiveDevice.h"
+#include "document/archive/ArchiveDevice.h"
 
 #include <QByteArray>
 

@@ -1,4 +1,4 @@
-#include "document/LiteralToolTip.h"
+#include "widgets/LiteralToolTip.h"
 
 #include <QTextDocument>
 

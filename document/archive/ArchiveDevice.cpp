@@ -1,4 +1,4 @@
-#include "document/ArchiveDevice.h"
+#include "document/archive/ArchiveDevice.h"
 
 #include <QIODevice>
 

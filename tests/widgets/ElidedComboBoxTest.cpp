@@ -1,4 +1,4 @@
-#include "canvas/ElidedComboBox.h"
+#include "widgets/ElidedComboBox.h"
 
 #include <QComboBox>
 #include <QPixmap>

@@ -1,4 +1,4 @@
-#include "document/ArchiveWriter.h"
+#include "document/archive/ArchiveWriter.h"
 
 #include <QIODevice>
 

@@ -1,4 +1,4 @@
-#include "document/FolderListing.h"
+#include "document/archive/FolderListing.h"
 
 #include <QFileInfo>
 

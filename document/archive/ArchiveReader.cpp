@@ -1,4 +1,4 @@
-#include "document/ArchiveReader.h"
+#include "document/archive/ArchiveReader.h"
 
 #include <QFile>
 #include <QtEndian>

@@ -1,4 +1,4 @@
-#include "document/MemberPath.h"
+#include "document/archive/MemberPath.h"
 
 #include <QDir>
 

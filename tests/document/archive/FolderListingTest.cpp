@@ -1,6 +1,6 @@
 // Which files below a folder a save takes: those that the toolkit's own walk finds, in its order.
 
-#include "document/FolderListing.h"
+#include "document/archive/FolderListing.h"
 
 #include "tests/support/PackageBuilder.h"
 

@@ -1,4 +1,4 @@
-#include "document/AtomicFile.h"
+#include "document/archive/AtomicFile.h"
 
 #include <QBuffer>
 #include <QFile>
