@@ -8,6 +8,7 @@ source scripts/packages.sh
 
 jobs=$(nproc)
 # The folders whose code is shipped.
+# shellcheck disable=SC2034 # used by the scripts that source this one
 shipped=(app canvas dialogs document telemetry widgets)
 
 # say TEXT: a heading between the outputs of the tools.
