@@ -128,6 +128,8 @@ bool DashboardPackage::packDirectory(const QString& srcDir, const QString& archi
     // Listed before the new archive exists, which may well stand in the same folder.
     const std::optional<QStringList> paths = filesBelow(srcDir);
     return paths && replaceFile(archivePath, [&](QIODevice& device) {
-               return writeArchive(device, QDir(srcDir), *paths);
+               return writeArchive(device, QDir(srcDir), *paths)
+                          ? Outcome()
+                          : Outcome::failure(device.errorString());
            });
 }

@@ -108,9 +108,9 @@ bool DashboardDocument::writeBack(const QString& xmlPath)
             break;
         writePage(child, *page++);
     }
-    return replaceFile(xmlPath, [this](QIODevice& device) {
+    return static_cast<bool>(replaceFile(xmlPath, [this](QIODevice& device) {
         DeviceWriter writer(device);
         m_overlayXml.save(writer, "  ", m_indented ? pugi::format_indent : pugi::format_raw);
-        return writer.ok();
-    });
+        return writer.ok() ? Outcome() : Outcome::failure(device.errorString());
+    }));
 }

@@ -1,6 +1,7 @@
 #include "document/archive/AtomicFile.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -12,64 +13,82 @@
 
 namespace {
 
-/// QSaveFile asks for this as well but takes no notice of the answer, and some file systems tell
-/// only here that the disk is full.
-bool reachedDisk(const QFileDevice& file)
+/// QSaveFile flushes to the disk too but ignores the result, and some file systems report a full
+/// disk only here.
+Outcome reachedDisk(const QFileDevice& file)
 {
 #ifdef Q_OS_UNIX
-    return ::fsync(file.handle()) == 0 || errno == EINVAL; // EINVAL: nothing to wait for
+    if (::fsync(file.handle()) != 0 && errno != EINVAL) // EINVAL: nothing to wait for
+        return Outcome::failure(qt_error_string(errno));
 #else
     Q_UNUSED(file);
-    return true;
 #endif
+    return {};
 }
 
-bool writeContent(QSaveFile& sibling, const std::function<bool(QIODevice&)>& write)
+Outcome failureOf(const QFileDevice& file)
 {
+    return Outcome::failure(file.errorString());
+}
+
+Outcome writeContent(QSaveFile& sibling, const ContentWriter& write)
+{
+    const Outcome written = write(sibling);
     // commit() alone does not notice a short write, and would rename a truncated file.
-    return write(sibling) && sibling.flush() && sibling.error() == QFileDevice::NoError &&
-           reachedDisk(sibling);
+    if (!sibling.flush() || sibling.error() != QFileDevice::NoError)
+        return failureOf(sibling);
+    return written ? reachedDisk(sibling) : written;
 }
 
-bool overwrite(QFile& file, const QByteArray& content)
+Outcome overwrite(QFile& file, const QByteArray& content)
 {
-    return file.seek(0) && file.write(content) == content.size() && file.resize(content.size()) &&
-           reachedDisk(file);
+    if (!file.seek(0) || file.write(content) != content.size() || !file.resize(content.size()))
+        return failureOf(file);
+    return reachedDisk(file);
 }
 
-/// For folders that take no new file, and for files that none can be renamed over: those of others
-/// in a shared folder, mounted ones, those whose names leave no room for a sibling's. The content
-/// is made before the file is touched, and the file keeps its length until the content is in it, so
-/// that the old bytes can be put back even on a full disk.
-bool writeInPlace(const QString& path, const std::function<bool(QIODevice&)>& write)
+/// For folders that accept no new file, and for files that cannot be replaced by rename: those of
+/// others in a shared folder, mounted ones, those whose names are too long for a sibling's. The
+/// content is made before the file is touched, and the file keeps its length until the content is
+/// in it, so that the old bytes can be restored even on a full disk.
+Outcome writeInPlace(QFile& file, const ContentWriter& write)
 {
-    QFile file(path);
     if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
-        return false;
+        return failureOf(file);
     const QByteArray old = file.readAll();
+    if (old.size() != file.size())
+        return failureOf(file);
     QBuffer content;
     content.open(QIODevice::WriteOnly);
-    if (old.size() != file.size() || !write(content))
-        return false;
-    if (overwrite(file, content.data()))
-        return true;
-    overwrite(file, old);
-    return false;
+    if (Outcome made = write(content); !made)
+        return made;
+    Outcome written = overwrite(file, content.data());
+    if (!written)
+        static_cast<void>(overwrite(file, old));
+    return written;
+}
+
+/// @param sibling the file that could not be created or renamed; it knows why.
+Outcome writeInPlace(const QString& path, const QSaveFile& sibling, const ContentWriter& write)
+{
+    QFile file(path);
+    return file.exists() ? writeInPlace(file, write) : failureOf(sibling);
 }
 
 } // namespace
 
-bool replaceFile(const QString& path, const std::function<bool(QIODevice&)>& write)
+Outcome replaceFile(const QString& path, const ContentWriter& write)
 {
     const QFileInfo destination(path);
-    if (destination.exists() && !destination.isFile())
-        return false; // never put a file in the place of a device or a pipe
+    if (destination.exists() && !destination.isFile()) // never replace a device or a pipe
+        return Outcome::failure(
+            QCoreApplication::translate("Files", "The destination is not an ordinary file"));
     QSaveFile sibling(path);
     if (!sibling.open(QIODevice::WriteOnly))
-        return writeInPlace(path, write);
-    if (!writeContent(sibling, write)) {
+        return writeInPlace(path, sibling, write);
+    if (Outcome written = writeContent(sibling, write); !written) {
         sibling.cancelWriting();
-        return false;
+        return written;
     }
-    return sibling.commit() || writeInPlace(path, write);
+    return sibling.commit() ? Outcome() : writeInPlace(path, sibling, write);
 }

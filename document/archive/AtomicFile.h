@@ -1,20 +1,23 @@
 #pragma once
 
+#include "document/archive/Outcome.h"
+
 #include <QString>
 
 #include <functional>
 
 class QIODevice;
 
-/// Replaces the file at path by what write puts into the device it is given. write may be called
-/// twice.
+/// Writes the content of a file into the open device it is given.
+using ContentWriter = std::function<Outcome(QIODevice&)>;
+
+/// Replaces the file at `path` with whatever `write` outputs. `write` may be called twice.
 ///
-/// The new content is written to a sibling and renamed over the file only when every write, the
-/// flush and the close succeeded, so a failure leaves the old file as it was and nothing beside it.
+/// The new content goes to a sibling, which is renamed over the file only when every write, the
+/// flush and the close succeeded. So a failure leaves the old file unchanged and no litter.
 /// Symbolic links are followed and permissions kept.
 ///
-/// Where no sibling can be created or renamed over the file, it is written in place as a fallback,
-/// and its old bytes are put back when that fails; this alone cannot outlive the end of the
-/// process.
-/// @return false when write returns false or anything fails on the way to the disk.
-[[nodiscard]] bool replaceFile(const QString& path, const std::function<bool(QIODevice&)>& write);
+/// Where no sibling can be created or renamed, the file is written in place. Its old bytes are
+/// restored when that fails, but a crash during this fallback can corrupt the file.
+/// @return the system's reason where a system call failed, else the reason that `write` gave.
+Outcome replaceFile(const QString& path, const ContentWriter& write);

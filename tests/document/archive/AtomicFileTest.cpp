@@ -23,9 +23,16 @@ using TestPackage::writeFile;
 
 namespace {
 
-std::function<bool(QIODevice&)> content(const QByteArray& bytes)
+const QString kGivesUp = QStringLiteral("the writer gives up");
+
+Outcome outcomeOf(bool written)
 {
-    return [bytes](QIODevice& device) { return device.write(bytes) == bytes.size(); };
+    return written ? Outcome() : Outcome::failure(kGivesUp);
+}
+
+ContentWriter content(const QByteArray& bytes)
+{
+    return [bytes](QIODevice& device) { return outcomeOf(device.write(bytes) == bytes.size()); };
 }
 
 class AtomicFileTest : public testing::Test
@@ -59,15 +66,15 @@ TEST_F(AtomicFileTest, KeepsTheOldFileUntilTheNewOneIsComplete)
     writeFile(m_path, "old");
     EXPECT_TRUE(replaceFile(m_path, [this](QIODevice& device) {
         device.write(QByteArray(1000000, 'n'));
-        return readFile(m_path) == "old";
+        return outcomeOf(readFile(m_path) == "old");
     }));
 }
 
 TEST_F(AtomicFileTest, LetsTheWriterGoBack)
 {
     EXPECT_TRUE(replaceFile(m_path, [](QIODevice& device) {
-        return device.write("0123456789") == 10 && device.seek(2) && device.write("xy") == 2 &&
-               device.seek(10) && device.write("!") == 1;
+        return outcomeOf(device.write("0123456789") == 10 && device.seek(2) &&
+                         device.write("xy") == 2 && device.seek(10) && device.write("!") == 1);
     }));
     EXPECT_EQ(readFile(m_path), "01xy456789!");
 }
@@ -77,15 +84,27 @@ TEST_F(AtomicFileTest, KeepsTheOldFileWhenTheWriterGivesUp)
     writeFile(m_path, "old");
     EXPECT_FALSE(replaceFile(m_path, [](QIODevice& device) {
         device.write("half");
-        return false;
+        return outcomeOf(false);
     }));
     EXPECT_EQ(readFile(m_path), "old");
     EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
 }
 
+TEST_F(AtomicFileTest, SaysWhyItFailed)
+{
+    writeFile(m_path, "old");
+    EXPECT_EQ(replaceFile(m_path, content("new")).reason(), QString());
+    const auto giveUp = [](QIODevice&) { return outcomeOf(false); };
+    EXPECT_EQ(replaceFile(m_path, giveUp).reason(), kGivesUp);
+    EXPECT_EQ(replaceFile(m_folder.path(), content("new")).reason(),
+              QStringLiteral("The destination is not an ordinary file"));
+    EXPECT_EQ(replaceFile(m_path + QStringLiteral("/missing"), content("new")).reason(),
+              QStringLiteral("Not a directory"));
+}
+
 TEST_F(AtomicFileTest, MakesNoFileWhenTheWriterGivesUp)
 {
-    EXPECT_FALSE(replaceFile(m_path, [](QIODevice&) { return false; }));
+    EXPECT_FALSE(replaceFile(m_path, [](QIODevice&) { return outcomeOf(false); }));
     EXPECT_EQ(names(), QStringList());
 }
 
@@ -214,7 +233,7 @@ TEST_F(AtomicFileTest, RefusesAFileThatMayNotBeWritten)
     writeFile(m_path, "old");
     setMode(m_path, 0444);
     letEverybodyIn(m_folder.path(), 0755);
-    const auto replace = [this] { return replaceFile(m_path, content("new")); };
+    const auto replace = [this] { return bool(replaceFile(m_path, content("new"))); };
     EXPECT_FALSE(runUnprivileged(replace));
     EXPECT_EQ(readFile(m_path), "old");
     EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
@@ -228,7 +247,7 @@ TEST_F(AtomicFileTest, WritesInPlaceWhereTheFolderTakesNoNewFile)
         writeFile(m_path, "old and longer");
         setMode(m_path, 0666);
         letEverybodyIn(m_folder.path(), 0555);
-        EXPECT_TRUE(runUnprivileged([&] { return replaceFile(m_path, content(bytes)); }));
+        EXPECT_TRUE(runUnprivileged([&] { return bool(replaceFile(m_path, content(bytes))); }));
         EXPECT_EQ(readFile(m_path), bytes);
         EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
     }
@@ -241,12 +260,12 @@ TEST_F(AtomicFileTest, WritesInPlaceWhereOnlyTheOwnerMayReplaceAFile)
     writeFile(m_path, "old and longer");
     setMode(m_path, 0666);
     setMode(m_folder.path(), 01777); // everybody makes files, nobody renames over those of others
-    EXPECT_TRUE(runUnprivileged([&] { return replaceFile(m_path, content("new")); }));
+    EXPECT_TRUE(runUnprivileged([&] { return bool(replaceFile(m_path, content("new"))); }));
     EXPECT_EQ(readFile(m_path), "new");
     EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
     EXPECT_FALSE(runUnprivileged([&] {
         const FileSizeLimit limit(7000);
-        return replaceFile(m_path, content(QByteArray(9000, 'n')));
+        return bool(replaceFile(m_path, content(QByteArray(9000, 'n'))));
     }));
     EXPECT_EQ(readFile(m_path), "new");
     EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
@@ -258,10 +277,10 @@ TEST_F(AtomicFileTest, KeepsTheOldFileInPlaceWhenTheWriterGivesUp)
     setMode(m_path, 0666);
     letEverybodyIn(m_folder.path(), 0555);
     EXPECT_FALSE(runUnprivileged([&] {
-        return replaceFile(m_path, [](QIODevice& device) {
+        return bool(replaceFile(m_path, [](QIODevice& device) {
             device.write("half");
-            return false;
-        });
+            return outcomeOf(false);
+        }));
     }));
     EXPECT_EQ(readFile(m_path), "old");
 }
@@ -274,7 +293,7 @@ TEST_F(AtomicFileTest, PutsTheOldFileBackWhenWritingInPlaceFails)
     letEverybodyIn(m_folder.path(), 0555);
     EXPECT_FALSE(runUnprivileged([&] {
         const FileSizeLimit limit(7000);
-        return replaceFile(m_path, content(QByteArray(9000, 'n')));
+        return bool(replaceFile(m_path, content(QByteArray(9000, 'n'))));
     }));
     EXPECT_EQ(readFile(m_path), old);
 }
@@ -282,7 +301,7 @@ TEST_F(AtomicFileTest, PutsTheOldFileBackWhenWritingInPlaceFails)
 TEST_F(AtomicFileTest, MakesNoFileInAFolderThatTakesNone)
 {
     letEverybodyIn(m_folder.path(), 0555);
-    EXPECT_FALSE(runUnprivileged([&] { return replaceFile(m_path, content("new")); }));
+    EXPECT_FALSE(runUnprivileged([&] { return bool(replaceFile(m_path, content("new"))); }));
     EXPECT_EQ(names(), QStringList());
 }
 
