@@ -40,7 +40,8 @@ int LiveText::decimals(double value)
 
 QString LiveText::format(double value)
 {
-    return QString::number(value, 'f', decimals(value));
+    const QString text = QString::number(value, 'f', decimals(value));
+    return text == u"-0.00" ? text.mid(1) : text;
 }
 
 int LiveText::valuePixelSize(int fontSize, int elementHeight, double boxHeight)

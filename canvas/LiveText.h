@@ -9,6 +9,7 @@ namespace LiveText {
 /// Decimals shown: 0 from 1000 on, 1 from 1 on, else 2. Chosen before rounding, so that 999.99 is
 /// shown as "1000.0".
 [[nodiscard]] int decimals(double value);
+/// The value with that many decimals. A value that rounds to zero has no sign.
 [[nodiscard]] QString format(double value);
 
 /// Pixel size of the value font before it is fitted to the width.

@@ -39,6 +39,13 @@ TEST(LiveTextFormat, TypicalValues)
     EXPECT_EQ(shown(0.0), "0.00");
 }
 
+TEST(LiveTextFormat, ZeroHasNoSign)
+{
+    EXPECT_EQ(shown(-0.0), "0.00");
+    EXPECT_EQ(shown(-0.004), "0.00");
+    EXPECT_EQ(shown(-0.006), "-0.01");
+}
+
 TEST(LiveTextFormat, DecimalsAreChosenBeforeRounding)
 {
     EXPECT_EQ(shown(999.99), "1000.0");
