@@ -62,7 +62,7 @@ void DashCanvas::setReplayTime(double seconds)
 
 void DashCanvas::setSpeedUnit(int unit)
 {
-    m_speedUnit = unit;
+    m_speedUnit = static_cast<SpeedUnit>(unit);
     update();
 }
 

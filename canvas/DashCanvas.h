@@ -4,6 +4,7 @@
 #include "canvas/GestureGeometry.h"
 #include "canvas/PageTransform.h"
 #include "canvas/SnapGrid.h"
+#include "canvas/SpeedUnit.h"
 #include "document/DashPage.h"
 #include "document/ElementGeometry.h"
 
@@ -45,7 +46,7 @@ public:
     void setSession(TelemetrySession* session);
     /// Replay position in seconds; repaints at once.
     void setReplayTime(double seconds);
-    /// 0 km/h, 1 mph, 2 knots; any other index shows metres per second.
+    /// A value of SpeedUnit; any other shows metres per second.
     void setSpeedUnit(int unit);
     /// Grid pitch in display pixels. Schedules no repaint: the grid follows at the next one.
     void setSnap(bool enabled, int gridSize);
@@ -117,6 +118,6 @@ private:
     Gesture m_gesture;
     SnapGrid m_grid;
     double m_replaySeconds = 0.0;
-    int m_speedUnit = 0;
+    SpeedUnit m_speedUnit = SpeedUnit::KilometresPerHour;
     ElidedTexts m_elidedTexts;
 };

@@ -100,8 +100,9 @@ QString ElementPainter::liveText(const QString& channel) const
     const QString recorded = m_live.session->matchedName(channel);
     MatchTrace::record(channel, recorded);
     const double value = m_live.session->value(channel, m_live.seconds);
-    return LiveText::format(
-        LiveText::isSpeed(recorded) ? LiveText::inSpeedUnit(value, m_live.speedUnit) : value);
+    return LiveText::format(LiveText::isSpeed(recorded)
+                                ? SpeedUnits::fromMetresPerSecond(value, m_live.speedUnit)
+                                : value);
 }
 
 void ElementPainter::drawValue(const QRectF& rect, const DashElement& element) const

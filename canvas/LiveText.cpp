@@ -3,7 +3,6 @@
 #include "canvas/Saturate.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace {
@@ -20,8 +19,6 @@ constexpr int kSidePadding = 6; // of the value, both sides together
 
 // Glyphs larger than any screen would cost seconds and gigabytes to outline.
 constexpr int kLargestPixelSize = 8192;
-
-constexpr std::array kSpeedFactors{3.6, 2.23694, 1.94384};
 
 int pixelSize(double size, int smallest)
 {
@@ -78,11 +75,4 @@ bool LiveText::isSpeed(const QString& recordedName)
 {
     constexpr QStringView kName = u"gps speed";
     return recordedName.size() == kName.size() && recordedName.toLower() == kName;
-}
-
-double LiveText::inSpeedUnit(double metresPerSecond, int unit)
-{
-    if (unit < 0 || static_cast<std::size_t>(unit) >= kSpeedFactors.size())
-        return metresPerSecond;
-    return metresPerSecond * kSpeedFactors[static_cast<std::size_t>(unit)];
 }

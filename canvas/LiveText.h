@@ -31,7 +31,5 @@ namespace LiveText {
 
 /// Only the channel that the recording calls "gps speed", in any case, is a speed to be converted.
 [[nodiscard]] bool isSpeed(const QString& recordedName);
-/// Metres per second in unit 0 km/h, 1 mph or 2 knots; unchanged for any other index.
-[[nodiscard]] double inSpeedUnit(double metresPerSecond, int unit);
 
 } // namespace LiveText

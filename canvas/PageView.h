@@ -2,6 +2,7 @@
 
 #include "canvas/PageTransform.h"
 #include "canvas/SnapGrid.h"
+#include "canvas/SpeedUnit.h"
 #include "document/DashPage.h"
 
 class TelemetrySession;
@@ -11,7 +12,7 @@ struct LiveView
 {
     const TelemetrySession* session = nullptr; ///< null for a layout without values
     double seconds = 0.0;                      ///< replay position
-    int speedUnit = 0;                         ///< 0 km/h, 1 mph, 2 knots
+    SpeedUnit speedUnit = SpeedUnit::KilometresPerHour;
 };
 
 /// Everything that one picture of a page depends on. Owns nothing; valid for one painting.

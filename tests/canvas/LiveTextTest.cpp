@@ -156,19 +156,3 @@ TEST(LiveTextSpeed, OnlyTheChannelOfThatNameIsASpeed)
                                         u"gps  speed", u"gps spee\u0111"})
         EXPECT_FALSE(LiveText::isSpeed(QString::fromUtf16(other)));
 }
-
-TEST(LiveTextSpeed, ConvertsMetresPerSecondByUnit)
-{
-    EXPECT_EQ(shown(LiveText::inSpeedUnit(10.0, 0)), "36.0");
-    EXPECT_EQ(shown(LiveText::inSpeedUnit(10.0, 1)), "22.4");
-    EXPECT_EQ(shown(LiveText::inSpeedUnit(10.0, 2)), "19.4");
-    EXPECT_DOUBLE_EQ(LiveText::inSpeedUnit(1.0, 0), 3.6);
-    EXPECT_DOUBLE_EQ(LiveText::inSpeedUnit(1.0, 1), 2.23694);
-    EXPECT_DOUBLE_EQ(LiveText::inSpeedUnit(1.0, 2), 1.94384);
-}
-
-TEST(LiveTextSpeed, AnyOtherUnitLeavesTheValue)
-{
-    EXPECT_DOUBLE_EQ(LiveText::inSpeedUnit(10.0, 3), 10.0);
-    EXPECT_DOUBLE_EQ(LiveText::inSpeedUnit(10.0, -1), 10.0);
-}
