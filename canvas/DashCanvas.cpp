@@ -98,6 +98,11 @@ void DashCanvas::clearSelectionAndRepaint()
     update();
 }
 
+void DashCanvas::cancelDrag()
+{
+    takeBack(std::exchange(m_gesture, {}));
+}
+
 bool DashCanvas::event(QEvent* event)
 {
     // Arrives before the shortcut runs its command, while the record can still be put back exactly.
@@ -108,7 +113,7 @@ bool DashCanvas::event(QEvent* event)
         const bool redoes =
             key->matches(QKeySequence::Redo) && m_undoStack && m_undoStack->canRedo();
         if (undoes || redoes || key->matches(QKeySequence::Delete))
-            takeBack(std::exchange(m_gesture, {}));
+            cancelDrag();
     }
     return QWidget::event(event);
 }
@@ -177,13 +182,39 @@ void DashCanvas::mouseReleaseEvent(QMouseEvent* event)
 void DashCanvas::keyPressEvent(QKeyEvent* event)
 {
     const bool deletes = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
-    if (!deletes || !selectedElement()) {
+    const bool handled = deletes ? handleDeleteKey() : handleNavigationKey(*event);
+    if (handled)
+        event->accept();
+    else
         QWidget::keyPressEvent(event);
-        return;
-    }
-    takeBack(std::exchange(m_gesture, {}));
-    event->accept();
+}
+
+bool DashCanvas::handleDeleteKey()
+{
+    if (!selectedElement())
+        return false;
+    cancelDrag();
     Q_EMIT deleteRequested(m_selectedIndex);
+    return true;
+}
+
+bool DashCanvas::handleNavigationKey(const QKeyEvent& event)
+{
+    if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+        return false;
+    switch (event.key()) {
+    case Qt::Key_Space:
+        if (!event.isAutoRepeat())
+            Q_EMIT playToggleRequested();
+        return true;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        cancelDrag();
+        Q_EMIT pageStepRequested(event.key() == Qt::Key_PageUp ? -1 : 1);
+        return true;
+    default:
+        return false;
+    }
 }
 
 PageTransform DashCanvas::transform() const
@@ -253,7 +284,7 @@ void DashCanvas::commit(const Gesture& gesture)
 void DashCanvas::onUndoIndexChanged()
 {
     if (!m_document)
-        takeBack(std::exchange(m_gesture, {}));
+        cancelDrag();
 }
 
 /// Whether a command that has run since the press moved the dragged element itself.

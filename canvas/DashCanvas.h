@@ -52,6 +52,11 @@ public:
     void setSnap(bool enabled, int gridSize);
     void setUndoStack(QUndoStack* stack);
 
+    /// Ends a drag in progress: the element is back where the drag began, unless something else has
+    /// moved it since. Emits nothing; does nothing without a drag. To be called before any command
+    /// that may run during a drag.
+    void cancelDrag();
+
     [[nodiscard]] DashPage* page() const { return m_page; }
     /// -1 when nothing is selected.
     [[nodiscard]] int selectedIndex() const { return m_selectedIndex; }
@@ -77,6 +82,11 @@ Q_SIGNALS:
     void elementResized(int index, int newW, int newH);
     /// Delete or Backspace with an element selected. The canvas itself deletes nothing.
     void deleteRequested(int index);
+    /// Space was pressed: start or stop the replay.
+    void playToggleRequested();
+    /// Page Up or Page Down was pressed, which has ended any drag: show the page that is delta (-1
+    /// or 1) further down the list.
+    void pageStepRequested(int delta);
 
 protected:
     bool event(QEvent* event) override;
@@ -107,6 +117,8 @@ private:
     void beginGesture(GestureGeometry::DragMode mode, const QPoint& press);
     void commit(const Gesture& gesture);
     void takeBack(const Gesture& gesture);
+    [[nodiscard]] bool handleDeleteKey();
+    [[nodiscard]] bool handleNavigationKey(const QKeyEvent& event);
     void onUndoIndexChanged();
     [[nodiscard]] bool stackMovedSelection(const Gesture& gesture) const;
 

@@ -126,3 +126,29 @@ TEST_F(DashCanvasOnBarePage, AFormerUndoStackIsNotHeardAnyMore)
     EXPECT_EQ(element(0).x, 140);
     EXPECT_EQ(another.count(), 1);
 }
+
+TEST_F(DashCanvasOnBarePage, ACancelledDragRestoresTheElement)
+{
+    add({100, 100, 50, 40});
+    press(at(120, 120));
+    moveTo(at(160, 130));
+    m_canvas.cancelDrag();
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(m_canvas.selectedIndex(), 0);
+    moveTo(at(180, 130));
+    release(at(180, 130));
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(m_stack.count(), 0);
+}
+
+TEST_F(DashCanvasOnBarePage, CancellingWithoutADragChangesNothing)
+{
+    add({100, 100, 50, 40});
+    drag(at(120, 120), at(140, 120));
+    m_canvas.cancelDrag();
+    EXPECT_EQ(element(0).x, 120);
+    EXPECT_EQ(m_canvas.selectedIndex(), 0);
+    m_canvas.setPage(nullptr);
+    m_canvas.cancelDrag();
+    EXPECT_EQ(m_stack.count(), 1);
+}

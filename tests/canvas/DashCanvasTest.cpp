@@ -1,4 +1,4 @@
-// State, helpers, repaints and keys of the canvas; gestures and painting have files of their own.
+// State, helpers and repaints of the canvas; keys, gestures and painting are in other files.
 
 #include "telemetry/TelemetrySession.h"
 #include "tests/canvas/CanvasFixture.h"
@@ -188,59 +188,8 @@ TEST_F(DashCanvasTest, APageClearsTheSelectionAndEmitsNothing)
     EXPECT_EQ(m_canvas.page(), &m_page);
 }
 
-// --- Keys ----------------------------------------------------------------------------------------
-
-TEST_F(DashCanvasTest, DeleteAndBackspaceAskForDeletion)
-{
-    add({100, 100, 50, 40});
-    add({200, 100, 50, 40});
-    click(at(220, 120));
-    QTest::keyClick(&m_canvas, Qt::Key_Delete);
-    QTest::keyClick(&m_canvas, Qt::Key_Backspace);
-    ASSERT_EQ(m_deleteRequested.count(), 2);
-    EXPECT_EQ(m_deleteRequested[0], QVariantList{1});
-    EXPECT_EQ(m_deleteRequested[1], QVariantList{1});
-    EXPECT_EQ(m_page.elements.size(), 2U) << "the canvas itself deletes nothing";
-}
-
-TEST_F(DashCanvasTest, WithoutASelectionTheDeletionKeysGoToTheParent)
-{
-    add({100, 100, 50, 40});
-    for (const int key : {Qt::Key_Delete, Qt::Key_Backspace}) {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-        QCoreApplication::sendEvent(&m_canvas, &event);
-        EXPECT_FALSE(event.isAccepted());
-    }
-    m_canvas.setPage(nullptr);
-    QTest::keyClick(&m_canvas, Qt::Key_Delete);
-    EXPECT_EQ(m_deleteRequested.count(), 0);
-}
-
-TEST_F(DashCanvasTest, ADeletionKeyIsAcceptedOnlyWithASelection)
-{
-    add({100, 100, 50, 40});
-    click(at(120, 120));
-    for (const int key : {Qt::Key_Delete, Qt::Key_Backspace}) {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-        event.ignore();
-        QCoreApplication::sendEvent(&m_canvas, &event);
-        EXPECT_TRUE(event.isAccepted());
-    }
-}
-
-TEST_F(DashCanvasTest, OtherKeysGoToTheParentAndNudgeNothing)
-{
-    add({100, 100, 50, 40});
-    click(at(120, 120));
-    for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_A,
-                          Qt::Key_Escape, Qt::Key_Return}) {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-        QCoreApplication::sendEvent(&m_canvas, &event);
-        EXPECT_FALSE(event.isAccepted()) << key;
-    }
-    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
-    EXPECT_EQ(m_deleteRequested.count(), 0);
-}
+// --- Other input
+// -----------------------------------------------------------------------------------
 
 TEST_F(DashCanvasTest, TheWheelZoomsNothingAndGoesToTheParent)
 {
