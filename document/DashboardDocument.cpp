@@ -1,7 +1,11 @@
 #include "document/DashboardDocument.h"
 
 #include "document/DashboardPackage.h"
+#include "document/DeviceReader.h"
+#include "document/OverlayReader.h"
 #include "document/OverlaySchema.h"
+#include "document/OverlayWriter.h"
+#include "document/XmlFile.h"
 #include "document/XmlTree.h"
 
 #include <QFileInfo>
@@ -24,11 +28,7 @@ bool DashboardDocument::open(const QString& packagePath)
     // Read into a fresh document and take it over on success only.
     DashboardDocument fresh;
     fresh.m_tempDir = unpackDir.path();
-    fresh.m_deviceType = m_deviceType;
-    fresh.m_deviceTypeCode = m_deviceTypeCode;
-    fresh.m_channels = m_channels;
-    fresh.m_displayWidth = m_displayWidth;
-    fresh.m_displayHeight = m_displayHeight;
+    fresh.m_device = m_device;
 
     if (!DashboardPackage::unpackArchive(packagePath, fresh.m_tempDir))
         return false;
@@ -42,6 +42,50 @@ bool DashboardDocument::open(const QString& packagePath)
 
     *this = std::move(fresh);
     return true;
+}
+
+bool DashboardDocument::save(const QString& destPath)
+{
+    if (m_overlayPath.isEmpty() || m_tempDir.isEmpty())
+        return false;
+    return writeBack(m_overlayPath) && DashboardPackage::packDirectory(m_tempDir, destPath);
+}
+
+bool DashboardDocument::loadOverlay(const QString& path)
+{
+    // A failed parse leaves a partial tree behind, so it must not touch the open one.
+    pugi::xml_document parsed;
+    if (!loadXmlFile(path, parsed))
+        return false;
+    m_pages.clear();
+    m_overlayXml = std::move(parsed);
+    m_indented = !XmlTree::levelsExceed(m_overlayXml, kMostIndentedLevels);
+    m_images = {};
+
+    int ordinal = 0;
+    for (const pugi::xml_node child : XmlTree::objects(confNode())) {
+        if (XmlTree::hasClass(child, Class::kPage))
+            readPage(child, ordinal++);
+    }
+    return !m_pages.empty();
+}
+
+bool DashboardDocument::loadDeviceFile(const QString& path)
+{
+    pugi::xml_document parsed;
+    if (!loadXmlFile(path, parsed) || !DeviceReader::readDevice(parsed, m_device))
+        return false;
+    OverlayReader::readDisplaySize(confNode(), m_device);
+    return true;
+}
+
+bool DashboardDocument::writeBack(const QString& xmlPath)
+{
+    const pugi::xml_node conf = confNode();
+    if (!conf)
+        return false;
+    OverlayWriter::writeRecords(conf, m_pages);
+    return bool(saveXmlFile(m_overlayXml, xmlPath, m_indented));
 }
 
 int DashboardDocument::pageCount() const
@@ -63,9 +107,7 @@ const DashPage* DashboardDocument::pageAt(int index) const
 
 pugi::xml_node DashboardDocument::confNode() const
 {
-    const pugi::xml_node container =
-        m_overlayXml.child(OverlaySchema::kOverlayRoot).child(XmlTree::kObject);
-    return XmlTree::firstObject(container, Class::kConf);
+    return OverlayReader::confNode(m_overlayXml);
 }
 
 pugi::xml_node DashboardDocument::pageNode(int index) const
@@ -73,4 +115,16 @@ pugi::xml_node DashboardDocument::pageNode(int index) const
     if (index < 0)
         return {};
     return XmlTree::nthObject(confNode(), Class::kPage, index);
+}
+
+void DashboardDocument::readPage(pugi::xml_node node, int ordinal)
+{
+    DashPage page = OverlayReader::readPage(node, ordinal);
+    m_images.load(page, OverlayReader::readImagePath(node), QFileInfo(m_overlayPath).path());
+    m_pages.push_back(std::move(page));
+}
+
+DashElement DashboardDocument::readElement(pugi::xml_node node)
+{
+    return OverlayReader::readElement(node);
 }

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "document/ChannelDef.h"
 #include "document/DashPage.h"
+#include "document/PageImages.h"
+#include "document/TargetDevice.h"
 
 #include <QString>
 
@@ -71,14 +72,14 @@ public:
     [[nodiscard]] pugi::xml_node pageNode(int index) const;
 
     [[nodiscard]] const std::vector<DashPage>& pages() const { return m_pages; }
-    [[nodiscard]] const std::vector<ChannelDef>& channels() const { return m_channels; }
+    [[nodiscard]] const std::vector<ChannelDef>& channels() const { return m_device.channels; }
     /// Empty until a device file named one.
-    [[nodiscard]] const QString& deviceType() const { return m_deviceType; }
+    [[nodiscard]] const QString& deviceType() const { return m_device.type; }
     /// -1 until a device file gave one.
-    [[nodiscard]] int deviceTypeCode() const { return m_deviceTypeCode; }
+    [[nodiscard]] int deviceTypeCode() const { return m_device.typeCode; }
     /// Display size in pixels; 800 x 480 until a package with a device file gave another.
-    [[nodiscard]] int displayWidth() const { return m_displayWidth; }
-    [[nodiscard]] int displayHeight() const { return m_displayHeight; }
+    [[nodiscard]] int displayWidth() const { return m_device.displayWidth; }
+    [[nodiscard]] int displayHeight() const { return m_device.displayHeight; }
     [[nodiscard]] const QString& tempDir() const { return m_tempDir; }
     [[nodiscard]] const QString& overlayPath() const { return m_overlayPath; }
     [[nodiscard]] const QString& devicePath() const { return m_devicePath; }
@@ -122,10 +123,6 @@ public:
     [[nodiscard]] static DashElement readElement(pugi::xml_node node);
 
 private:
-    /// All images of a document together; four bytes each once decoded. A package of a few
-    /// kilobytes can hold images that would fill the memory of any computer.
-    static constexpr qint64 kMostImagePixels = 100'000'000;
-
     /// Indentation grows with the square of the nesting: a file of 1 MB that nests 200,000 levels
     /// would fill 80 GB. An overlay whose nodes stand on more levels together, some 64 MB of
     /// blanks, is written without it. A layout of a thousand pages stays far below.
@@ -133,22 +130,12 @@ private:
 
     DashboardDocument& operator=(DashboardDocument&&) = default;
 
-    [[nodiscard]] static std::vector<DashElement> readElements(pugi::xml_node page);
-    void resolveImage(DashPage& page, const QString& rawImagePath);
-    void loadImage(DashPage& page, const QString& candidate);
-    void readDisplaySize();
-
     std::vector<DashPage> m_pages;
+    PageImages m_images;
     pugi::xml_document m_overlayXml;
     bool m_indented = true; ///< found out on reading: an edit adds an element's levels at most
-    pugi::xml_document m_deviceXml;
     QString m_tempDir;
     QString m_overlayPath;
     QString m_devicePath;
-    QString m_deviceType;
-    int m_deviceTypeCode = -1;
-    std::vector<ChannelDef> m_channels;
-    int m_displayWidth = 800;
-    int m_displayHeight = 480;
-    qint64 m_imagePixelsLeft = kMostImagePixels;
+    TargetDevice m_device;
 };

@@ -1,8 +1,6 @@
-// The part of DashboardDocument that reads the device definition file.
+#include "document/DeviceReader.h"
 
-#include "document/DashboardDocument.h"
 #include "document/OverlaySchema.h"
-#include "document/XmlFile.h"
 #include "document/XmlTree.h"
 
 #include <utility>
@@ -43,46 +41,30 @@ void appendChannels(pugi::xml_node list, std::vector<ChannelDef>& channels)
     }
 }
 
-void readIdentity(pugi::xml_node device, QString& type, int& typeCode)
+void readIdentity(pugi::xml_node node, TargetDevice& device)
 {
-    for (const pugi::xml_node property : XmlTree::properties(device)) {
+    for (const pugi::xml_node property : XmlTree::properties(node)) {
         const char* const key = XmlTree::keyOf(property);
         if (XmlTree::same(key, Key::kDeviceType))
-            type = XmlTree::text(property);
+            device.type = XmlTree::text(property);
         else if (XmlTree::same(key, Key::kDeviceTypeCode))
-            typeCode = XmlTree::number(property);
+            device.typeCode = XmlTree::number(property);
     }
 }
 
 } // namespace
 
-bool DashboardDocument::loadDeviceFile(const QString& path)
+bool DeviceReader::readDevice(const pugi::xml_document& deviceXml, TargetDevice& device)
 {
-    pugi::xml_document parsed;
-    if (!loadXmlFile(path, parsed))
-        return false;
     const pugi::xml_node container =
-        parsed.child(OverlaySchema::kDeviceRoot).child(XmlTree::kObject);
+        deviceXml.child(OverlaySchema::kDeviceRoot).child(XmlTree::kObject);
     if (!container)
         return false;
     for (const pugi::xml_node child : XmlTree::objects(container)) {
         if (XmlTree::hasClass(child, Class::kDevice))
-            readIdentity(child, m_deviceType, m_deviceTypeCode);
+            readIdentity(child, device);
         else if (XmlTree::hasClass(child, Class::kChannelsList))
-            appendChannels(child, m_channels);
+            appendChannels(child, device.channels);
     }
-    m_deviceXml = std::move(parsed);
-    readDisplaySize();
     return true;
-}
-
-void DashboardDocument::readDisplaySize()
-{
-    for (const pugi::xml_node property : XmlTree::properties(confNode())) {
-        const char* const key = XmlTree::keyOf(property);
-        if (XmlTree::same(key, Key::kDisplayWidth))
-            m_displayWidth = XmlTree::number(property);
-        else if (XmlTree::same(key, Key::kDisplayHeight))
-            m_displayHeight = XmlTree::number(property);
-    }
 }

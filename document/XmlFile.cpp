@@ -2,6 +2,7 @@
 
 #include "document/DashElement.h"
 #include "document/OverlaySchema.h"
+#include "document/archive/AtomicFile.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -17,6 +18,25 @@ struct Deallocate
 using Buffer = std::unique_ptr<char[], Deallocate>; // of the kind the library can take over
 
 constexpr qint64 kAlwaysReasonable = 500'000'000;
+
+/// Hands the library's output to a device and remembers whether every byte went through.
+class DeviceWriter : public pugi::xml_writer
+{
+public:
+    explicit DeviceWriter(QIODevice& device) : m_device(device) {}
+
+    void write(const void* data, size_t size) override
+    {
+        const auto length = static_cast<qint64>(size);
+        m_ok = m_ok && m_device.write(static_cast<const char*>(data), length) == length;
+    }
+
+    [[nodiscard]] bool ok() const { return m_ok; }
+
+private:
+    QIODevice& m_device;
+    bool m_ok = true;
+};
 
 bool fitsIntoMemory(const QByteArray& xml)
 {
@@ -57,4 +77,13 @@ bool loadXmlFile(const QString& path, pugi::xml_document& document)
         !fitsIntoMemory(QByteArray::fromRawData(content.get(), file.size())))
         return false;
     return document.load_buffer_inplace_own(content.release(), size);
+}
+
+Outcome saveXmlFile(const pugi::xml_document& document, const QString& path, bool indented)
+{
+    return replaceFile(path, [&](QIODevice& device) {
+        DeviceWriter writer(device);
+        document.save(writer, "  ", indented ? pugi::format_indent : pugi::format_raw);
+        return writer.ok() ? Outcome() : Outcome::failure(device.errorString());
+    });
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "document/archive/Outcome.h"
+
 #include <QByteArray>
 
 #include <pugixml.hpp>
@@ -24,3 +26,7 @@ inline constexpr qint64 kMostMemoryAByte = 100;
 /// False when the file cannot be read or is not well-formed, which leaves a partial tree behind,
 /// and when it would take more memory than is reasonable.
 [[nodiscard]] bool loadXmlFile(const QString& path, pugi::xml_document& document);
+
+/// Writes the tree to path, indented by two blanks a level unless it must not be. On failure the
+/// file that was there is unchanged.
+Outcome saveXmlFile(const pugi::xml_document& document, const QString& path, bool indented);

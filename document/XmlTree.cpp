@@ -52,6 +52,16 @@ pugi::xml_node nthObject(pugi::xml_node parent, const char* className, int index
     return {};
 }
 
+pugi::xml_node lastProperty(pugi::xml_node object, const char* key)
+{
+    pugi::xml_node last;
+    for (const pugi::xml_node property : properties(object)) {
+        if (same(keyOf(property), key))
+            last = property;
+    }
+    return last;
+}
+
 QString text(pugi::xml_node property)
 {
     return QString::fromUtf8(property.child_value());

@@ -54,6 +54,9 @@ inline constexpr char kKey[] = "n";
     return nthObject(parent, className, 0);
 }
 
+/// The last property with that key, or an empty node.
+[[nodiscard]] pugi::xml_node lastProperty(pugi::xml_node object, const char* key);
+
 /// The value text of a property as UTF-8 text.
 [[nodiscard]] QString text(pugi::xml_node property);
 

@@ -64,7 +64,7 @@ const ChannelDef kChannel{77, QStringLiteral("Oil Temp"), QStringLiteral("OilT")
 
 } // namespace
 
-TEST(DocumentEditing, NothingWorksOnAnEmptyDocument)
+TEST(DashboardDocumentEditing, NothingWorksOnAnEmptyDocument)
 {
     DashboardDocument document;
     DashElement element;
@@ -83,7 +83,7 @@ TEST(DocumentEditing, NothingWorksOnAnEmptyDocument)
     EXPECT_FALSE(node);
 }
 
-TEST(DocumentEditing, PagesAreFoundByIndexOnly)
+TEST(DashboardDocumentEditing, PagesAreFoundByIndexOnly)
 {
     LoadedOverlay overlay(LoadedOverlay::around(lettered("1A2B", "GPageParam")));
     EXPECT_STREQ(nameOf(overlay.document.pageNode(0)), "A");

@@ -2,6 +2,7 @@
 // together.
 
 #include "document/DashboardDocument.h"
+#include "document/OverlayReader.h"
 #include "document/OverlaySchema.h"
 #include "document/XmlTree.h"
 
@@ -88,13 +89,13 @@ int DashboardDocument::addBlankPage(const QString& name)
         return -1;
     node.append_attribute(XmlTree::kClass).set_value(Class::kPage);
     node.append_attribute(XmlTree::kName).set_value(number);
-    appendBlankPageProperties(node, name, number, m_displayWidth, m_displayHeight);
+    appendBlankPageProperties(node, name, number, m_device.displayWidth, m_device.displayHeight);
 
     DashPage page;
     page.name = name;
     page.index = pageCount();
-    page.width = m_displayWidth;
-    page.height = m_displayHeight;
+    page.width = m_device.displayWidth;
+    page.height = m_device.displayHeight;
     m_pages.push_back(std::move(page));
     return pageCount() - 1;
 }
@@ -110,7 +111,7 @@ bool DashboardDocument::insertPageCopy(int index, const DashPage& page, pugi::xm
         return false;
 
     DashPage record = page;
-    record.elements = readElements(copy); // those of page may name XML that is gone
+    record.elements = OverlayReader::readElements(copy); // those of page may name XML that is gone
     m_pages.insert(m_pages.begin() + index, std::move(record));
     newNode = copy;
     return true;
@@ -144,7 +145,7 @@ int DashboardDocument::addElementFromDonor(int pageIndex, pugi::xml_node donor,
     writeChannelBinding(copy, channel);
 
     // The record holds what was asked for, also where the donor lacks the key to write it to.
-    created = readElement(copy);
+    created = OverlayReader::readElement(copy);
     created.name = name;
     created.x = x;
     created.y = y;

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "document/DashPage.h"
+
+#include <pugixml.hpp>
+
+#include <vector>
+
+/// Writes records back into overlay XML.
+namespace OverlayWriter {
+
+/// Writes rectangles and text styles of all pages into the page objects of conf, matched by
+/// position. Properties that are missing are not created; a style without a font is not written.
+void writeRecords(pugi::xml_node conf, const std::vector<DashPage>& pages);
+
+} // namespace OverlayWriter
