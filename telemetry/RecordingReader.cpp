@@ -9,13 +9,12 @@
 
 namespace {
 
-// A damaged file can make the library claim any count. Systems that promise more memory than they
-// have would grant such an array and end the program when it is filled, so what no logger records
-// is refused beforehand.
-constexpr int kMaxChannels = 1 << 16; // a family
-constexpr int kMaxSamples = 1 << 27;  // a channel: 37 hours at 1000 Hz, 2 GiB
+// A damaged file can make the library claim any count. A system that overcommits memory would grant
+// the array and kill the program when it is filled.
+constexpr int kMaxChannels = 1 << 16; // per family
+constexpr int kMaxSamples = 1 << 27;  // per channel: 37 hours at 1000 Hz, 2 GiB
 
-/// The exports that one family of channels is read through, any of which may be missing.
+/// The exports of one family of channels, any of which may be missing.
 struct Family
 {
     XrkLibrary::Count count;
@@ -32,18 +31,23 @@ Result callOr(Result fallback, Result (*function)(Arguments...), Arguments... ar
     return function != nullptr ? function(arguments...) : fallback;
 }
 
-std::optional<TelemetryChannel> readChannel(const Family& family, int file, int index)
+/// Copied at once: the library may answer every call from the same buffer. A null string for null.
+QString readText(XrkLibrary::Text function, int file, int index)
 {
     constexpr const char* kNoText = nullptr;
-    const char* const name = callOr(kNoText, family.name, file, index);
-    const char* const units = callOr(kNoText, family.units, file, index);
+    return QString::fromUtf8(callOr(kNoText, function, file, index));
+}
+
+std::optional<TelemetryChannel> readChannel(const Family& family, int file, int index)
+{
+    const QString name = readText(family.name, file, index);
+    const QString units = readText(family.units, file, index);
     const int count = callOr(-1, family.sampleCount, file, index);
-    if (name == nullptr || count < 1 || count > kMaxSamples)
+    if (name.isNull() || count < 1 || count > kMaxSamples)
         return std::nullopt;
 
     const auto size = static_cast<std::size_t>(count);
-    TelemetryChannel channel{QString::fromUtf8(name), QString::fromUtf8(units), SampleArray(size),
-                             SampleArray(size)};
+    TelemetryChannel channel{name, units, SampleArray(size), SampleArray(size)};
     if (channel.times.empty() || channel.values.empty())
         return std::nullopt; // no memory for it
     if (family.samples != nullptr)
@@ -53,7 +57,7 @@ std::optional<TelemetryChannel> readChannel(const Family& family, int file, int 
 
 void readFamily(const Family& family, int file, Recording& recording)
 {
-    constexpr double kBeyondSeconds = 10.0; // times the length so far: then it is milliseconds
+    constexpr double kBeyondSeconds = 10.0; // times the length so far means milliseconds
     constexpr double kMillisecondsPerSecond = 1000.0;
 
     const int count = std::min(callOr(-1, family.count, file), kMaxChannels);
@@ -72,8 +76,8 @@ void readFamily(const Family& family, int file, Recording& recording)
     }
 }
 
-/// The longest channel that does not run on for more than twice the median: a stray time stamp must
-/// not stretch the replay. Falls back to the given length when no channel ends after 0.
+/// The latest end among the channels that end within twice the median end, so that a stray time
+/// stamp does not stretch the replay. The fallback when no channel ends after 0.
 double replayLength(const std::map<QString, TelemetryChannel>& channels, double fallback)
 {
     std::vector<double> ends;

@@ -8,7 +8,7 @@
 
 class XrkLibrary;
 
-/// Everything that is kept of one recording.
+/// The channels of one recording, in memory.
 struct Recording
 {
     std::map<QString, TelemetryChannel> channels; ///< by lower-case name, in code-unit order
@@ -17,7 +17,6 @@ struct Recording
 
 /// Reads the channels of all three families (plain, GPS, raw GPS) of an open file.
 ///
-/// Missing exports, channels without a name or without samples, and counts that cannot be true are
-/// passed over: there is always a result. Of channels whose names differ only in case the last one
-/// read stays.
+/// Never fails: missing exports, channels without a name or samples, and implausible counts are
+/// skipped. Of channels whose names differ only in case, the last one read stays.
 [[nodiscard]] Recording readRecording(const XrkLibrary& library, int file);

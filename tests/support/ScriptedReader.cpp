@@ -112,39 +112,39 @@ void ScriptedReader::unexpectedCall()
 
 int ScriptedReader::openFile(const char* path)
 {
-    log.push_back(std::string("open_file(") + path + ")");
+    logCall(std::string("open_file(") + path + ")");
     return fileIndex;
 }
 
 int ScriptedReader::closeFile(int file)
 {
-    log.push_back("close_file_i(" + std::to_string(file) + ")");
+    logCall("close_file_i(" + std::to_string(file) + ")");
     return 0;
 }
 
 int ScriptedReader::channelCount(Family family, int file)
 {
-    log.push_back(call(family, "channels_count", file));
+    logCall(call(family, "channels_count", file));
     return claimedChannelCounts[family].value_or(static_cast<int>(channels[family].size()));
 }
 
 const char* ScriptedReader::channelName(Family family, int file, int channel)
 {
-    log.push_back(call(family, "channel_name", file, channel));
+    logCall(call(family, "channel_name", file, channel));
     const ScriptedChannel* const found = find(family, channel);
-    return found != nullptr && found->name ? found->name->c_str() : nullptr;
+    return found != nullptr ? text(found->name) : nullptr;
 }
 
 const char* ScriptedReader::channelUnits(Family family, int file, int channel)
 {
-    log.push_back(call(family, "channel_units", file, channel));
+    logCall(call(family, "channel_units", file, channel));
     const ScriptedChannel* const found = find(family, channel);
-    return found != nullptr && found->units ? found->units->c_str() : nullptr;
+    return found != nullptr ? text(found->units) : nullptr;
 }
 
 int ScriptedReader::sampleCount(Family family, int file, int channel)
 {
-    log.push_back(call(family, "channel_samples_count", file, channel));
+    logCall(call(family, "channel_samples_count", file, channel));
     const ScriptedChannel* const found = find(family, channel);
     if (found == nullptr)
         return -1;
@@ -154,7 +154,7 @@ int ScriptedReader::sampleCount(Family family, int file, int channel)
 int ScriptedReader::samples(Family family, int file, int channel, double* times, double* values,
                             int count)
 {
-    log.push_back(call(family, "channel_samples", file, channel));
+    logCall(call(family, "channel_samples", file, channel));
     const ScriptedChannel* const found = find(family, channel);
     if (found == nullptr)
         return -1;
@@ -169,4 +169,18 @@ const ScriptedChannel* ScriptedReader::find(Family family, int channel) const
     const std::vector<ScriptedChannel>& all = channels[family];
     return channel >= 0 && channel < std::ssize(all) ? &all[static_cast<std::size_t>(channel)]
                                                      : nullptr;
+}
+
+const char* ScriptedReader::text(const std::optional<std::string>& text)
+{
+    if (!text || !sharesOneTextBuffer)
+        return text ? text->c_str() : nullptr;
+    text->copy(m_textBuffer.data(), m_textBuffer.size() - 1);
+    return m_textBuffer.data();
+}
+
+void ScriptedReader::logCall(const std::string& entry)
+{
+    m_textBuffer.fill('\0');
+    log.push_back(entry);
 }

@@ -41,7 +41,8 @@ public:
     // The script.
     int fileIndex = 3; ///< what open_file answers
     std::array<std::vector<ScriptedChannel>, kFamilies> channels;
-    std::array<std::optional<int>, kFamilies> claimedChannelCounts; ///< none: the honest number
+    std::array<std::optional<int>, kFamilies> claimedChannelCounts; ///< none: the true number
+    bool sharesOneTextBuffer = false; ///< every call overwrites the text returned before
 
     /// Every call in order, "open_file(/a.xrk)", "get_GPS_channel_name(3,0)", and the library's own
     /// "loaded" and "unloaded".
@@ -67,7 +68,10 @@ public:
 
 private:
     [[nodiscard]] const ScriptedChannel* find(Family family, int channel) const;
+    [[nodiscard]] const char* text(const std::optional<std::string>& text);
+    void logCall(const std::string& entry);
 
     std::filesystem::path m_copies; // folder of the copies, empty while there are none
     int m_copyCount = 0;
+    std::array<char, 256> m_textBuffer{};
 };

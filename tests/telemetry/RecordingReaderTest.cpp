@@ -88,6 +88,17 @@ TEST_P(EveryFamily, IsReadWhole)
     EXPECT_THAT(all(channel.values), ElementsAre(80.0, 81.0));
 }
 
+TEST_P(EveryFamily, IsReadRightFromALibraryWithOneTextBuffer)
+{
+    m_reader.sharesOneTextBuffer = true;
+    channels() = {{"Oil Temp", {-1.0}, {80.0}, "°C"}, {"Gear", {-1.0}, {3.0}}};
+    const Recording recording = read(m_reader);
+    ASSERT_THAT(keys(recording), ElementsAre(u"gear"_s, u"oil temp"_s));
+    EXPECT_EQ(recording.channels.at(u"oil temp"_s).name, u"Oil Temp"_s);
+    EXPECT_EQ(recording.channels.at(u"oil temp"_s).units, u"°C"_s);
+    EXPECT_EQ(recording.channels.at(u"gear"_s).units, QString());
+}
+
 TEST_P(EveryFamily, IsSkippedWithoutACount)
 {
     channels() = {endingAt("a", -1.0)};
