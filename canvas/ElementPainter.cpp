@@ -1,7 +1,6 @@
 #include "canvas/ElementPainter.h"
 
 #include "canvas/LiveText.h"
-#include "canvas/MatchTrace.h"
 #include "canvas/Saturate.h"
 #include "telemetry/TelemetrySession.h"
 
@@ -97,10 +96,8 @@ void ElementPainter::drawLive(const QRectF& rect, const DashElement& element) co
 
 QString ElementPainter::liveText(const QString& channel) const
 {
-    const QString recorded = m_live.session->matchedName(channel);
-    MatchTrace::record(channel, recorded);
     const double value = m_live.session->value(channel, m_live.seconds);
-    return LiveText::format(LiveText::isSpeed(recorded)
+    return LiveText::format(LiveText::isSpeed(m_live.session->matchedName(channel))
                                 ? SpeedUnits::fromMetresPerSecond(value, m_live.speedUnit)
                                 : value);
 }

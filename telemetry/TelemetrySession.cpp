@@ -1,6 +1,7 @@
 #include "telemetry/TelemetrySession.h"
 
 #include "telemetry/ChannelMatcher.h"
+#include "telemetry/MatchTrace.h"
 #include "telemetry/XrkLibrary.h"
 
 TelemetrySession::TelemetrySession() = default;
@@ -59,13 +60,17 @@ double TelemetrySession::value(const QString& name, double seconds) const
     return channel != nullptr ? channel->valueAt(seconds) : 0.0;
 }
 
+/// Matches on the first query of a name and traces that match; afterwards it is a lookup.
 const TelemetryChannel* TelemetrySession::matched(const QString& name) const
 {
+    if (!m_loaded || name.isEmpty())
+        return nullptr;
     const auto cached = m_matchCache.find(name);
     if (cached != m_matchCache.end())
         return cached->second;
 
     const QString match = matchChannel(name);
+    MatchTrace::record(name, match);
     const auto found = m_recording.channels.find(match.toLower());
     // An empty match means none, even where a recorded channel has an empty name.
     const bool matches = !match.isEmpty() && found != m_recording.channels.end();

@@ -36,7 +36,7 @@ public:
 
     /// The recorded channel that a layout channel name means, or an empty string. Uncached.
     [[nodiscard]] QString matchChannel(const QString& name) const;
-    /// The same from a cache, worked out once a name and recording: for use in every frame.
+    /// The same, matched once per name and recording: for use in every frame.
     [[nodiscard]] QString matchedName(const QString& name) const;
     /// The matched channel's value at that time, linearly interpolated and held at both ends; 0
     /// when nothing matches. In the recording's own unit.

@@ -1,6 +1,8 @@
-#include "canvas/MatchTrace.h"
+#include "telemetry/MatchTrace.h"
 
 #include "document/FixedPaths.h"
+#include "telemetry/TelemetrySession.h"
+#include "tests/support/ScriptedReader.h"
 
 #include <QDir>
 #include <QFile>
@@ -37,6 +39,27 @@ protected:
 };
 
 } // namespace
+
+TEST_F(MatchTraceTest, TheSessionTracesEachFirstMatchAndNoOther)
+{
+    makeTraceFolder();
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {endingAt("Oil Temp", 10.0)};
+    const QString library = QString::fromStdString(ScriptedReader::path());
+    TelemetrySession session;
+    static_cast<void>(session.value(QStringLiteral("oil"), 1.0));
+    EXPECT_EQ(traced(), "") << "without a recording";
+    for (int i = 0; i < 2; ++i) {
+        ASSERT_TRUE(session.load(QStringLiteral("/r.xrk"), library));
+        static_cast<void>(session.value(QString(), 1.0));
+        static_cast<void>(session.matchChannel(QStringLiteral("fuel")));
+        for (const double seconds : {1.0, 2.0})
+            static_cast<void>(session.value(QStringLiteral("oil"), seconds));
+        static_cast<void>(session.matchedName(QStringLiteral("gear")));
+    }
+    EXPECT_EQ(traced(), "OVERLAY: \"oil\"  ->  XRK: \"Oil Temp\"\n"
+                        "OVERLAY: \"gear\"  ->  XRK: \"NO MATCH\"\n");
+}
 
 TEST_F(MatchTraceTest, ALineNamesTheLayoutChannelAndTheRecordedOne)
 {

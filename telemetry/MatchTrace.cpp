@@ -1,4 +1,4 @@
-#include "canvas/MatchTrace.h"
+#include "telemetry/MatchTrace.h"
 
 #include "document/FixedPaths.h"
 
@@ -14,7 +14,7 @@ QString MatchTrace::line(const QString& channel, const QString& recorded)
 void MatchTrace::record(const QString& channel, const QString& recorded)
 {
     static QSet<QString> traced;
-    if (traced.contains(channel)) // in every frame: must not allocate
+    if (traced.contains(channel))
         return;
     traced.insert(channel);
 
