@@ -4,6 +4,8 @@
 #include "telemetry/MatchTrace.h"
 #include "telemetry/XrkLibrary.h"
 
+#include <QFileInfo>
+
 TelemetrySession::TelemetrySession() = default;
 
 TelemetrySession::~TelemetrySession()
@@ -14,11 +16,20 @@ TelemetrySession::~TelemetrySession()
 bool TelemetrySession::load(const QString& filePath, const QString& libraryPath)
 {
     clear();
-    m_library = std::make_unique<XrkLibrary>(libraryPath.toUtf8().constData());
+    std::string loadError;
+    m_library = std::make_unique<XrkLibrary>(libraryPath.toUtf8().constData(), &loadError);
+    if (!m_library->isLoaded()) {
+        m_error = QFileInfo::exists(libraryPath) ? tr("The reader library could not be loaded: %1")
+                                                       .arg(QString::fromStdString(loadError))
+                                                 : tr("The reader library was not found");
+        return false;
+    }
     if (m_library->open_file != nullptr)
         m_fileIndex = m_library->open_file(filePath.toUtf8().constData());
-    if (m_fileIndex < 0)
+    if (m_fileIndex < 0) {
+        m_error = refusal(filePath);
         return false;
+    }
     m_recording = readRecording(*m_library, m_fileIndex);
     m_loaded = true;
     return true;
@@ -31,8 +42,18 @@ void TelemetrySession::clear()
     m_matchCache.clear();
     m_recording = {};
     m_loaded = false;
+    m_error.clear();
     m_fileIndex = -1;
     m_library.reset();
+}
+
+/// Why the library opened no file.
+QString TelemetrySession::refusal(const QString& filePath) const
+{
+    if (m_library->open_file == nullptr)
+        return tr("The reader library has no function \"open_file\"");
+    return QFileInfo::exists(filePath) ? tr("The reader library could not open the recording")
+                                       : tr("The recording was not found");
 }
 
 QStringList TelemetrySession::channelNames() const

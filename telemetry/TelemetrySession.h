@@ -2,6 +2,7 @@
 
 #include "telemetry/RecordingReader.h"
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -10,21 +11,29 @@
 
 class XrkLibrary;
 
-/// One recording held wholly in memory, and the lookup of layout channels in it. Owns the reader
-/// library from one load to the next or to clear, also when the file could not be opened; an open
-/// file is closed before the library is unloaded. GUI thread only.
+/// One recording held wholly in memory, and the lookup of layout channels in it.
+///
+/// Owns the reader library from one load to the next or to clear, also when the file could not be
+/// opened; an open file is closed before the library is unloaded. Each layout channel is matched
+/// once per recording, when its value or match is first queried, and that match goes to the trace
+/// file. GUI thread only.
 class TelemetrySession
 {
+    Q_DECLARE_TR_FUNCTIONS(TelemetrySession)
+
 public:
     TelemetrySession();
     ~TelemetrySession();
     TelemetrySession(const TelemetrySession&) = delete;
     TelemetrySession& operator=(const TelemetrySession&) = delete;
 
-    /// Replaces the whole contents by the recording at filePath, read through the library at
-    /// libraryPath. False when either cannot be opened; the session then holds no recording. A
-    /// recording without any usable channel loads.
+    /// Replaces the whole contents with the recording at filePath, read through the library at
+    /// libraryPath. False when either cannot be opened: the session then holds no recording, and
+    /// errorString() has the reason. A recording without any usable channel loads.
     [[nodiscard]] bool load(const QString& filePath, const QString& libraryPath);
+    /// Why the last load failed, in words for the user: plain text without a full stop, with the
+    /// loader's own words where it refused the library. Empty after a success or clear.
+    [[nodiscard]] QString errorString() const { return m_error; }
     /// Closes the file, forgets everything and unloads the library.
     void clear();
 
@@ -44,11 +53,13 @@ public:
 
 private:
     [[nodiscard]] const TelemetryChannel* matched(const QString& name) const;
+    [[nodiscard]] QString refusal(const QString& filePath) const;
 
     Recording m_recording;
-    // By layout name as asked; null where nothing matches.
+    // By layout name, verbatim; null where nothing matches.
     mutable std::map<QString, const TelemetryChannel*> m_matchCache;
     bool m_loaded = false;
+    QString m_error;
     std::unique_ptr<XrkLibrary> m_library;
     int m_fileIndex = -1;
 };

@@ -1,8 +1,11 @@
 #include "telemetry/XrkLibrary.h"
 
+#include <string>
 #include <tuple>
 
 #ifdef _WIN32
+#include <array>
+#include <string_view>
 #include <windows.h>
 #else
 #include <dlfcn.h>
@@ -15,6 +18,22 @@ namespace {
 void* loadModule(const char* path)
 {
     return LoadLibraryA(path);
+}
+
+std::string lastLoadError()
+{
+    constexpr DWORD kFlags = FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
+    std::array<wchar_t, 1024> text{};
+    const auto size = static_cast<DWORD>(text.size());
+    const DWORD length =
+        FormatMessageW(kFlags, nullptr, GetLastError(), 0, text.data(), size, nullptr);
+    const std::wstring_view words(text.data(), length);
+    const auto end = words.find_last_not_of(L". \r\n"); // npos + 1 is 0
+    std::array<char, 4 * text.size()> bytes{};
+    const int count =
+        WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(end + 1), bytes.data(),
+                            static_cast<int>(bytes.size()), nullptr, nullptr);
+    return {bytes.data(), static_cast<std::size_t>(count)};
 }
 
 void* findSymbol(void* module, const char* name)
@@ -34,6 +53,12 @@ void* loadModule(const char* path)
     if (path == nullptr || *path == '\0')
         return nullptr; // to the loader, no path means the running program itself
     return dlopen(path, RTLD_NOW | RTLD_LOCAL);
+}
+
+std::string lastLoadError()
+{
+    const char* const words = dlerror();
+    return words != nullptr ? words : "";
 }
 
 void* findSymbol(void* module, const char* name)
@@ -83,10 +108,13 @@ constexpr std::tuple kExports{
 
 } // namespace
 
-XrkLibrary::XrkLibrary(const char* path) : m_module(loadModule(path))
+XrkLibrary::XrkLibrary(const char* path, std::string* loadError) : m_module(loadModule(path))
 {
-    if (!isLoaded())
+    if (!isLoaded()) {
+        if (loadError != nullptr)
+            *loadError = lastLoadError();
         return;
+    }
     const auto resolve = [this]<typename Function>(const Export<Function>& entry) {
         this->*entry.slot = reinterpret_cast<Function>(findSymbol(m_module, entry.name));
     };

@@ -1,14 +1,16 @@
 #pragma once
 
+#include <string>
+
 /// Binding to the logger maker's closed reader library for recordings, loaded at run time.
 ///
-/// The library is found by path and its twenty exports by name. A missing library leaves everything
-/// null, a missing export leaves its slot null; neither is an error here. The object owns the
-/// module and unloads it when destroyed: no pointer may be called after that. Needs no Qt.
+/// The library is found by path and its twenty exports by name. A missing library leaves all slots
+/// null, a missing export its own. The object owns the module and unloads it when destroyed: no
+/// slot may be called after that. Needs no Qt.
 ///
-/// Types, from the maker's interface: integers are 32-bit signed, strings NUL-terminated UTF-8
-/// owned by the library and to be copied at once, sample arrays are supplied by the caller and hold
-/// count doubles each. C calling convention.
+/// Types, from the maker's interface: integers are 32-bit signed. Strings are NUL-terminated UTF-8
+/// owned by the library: copy one before the next call, which may overwrite it. The caller supplies
+/// the sample arrays, of count doubles each. C calling convention.
 class XrkLibrary
 {
 public:
@@ -21,7 +23,8 @@ public:
     using Samples = int (*)(int file, int channel, double* times, double* values, int count);
 
     /// Loads the library at path, an 8-bit string in the loader's encoding.
-    explicit XrkLibrary(const char* path);
+    /// @param loadError where given, receives the loader's own words (UTF-8) when it refuses
+    explicit XrkLibrary(const char* path, std::string* loadError = nullptr);
     ~XrkLibrary();
     XrkLibrary(const XrkLibrary&) = delete;
     XrkLibrary& operator=(const XrkLibrary&) = delete;
@@ -32,7 +35,7 @@ private:
     void* m_module = nullptr;
 
 public:
-    // One slot an export, named and ordered as the library exports them.
+    // One slot per export, named and ordered as the library exports them.
     OpenFile open_file = nullptr;
     CloseFile close_file_i = nullptr;
     Unused get_vehicle_name = nullptr;

@@ -2,6 +2,7 @@
 
 #include "tests/support/ScriptedReader.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -100,6 +101,65 @@ TEST(TelemetrySession, HandsOverPathsInUtf8)
 }
 
 // Failing, closing and unloading
+
+TEST(TelemetrySession, SaysThatTheLibraryWasNotFound)
+{
+    TelemetrySession session;
+    for (const QString& path : {u"/no/such/library"_s, QString()}) {
+        EXPECT_FALSE(session.load(kFile, path));
+        EXPECT_EQ(session.errorString(), u"The reader library was not found"_s);
+    }
+}
+
+TEST(TelemetrySession, SaysWhyTheLoaderRefusedTheLibrary)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"reader %1.so"_s);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("plain text, which is no library and longer than any header of one has to be");
+    file.close();
+    TelemetrySession session;
+    EXPECT_FALSE(session.load(kFile, path));
+    const QString expected = u"The reader library could not be loaded: "_s;
+    EXPECT_TRUE(session.errorString().startsWith(expected)) << session.errorString().toStdString();
+    EXPECT_GT(session.errorString().size(), expected.size() + 5) << "the loader's own words";
+}
+
+TEST(TelemetrySession, SaysWhatTheLibraryRefused)
+{
+    ScriptedReader reader;
+    const QString incomplete = QString::fromStdString(reader.libraryWithout({"open_file"}));
+    TelemetrySession session;
+    EXPECT_FALSE(session.load(kFile, incomplete));
+    EXPECT_EQ(session.errorString(), u"The reader library has no function \"open_file\""_s);
+
+    reader.fileIndex = -1;
+    EXPECT_FALSE(loadScript(session));
+    EXPECT_EQ(session.errorString(), u"The recording was not found"_s);
+
+    const QTemporaryDir folder;
+    const QString existing = folder.filePath(u"r.xrk"_s);
+    ASSERT_TRUE(QFile(existing).open(QIODevice::WriteOnly));
+    EXPECT_FALSE(session.load(existing, library()));
+    EXPECT_EQ(session.errorString(), u"The reader library could not open the recording"_s);
+}
+
+TEST(TelemetrySession, HasNoErrorAfterASuccessOrAClear)
+{
+    const ScriptedReader reader;
+    TelemetrySession session;
+    EXPECT_EQ(session.errorString(), QString());
+    for (const bool load : {true, false}) {
+        EXPECT_FALSE(session.load(kFile, u"/no/such/library"_s));
+        EXPECT_NE(session.errorString(), QString());
+        if (load)
+            EXPECT_TRUE(loadScript(session));
+        else
+            session.clear();
+        EXPECT_EQ(session.errorString(), QString());
+    }
+}
 
 TEST(TelemetrySession, FailsWithoutALibrary)
 {

@@ -91,6 +91,26 @@ TEST(XrkLibrary, IsAllNullWhenTheFileIsNoLibrary)
     std::filesystem::remove(path);
 }
 
+TEST(XrkLibrary, GivesTheLoadersOwnWordsWhenItRefuses)
+{
+    std::string error;
+    const XrkLibrary missing("/no/such/library", &error);
+    EXPECT_FALSE(error.empty());
+#ifndef _WIN32
+    EXPECT_NE(error.find("/no/such/library"), std::string::npos) << error;
+#endif
+    EXPECT_EQ(std::string(". \r\n").find(error.back()), std::string::npos) << error;
+}
+
+TEST(XrkLibrary, LeavesTheErrorAloneWhenItLoads)
+{
+    const ScriptedReader reader;
+    std::string error = "untouched";
+    const XrkLibrary library(ScriptedReader::path().c_str(), &error);
+    EXPECT_TRUE(library.isLoaded());
+    EXPECT_EQ(error, "untouched");
+}
+
 TEST(XrkLibrary, FillsEverySlot)
 {
     const ScriptedReader reader;
