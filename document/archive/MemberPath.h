@@ -17,9 +17,11 @@ inline constexpr PathRules kNativePathRules = PathRules::Windows;
 inline constexpr PathRules kNativePathRules = PathRules::Unix;
 #endif
 
-/// The path, relative to the unpack folder, that a member of that name is written to, or nothing
-/// when the name would lead out of the folder: names that climb too far and absolute names
-/// everywhere, backslashes and colons (drive letters, streams) on Windows. Names that climb but
-/// stay inside are resolved: "a/../b" gives "b", whether "a" exists or not.
+/// Path, relative to the unpack folder, that a member of that name is written to. nullopt when the
+/// name leads out of the folder or means something else on the platform:
+/// - everywhere: absolute names and names that climb too far;
+/// - on Windows also backslashes, colons (drive letters, streams), device names such as "CON" or
+///   "aux.png", and names that end in a dot or a blank, which Windows drops.
+/// Names that climb but stay inside are resolved: "a/../b" gives "b", whether "a" exists or not.
 [[nodiscard]] std::optional<QString> memberPath(const QString& name,
                                                 PathRules rules = kNativePathRules);

@@ -79,8 +79,7 @@ Cases namesThatStayInside()
         acceptedName("LeadingDot", "./c.txt", "c.txt"),
         acceptedName("InnerDot", "a/./c.txt", "a/c.txt"),
         acceptedName("TwoSlashes", "a//c.txt", "a/c.txt"),
-        acceptedName("DotsInNames", "..a/b../c..d", "..a/b../c..d"),
-        acceptedName("ThreeDots", ".../c.txt", ".../c.txt"),
+        acceptedName("DotsInNames", "..a/.b/c..d", "..a/.b/c..d"),
         acceptedName("Nul", QByteArray("a.txt\0b", 7), "a.txt"),
         acceptedName("Utf8WithoutFlag", "\xC3\xA9\xE2\x82\xAC.txt", "\xC3\xA9\xE2\x82\xAC.txt"),
         acceptedName("NotUtf8", "\xE9.txt", "\xEF\xBF\xBD.txt")};
@@ -88,10 +87,20 @@ Cases namesThatStayInside()
     cases.push_back(refusedName("Backslashes", "..\\evil"));
     cases.push_back(refusedName("DriveLetter", "C:/evil"));
     cases.push_back(refusedName("DriveLetterWithoutSlash", "C:evil"));
+    cases.push_back(refusedName("Device", "CON"));
+    cases.push_back(refusedName("DeviceWithExtension", "images/aux.png"));
+    cases.push_back(refusedName("ThreeDots", ".../c.txt"));
+    cases.push_back(refusedName("DotAtTheEnd", "a."));
+    cases.push_back(refusedName("BlankAtTheEnd", "a/b "));
 #else
     cases.push_back(acceptedName("Backslashes", "..\\evil", "..\\evil"));
     cases.push_back(acceptedName("DriveLetter", "C:/evil", "C:/evil"));
     cases.push_back(acceptedName("DriveLetterWithoutSlash", "C:evil", "C:evil"));
+    cases.push_back(acceptedName("Device", "CON", "CON"));
+    cases.push_back(acceptedName("DeviceWithExtension", "images/aux.png", "images/aux.png"));
+    cases.push_back(acceptedName("ThreeDots", ".../c.txt", ".../c.txt"));
+    cases.push_back(acceptedName("DotAtTheEnd", "b../a.", "b../a."));
+    cases.push_back(acceptedName("BlankAtTheEnd", "a/b ", "a/b "));
 #endif
     return cases;
 }

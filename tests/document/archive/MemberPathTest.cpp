@@ -18,7 +18,7 @@ TEST(MemberPath, KeepsPlainNames)
     for (const PathRules rules : {PathRules::Unix, PathRules::Windows}) {
         EXPECT_EQ(resolved("overlay.ov3.xml", rules), "overlay.ov3.xml");
         EXPECT_EQ(resolved("a/b/c d.png", rules), "a/b/c d.png");
-        EXPECT_EQ(resolved("..a/b../c..d", rules), "..a/b../c..d");
+        EXPECT_EQ(resolved("..a/b/c..d", rules), "..a/b/c..d");
     }
 }
 
@@ -58,4 +58,27 @@ TEST(MemberPath, TreatsBackslashesAndColonsAsThePlatformDoes)
         EXPECT_EQ(resolved(name, PathRules::Unix), name);
 #endif
     }
+}
+
+TEST(MemberPath, RefusesNamesOfDevicesOnWindows)
+{
+    for (const char* const name : {"CON", "con", "aux.png", "images/NUL", "prn/a.png", "Com1.txt",
+                                   "LPT9", "COM\xC2\xB2", "nul .txt", "a/conin$", "CONOUT$.x"}) {
+        EXPECT_EQ(resolved(name, PathRules::Windows), "refused") << name;
+        EXPECT_EQ(resolved(name, PathRules::Unix), name);
+    }
+    for (const char* const name :
+         {"console", "a.con", "COM", "COMX", "LPT10", "xCON", "auxiliary.png"})
+        EXPECT_EQ(resolved(name, PathRules::Windows), name);
+}
+
+TEST(MemberPath, RefusesNamesThatWindowsWouldShorten)
+{
+    for (const char* const name : {"a.", "a ", "b../c", "folder /c", "...", "a. ."}) {
+        EXPECT_EQ(resolved(name, PathRules::Windows), "refused") << name;
+        EXPECT_EQ(resolved(name, PathRules::Unix), name);
+    }
+    EXPECT_EQ(resolved("./", PathRules::Windows), ".");
+    EXPECT_EQ(resolved(" a", PathRules::Windows), " a");
+    EXPECT_EQ(resolved(".a", PathRules::Windows), ".a");
 }
