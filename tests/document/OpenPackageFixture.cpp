@@ -23,11 +23,11 @@ QByteArray image()
 
 } // namespace
 
-OpenPackageFixture::OpenPackageFixture() : m_realTempPath(qgetenv("TMPDIR"))
+OpenPackageFixture::OpenPackageFixture() : m_realTempPath(qgetenv(FolderTools::kTempVariable))
 {
     QDir(m_world.path()).mkdir(QStringLiteral("packages"));
     QDir(m_world.path()).mkdir(QStringLiteral("temp"));
-    qputenv("TMPDIR", QFile::encodeName(m_world.filePath(QStringLiteral("temp"))));
+    qputenv(FolderTools::kTempVariable, QFile::encodeName(m_world.filePath(QStringLiteral("temp"))));
     EXPECT_TRUE(writePackage(m_package, "Race"));
     reopen();
     m_old = TestPackage::readFile(m_package);
@@ -36,9 +36,9 @@ OpenPackageFixture::OpenPackageFixture() : m_realTempPath(qgetenv("TMPDIR"))
 OpenPackageFixture::~OpenPackageFixture()
 {
     if (m_realTempPath.isNull())
-        qunsetenv("TMPDIR");
+        qunsetenv(FolderTools::kTempVariable);
     else
-        qputenv("TMPDIR", m_realTempPath);
+        qputenv(FolderTools::kTempVariable, m_realTempPath);
 }
 
 std::map<QString, QByteArray> OpenPackageFixture::members(const QByteArray& pageName, int x)

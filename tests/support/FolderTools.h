@@ -9,6 +9,13 @@
 /// Looks at folders the way a test wants to compare them.
 namespace FolderTools {
 
+/// The environment variable that moves the system's folder for temporary files.
+#ifdef Q_OS_WIN
+inline constexpr const char* kTempVariable = "TMP";
+#else
+inline constexpr const char* kTempVariable = "TMPDIR";
+#endif
+
 /// A template for QTemporaryDir: in memory where there is such a place with enough room, for tests
 /// that write often, because every write waits for the disk.
 [[nodiscard]] QString memoryTemplate();

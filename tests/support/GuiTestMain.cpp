@@ -1,3 +1,5 @@
+#include "tests/support/FolderTools.h"
+
 #include <QApplication>
 #include <QTemporaryDir>
 
@@ -11,7 +13,7 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     // Unpack directories outlive documents on purpose; those of the tests go away with this one.
     const QTemporaryDir scratch;
-    qputenv("TMPDIR", scratch.path().toLocal8Bit());
+    qputenv(FolderTools::kTempVariable, scratch.path().toLocal8Bit());
     ::testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
