@@ -16,13 +16,15 @@ function(gaugewright_manifest target)
   endif()
 endfunction()
 
-# gaugewright_icon_and_version(TARGET): what the Explorer shows of the editor.
+# gaugewright_icon_and_version(TARGET): what the Explorer shows of the editor and of packages.
 function(gaugewright_icon_and_version target)
   if(WIN32)
     set(icon "${GAUGEWRIGHT_WINDOWS_DIR}/gaugewright.ico")
+    set(package_icon "${GAUGEWRIGHT_WINDOWS_DIR}/zconf2.ico")
     set(resource "${CMAKE_CURRENT_BINARY_DIR}/gaugewright.rc")
     configure_file("${GAUGEWRIGHT_WINDOWS_DIR}/gaugewright.rc.in" "${resource}" @ONLY)
     target_sources(${target} PRIVATE "${resource}")
-    set_source_files_properties("${resource}" PROPERTIES OBJECT_DEPENDS "${icon}")
+    set_source_files_properties("${resource}" PROPERTIES
+      OBJECT_DEPENDS "${icon};${package_icon}")
   endif()
 endfunction()

@@ -23,5 +23,15 @@ set(CPACK_NSIS_MUI_ICON "${CMAKE_CURRENT_LIST_DIR}/windows/gaugewright.ico")
 set(CPACK_NSIS_MUI_UNIICON "${CPACK_NSIS_MUI_ICON}")
 set(CPACK_NSIS_INSTALLED_ICON_NAME "bin\\gaugewright.exe")
 set(CPACK_NSIS_ENABLE_UNINSTALL_BEFORE_INSTALL ON)
+set(CPACK_NSIS_DEFINES "!include \"${CMAKE_CURRENT_LIST_DIR}/windows/file-type.nsh\"")
+set(CPACK_NSIS_EXTRA_INSTALL_COMMANDS "!insertmacro RegisterFileType")
+set(CPACK_NSIS_EXTRA_UNINSTALL_COMMANDS "!insertmacro UnregisterFileType")
+# The last commands of the uninstaller that can be given: the key below is gone by then.
+set(CPACK_NSIS_DELETE_ICONS_EXTRA
+  "DeleteRegKey /ifempty SHCTX \"Software\\${CPACK_PACKAGE_VENDOR}\"")
+if(CMAKE_CROSSCOMPILING)
+  # Debian's makensis makes 64-bit installers too, which run without 32-bit support.
+  string(PREPEND CPACK_NSIS_DEFINES "Target amd64-unicode\n")
+endif()
 
 include(CPack)

@@ -1,31 +1,61 @@
-# The layout on Windows: the editor, its icon beside it, and every library that Windows does not bring.
+# The layout on Windows: the editor, its icon, and every library and plugin that Windows does not bring.
+# scripts/build-windows.sh compares what mingw packs with packaging/windows/files.txt.
+
+# Qt loads plugins by name, so no link leads to them. The style was renamed in Qt 6.7.
+set(plugins_platforms QWindowsIntegrationPlugin)
+set(plugins_styles QWindowsVistaStylePlugin QModernWindowsStylePlugin)
+set(plugins_imageformats QGifPlugin QICOPlugin QJpegPlugin)
 
 install(FILES "${GAUGEWRIGHT_SOURCE_DIR}/assets/icon.png" DESTINATION bin/assets)
 install(FILES "${GAUGEWRIGHT_SOURCE_DIR}/LICENSE" "${GAUGEWRIGHT_SOURCE_DIR}/CHANGELOG.md"
   DESTINATION .)
 
-# The libraries that the program links, wherever they came from. Those of the system stay out.
-set(library_dirs ${CMAKE_PREFIX_PATH} $ENV{CMAKE_PREFIX_PATH})
-list(TRANSFORM library_dirs APPEND /bin)
-install(TARGETS gaugewright
-  RUNTIME_DEPENDENCIES
-    DIRECTORIES ${library_dirs} ${CMAKE_CXX_IMPLICIT_LINK_DIRECTORIES}
+if(CMAKE_CROSSCOMPILING)
+  # CMake finds no run-time dependencies when cross-compiling: they are listed.
+  install(TARGETS gaugewright RUNTIME DESTINATION bin)
+  install(IMPORTED_RUNTIME_ARTIFACTS Qt6::Core Qt6::Gui Qt6::Widgets RUNTIME DESTINATION bin)
+  foreach(library libstdc++-6 libgcc_s_seh-1 libwinpthread-1)
+    execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${library}.dll"
+      OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT IS_ABSOLUTE "${path}") # where the compiler does not know it either
+      find_file(${library}_dll ${library}.dll PATHS /usr/x86_64-w64-mingw32/lib
+        NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+      set(path "${${library}_dll}")
+    endif()
+    install(FILES "${path}" DESTINATION bin)
+  endforeach()
+else()
+  install(TARGETS gaugewright RUNTIME_DEPENDENCY_SET libraries RUNTIME DESTINATION bin)
+  set(CMAKE_INSTALL_SYSTEM_RUNTIME_DESTINATION bin)
+  include(InstallRequiredSystemLibraries) # those of the compiler
+endif()
+
+foreach(folder platforms styles imageformats)
+  set(found FALSE)
+  foreach(plugin IN LISTS plugins_${folder})
+    if(TARGET Qt6::${plugin})
+      set(found TRUE)
+      if(CMAKE_CROSSCOMPILING)
+        set(dependencies)
+      else()
+        set(dependencies RUNTIME_DEPENDENCY_SET libraries)
+      endif()
+      install(IMPORTED_RUNTIME_ARTIFACTS Qt6::${plugin} ${dependencies}
+        RUNTIME DESTINATION bin/${folder} LIBRARY DESTINATION bin/${folder})
+    endif()
+  endforeach()
+  if(NOT found)
+    message(FATAL_ERROR "This Qt has none of the plugins ${plugins_${folder}}")
+  endif()
+endforeach()
+
+if(NOT CMAKE_CROSSCOMPILING)
+  # The libraries that program and plugins link, wherever they came from. Those of the system stay out.
+  set(library_dirs ${CMAKE_PREFIX_PATH} $ENV{CMAKE_PREFIX_PATH})
+  list(TRANSFORM library_dirs APPEND /bin)
+  install(RUNTIME_DEPENDENCY_SET libraries
+    DIRECTORIES ${library_dirs} ${CMAKE_CXX_IMPLICIT_LINK_DIRECTORIES} "$<TARGET_FILE_DIR:Qt6::Core>"
     PRE_EXCLUDE_REGEXES "^api-ms-" "^ext-ms-"
     POST_EXCLUDE_REGEXES ".*[\\/][Ss]ystem32[\\/].*"
-  RUNTIME DESTINATION bin)
-
-# Qt's plugins are loaded by name, so that no link leads to them.
-if(CMAKE_CROSSCOMPILING)
-  # Qt's own deployment tool only runs on Windows.
-  install(IMPORTED_RUNTIME_ARTIFACTS Qt6::QWindowsIntegrationPlugin RUNTIME DESTINATION bin/platforms
-    LIBRARY DESTINATION bin/platforms)
-else()
-  # The keyword was renamed when Linux was added.
-  if(Qt6_VERSION VERSION_LESS 6.5)
-    set(output FILENAME_VARIABLE)
-  else()
-    set(output OUTPUT_SCRIPT)
-  endif()
-  qt_generate_deploy_app_script(TARGET gaugewright ${output} deploy_script)
-  install(SCRIPT "${deploy_script}")
+    RUNTIME DESTINATION bin)
 endif()
