@@ -5,6 +5,7 @@
 #include "widgets/LiteralToolTip.h"
 
 #include <QDialogButtonBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -19,7 +20,13 @@ constexpr int kSummaryHeight = 50;
 constexpr int kTypeStretch = 1;
 constexpr int kChannelStretch = 2;
 
-/// A row that only says something: it cannot be chosen.
+/// The selected row, as opposed to the current one; null for none.
+const QListWidgetItem* selectedItem(const QListWidget& list)
+{
+    return list.selectedItems().value(0);
+}
+
+/// A row that only informs: it cannot be selected.
 void addPlaceholder(QListWidget* list, const QString& text)
 {
     auto* const item = new QListWidgetItem(text, list);
@@ -58,6 +65,7 @@ void AddElementDialog::createWidgets()
     m_filterEdit->setObjectName(QStringLiteral("filterEdit"));
     m_filterEdit->setPlaceholderText(tr("Filter channels..."));
     m_filterEdit->setAccessibleName(tr("Filter channels"));
+    m_filterEdit->setClearButtonEnabled(true);
 
     m_channelList = new QListWidget;
     m_channelList->setObjectName(QStringLiteral("channelList"));
@@ -110,9 +118,11 @@ QLayout* AddElementDialog::createChannelColumn()
 void AddElementDialog::connectWidgets()
 {
     connect(m_typeList, &QListWidget::currentRowChanged, this, &AddElementDialog::onTypeChanged);
+    connect(m_typeList, &QListWidget::itemSelectionChanged, this, &AddElementDialog::updateSummary);
     connect(m_filterEdit, &QLineEdit::textChanged, this, &AddElementDialog::onChannelFilterChanged);
     connect(m_channelList, &QListWidget::itemSelectionChanged, this,
             &AddElementDialog::updateSummary);
+    connect(m_channelList, &QListWidget::itemDoubleClicked, this, &AddElementDialog::onAccept);
     connect(m_buttonBox, &QDialogButtonBox::accepted, this, &AddElementDialog::onAccept);
     connect(m_buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
@@ -142,6 +152,51 @@ void AddElementDialog::fillChannels(const QString& filter)
     }
     if (m_channelList->count() == 0)
         addPlaceholder(m_channelList, tr("(no matching channels)"));
+}
+
+void AddElementDialog::keyPressEvent(QKeyEvent* event)
+{
+    bool handled = false;
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        handled = clearFilter();
+        break;
+    case Qt::Key_Down:
+        handled = m_filterEdit->hasFocus() && enterChannelList();
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        handled = m_filterEdit->hasFocus() && selectOnlyHit();
+        break;
+    default:
+        break;
+    }
+    if (!handled)
+        QDialog::keyPressEvent(event);
+}
+
+bool AddElementDialog::clearFilter()
+{
+    if (m_filterEdit->text().isEmpty())
+        return false;
+    m_filterEdit->clear();
+    return true;
+}
+
+bool AddElementDialog::enterChannelList()
+{
+    m_channelList->setFocus(Qt::OtherFocusReason);
+    if (!chosenChannel())
+        m_channelList->setCurrentRow(0);
+    return true;
+}
+
+bool AddElementDialog::selectOnlyHit()
+{
+    if (m_channelList->count() != 1 || chosenChannel())
+        return false;
+    m_channelList->setCurrentRow(0);
+    return true;
 }
 
 void AddElementDialog::onTypeChanged(int row)
@@ -186,15 +241,14 @@ void AddElementDialog::onAccept()
 
 const Donor* AddElementDialog::chosenDonor() const
 {
-    const int row = m_typeList->currentRow();
-    if (row < 0 || static_cast<std::size_t>(row) >= m_donors.size())
-        return nullptr;
-    return &m_donors[static_cast<std::size_t>(row)];
+    const QListWidgetItem* const item = selectedItem(*m_typeList);
+    const auto row = static_cast<std::size_t>(m_typeList->row(item)); // -1 is past any end
+    return row < m_donors.size() ? &m_donors[row] : nullptr;
 }
 
 const ChannelDef* AddElementDialog::chosenChannel() const
 {
-    const QListWidgetItem* const item = m_channelList->currentItem();
+    const QListWidgetItem* const item = selectedItem(*m_channelList);
     if (!item || !m_document)
         return nullptr;
     bool carriesIndex = false;

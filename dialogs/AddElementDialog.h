@@ -17,9 +17,12 @@ class QListWidget;
 class QPushButton;
 struct ChannelDef;
 
-/// Asks for a kind of element and a channel. Donors and channels are read once, at construction;
-/// the document is not owned, may be null and must not change while the dialog is open. Changes
-/// nothing.
+/// Asks for a kind of element and a channel. Changes nothing. Reads donors and channels once, at
+/// construction; the document is not owned, may be null and must not change while the dialog is
+/// open.
+///
+/// In the filter, Down goes to the channels, Return selects the only hit and, once a channel is
+/// selected, inserts. Escape clears a filter that holds text before it closes the dialog.
 class AddElementDialog : public QDialog
 {
     Q_OBJECT
@@ -29,6 +32,9 @@ public:
 
     /// Valid only after the dialog was accepted.
     [[nodiscard]] InsertElementSpec spec() const { return m_spec; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private Q_SLOTS:
     void onTypeChanged(int row);
@@ -44,7 +50,11 @@ private:
     void fillTypes();
     void fillChannels(const QString& filter);
     void updateSummary();
-    /// What is chosen at present; null when nothing is.
+    // Each returns whether it did something.
+    [[nodiscard]] bool clearFilter();
+    [[nodiscard]] bool enterChannelList();
+    [[nodiscard]] bool selectOnlyHit();
+    /// What is selected (highlighted), as opposed to merely current; null for none.
     [[nodiscard]] const Donor* chosenDonor() const;
     [[nodiscard]] const ChannelDef* chosenChannel() const;
 
