@@ -24,6 +24,15 @@ PageTransform::PageTransform(const QSize& widget, const QSize& page)
     m_pageRect = {m_origin.x(), m_origin.y(), pageWidth * m_scale, pageHeight * m_scale};
 }
 
+PageTransform PageTransform::atScale(double scale, const QSize& page)
+{
+    PageTransform transform;
+    transform.m_scale = scale;
+    transform.m_origin = {};
+    transform.m_pageRect = {0.0, 0.0, page.width() * scale, page.height() * scale};
+    return transform;
+}
+
 QRectF PageTransform::map(const ElementGeometry& geometry) const
 {
     return {m_origin.x() + geometry.x * m_scale, m_origin.y() + geometry.y * m_scale,

@@ -26,6 +26,9 @@ public:
     PageTransform() = default;
     PageTransform(const QSize& widget, const QSize& page);
 
+    /// The page alone, without a margin: its top left corner at 0, 0.
+    [[nodiscard]] static PageTransform atScale(double scale, const QSize& page);
+
     /// Widget pixels per display pixel.
     [[nodiscard]] double scale() const { return m_scale; }
     /// The page's top left corner in widget pixels.

@@ -1,6 +1,7 @@
 #include "canvas/PropertyPanel.h"
 
 #include "canvas/GestureGeometry.h"
+#include "document/DisplayFonts.h"
 #include "document/ElementGeometry.h"
 #include "document/ShownText.h"
 #include "widgets/ElidedComboBox.h"
@@ -13,15 +14,9 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSpinBox>
-#include <QStringList>
 #include <QVBoxLayout>
 
 namespace {
-
-/// The fonts that the displays carry. They need not be installed here.
-const QStringList kFontFamilies{QStringLiteral("MicrogrammaDBolExt"),
-                                QStringLiteral("Basic Sans SF"),
-                                QStringLiteral("Huge Basic Sans Heavy SF")};
 
 constexpr int kSmallestFont = 8; // pixels
 constexpr int kLargestFont = 300;
@@ -156,7 +151,7 @@ QGroupBox* PropertyPanel::createStyleGroup(const QString& title, const QString& 
     auto* const group = new QGroupBox(title);
     auto* const form = new QFormLayout(group);
     editor.font = named(namePrefix + u"FontCombo", new ElidedComboBox);
-    editor.font->addItems(kFontFamilies);
+    editor.font->addItems(kDisplayFonts);
     form->addRow(tr("Font:"), editor.font);
     editor.size = pixelRow(form, tr("Size:"), namePrefix + u"SizeSpin");
     editor.size->setRange(kSmallestFont, kLargestFont);

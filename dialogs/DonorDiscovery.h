@@ -4,7 +4,6 @@
 
 #include <pugixml.hpp>
 
-#include <optional>
 #include <vector>
 
 class DashboardDocument;
@@ -23,26 +22,6 @@ struct Donor
 /// Finds the elements that new ones can be copied from. New elements are always copies, because the
 /// editor understands only a part of what an element is made of.
 namespace DonorDiscovery {
-
-/// What an element looks like to the user: finer than ElementKind, which decides how it is drawn.
-enum class Kind
-{
-    AnalogGauge,
-    BarWithValue,
-    HorizontalBar,
-    ValueWithIcon,
-    NumericValue,
-    Icon,
-    StaticLabel,
-    InfoStrip
-};
-
-/// The kind of an element object, by the classes of its children; nothing for one that is no donor:
-/// it has none of the parts, or it is made of labels alone and has no text or is bound to a
-/// channel.
-[[nodiscard]] std::optional<Kind> classifyElement(pugi::xml_node element);
-
-[[nodiscard]] QString kindName(Kind kind);
 
 /// The first element of each kind, in document order.
 [[nodiscard]] std::vector<Donor> findDonors(const DashboardDocument& document);

@@ -1,6 +1,7 @@
 #include "telemetry/ChannelMatcher.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -88,15 +89,25 @@ QString bestByWords(const QString& wanted, const QStringList& recorded)
 
 QString ChannelMatcher::match(const QString& wanted, const QStringList& recorded)
 {
+    return explainedMatch(wanted, recorded).name;
+}
+
+ChannelMatcher::Match ChannelMatcher::explainedMatch(const QString& wanted,
+                                                     const QStringList& recorded)
+{
     if (wanted.isEmpty())
         return {};
-    for (const auto spelling : {lowered, compacted}) {
-        const auto same = [spelling, key = spelling(wanted)](const QString& name) {
+    const auto explained = [](const QString& name, Rule rule) {
+        return name.isEmpty() ? Match() : Match{name, rule};
+    };
+    for (const auto& [spelling, rule] :
+         {std::pair(&lowered, Rule::Case), std::pair(&compacted, Rule::Spelling)}) {
+        const auto same = [spelling = spelling, key = spelling(wanted)](const QString& name) {
             return spelling(name) == key;
         };
         const auto found = std::find_if(recorded.begin(), recorded.end(), same);
         if (found != recorded.end())
-            return *found;
+            return explained(*found, rule);
     }
-    return bestByWords(wanted.left(kLongestComparedByWords), recorded);
+    return explained(bestByWords(wanted.left(kLongestComparedByWords), recorded), Rule::Words);
 }

@@ -40,6 +40,11 @@ public:
     [[nodiscard]] bool isLoaded() const { return m_loaded; }
     /// Length of the replay in seconds; 0 when empty. Infinite when the recording says so.
     [[nodiscard]] double duration() const { return m_recording.duration; }
+    /// The channels by lower-case name. Valid until the next load or clear.
+    [[nodiscard]] const std::map<QString, TelemetryChannel>& channels() const
+    {
+        return m_recording.channels;
+    }
     /// The recorded names, sorted by their lower-case form.
     [[nodiscard]] QStringList channelNames() const;
 

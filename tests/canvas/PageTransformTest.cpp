@@ -76,6 +76,15 @@ TEST(PageTransform, AnElementAtTheLargestCoordinateDoesNotWrapAround)
     EXPECT_DOUBLE_EQ(rect.width(), 2'147'483'647.0);
 }
 
+TEST(PageTransform, AtAScaleThereIsNoMargin)
+{
+    const PageTransform transform = PageTransform::atScale(1.5, {800, 481});
+    EXPECT_EQ(transform.scale(), 1.5);
+    EXPECT_EQ(transform.origin(), QPointF(0.0, 0.0));
+    EXPECT_EQ(transform.pageRect(), QRectF(0.0, 0.0, 1200.0, 721.5));
+    EXPECT_EQ(transform.map({10, 20, 30, 40}), QRectF(15.0, 30.0, 45.0, 60.0));
+}
+
 TEST(PageTransform, MouseDistancesAreTruncatedTowardZero)
 {
     const PageTransform transform({420, 260}, {800, 480}); // half size

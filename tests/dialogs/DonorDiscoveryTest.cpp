@@ -7,9 +7,7 @@
 
 #include <gtest/gtest.h>
 
-using DonorDiscovery::classifyElement;
 using DonorDiscovery::findDonors;
-using DonorDiscovery::Kind;
 using TestPackage::Object;
 
 namespace {
@@ -37,14 +35,6 @@ Object axis(const QByteArray& channel)
     return {"Axis", {}, {{"lnm", channel}}, {}};
 }
 
-std::optional<Kind> kindOf(std::vector<Object> parts)
-{
-    pugi::xml_document xml;
-    const QByteArray text = TestPackage::toXml(element(std::move(parts)));
-    EXPECT_TRUE(xml.load_buffer(text.constData(), static_cast<std::size_t>(text.size())));
-    return classifyElement(xml.first_child());
-}
-
 class DonorDocument : public ::testing::Test
 {
 protected:
@@ -60,88 +50,6 @@ protected:
 };
 
 } // namespace
-
-TEST(ClassifyElement, GaugeWinsOverEverything)
-{
-    EXPECT_EQ(kindOf({part("Digit"), part("BargraphTrapezio"), part("AiM_Icona"), label("x"),
-                      part("Axis"), part("Analog")}),
-              Kind::AnalogGauge);
-    EXPECT_EQ(kindOf({part("Analog"), part("Digit")}), Kind::AnalogGauge);
-}
-
-TEST(ClassifyElement, BarComesBeforeDigitAndIcon)
-{
-    EXPECT_EQ(kindOf({part("AiM_Icona"), part("Digit"), part("BargraphTrapezio")}),
-              Kind::BarWithValue);
-    EXPECT_EQ(kindOf({part("AiM_Icona"), part("BargraphTrapezio"), part("Axis")}),
-              Kind::HorizontalBar);
-}
-
-TEST(ClassifyElement, DigitComesBeforeIcon)
-{
-    EXPECT_EQ(kindOf({part("AiM_Icona"), part("Digit")}), Kind::ValueWithIcon);
-    EXPECT_EQ(kindOf({part("Digit"), label("x")}), Kind::NumericValue);
-    EXPECT_EQ(kindOf({part("AiM_Icona"), label("x"), part("Axis")}), Kind::Icon);
-}
-
-TEST(ClassifyElement, TheIconClassThatDecidesDrawingDoesNotMakeAnIconDonor)
-{
-    EXPECT_EQ(kindOf({part("Icon")}), std::nullopt);
-}
-
-TEST(ClassifyElement, LabelsAloneAreACaptionOrAnInfoStrip)
-{
-    EXPECT_EQ(kindOf({label("a")}), Kind::StaticLabel);
-    EXPECT_EQ(kindOf({label("a"), label("b")}), Kind::StaticLabel);
-    EXPECT_EQ(kindOf({label("a"), label("b"), label("c")}), Kind::InfoStrip);
-}
-
-TEST(ClassifyElement, LabelsWithoutTextCountButDoNotQualify)
-{
-    EXPECT_EQ(kindOf({label("")}), std::nullopt);
-    EXPECT_EQ(kindOf({part("Label"), part("Label"), part("Label")}), std::nullopt);
-    EXPECT_EQ(kindOf({label(""), label("b"), part("Label")}), Kind::InfoStrip);
-}
-
-TEST(ClassifyElement, AnyTextPropertyOfALabelQualifies)
-{
-    EXPECT_EQ(kindOf({{"Label", {}, {{"TEXT", ""}, {"TEXT", "second"}}, {}}}), Kind::StaticLabel);
-    EXPECT_EQ(kindOf({{"Label", {}, {{"OTHER", "text"}}, {}}}), std::nullopt);
-}
-
-TEST(ClassifyElement, LabelsBoundToAChannelAreNoDonor)
-{
-    EXPECT_EQ(kindOf({label("a"), part("Axis")}), std::nullopt);
-    EXPECT_EQ(kindOf({label("a"), label("b"), label("c"), part("Axis")}), std::nullopt);
-}
-
-TEST(ClassifyElement, NothingKnownIsNoDonor)
-{
-    EXPECT_EQ(kindOf({}), std::nullopt);
-    EXPECT_EQ(kindOf({part("Axis")}), std::nullopt);
-    EXPECT_EQ(kindOf({part("digit"), part("Something")}), std::nullopt);
-    EXPECT_EQ(classifyElement({}), std::nullopt);
-}
-
-TEST(ClassifyElement, OnlyDirectChildObjectsCount)
-{
-    EXPECT_EQ(kindOf({{"Group", {}, {}, {part("Analog")}}}), std::nullopt);
-    EXPECT_EQ(kindOf({{"Label", {}, {}, {label("inner")}}}), std::nullopt);
-}
-
-TEST(KindName, EveryKindHasItsOwn)
-{
-    EXPECT_EQ(DonorDiscovery::kindName(Kind::AnalogGauge), QStringLiteral("Analog gauge"));
-    EXPECT_EQ(DonorDiscovery::kindName(Kind::BarWithValue), QStringLiteral("Bar + value"));
-    EXPECT_EQ(DonorDiscovery::kindName(Kind::HorizontalBar), QStringLiteral("Horizontal bar"));
-    EXPECT_EQ(DonorDiscovery::kindName(Kind::ValueWithIcon),
-              QStringLiteral("Numeric value + icon"));
-    EXPECT_EQ(DonorDiscovery::kindName(Kind::NumericValue), QStringLiteral("Numeric value"));
-    EXPECT_EQ(DonorDiscovery::kindName(Kind::Icon), QStringLiteral("Icon"));
-    EXPECT_EQ(DonorDiscovery::kindName(Kind::StaticLabel), QStringLiteral("Static label"));
-    EXPECT_EQ(DonorDiscovery::kindName(Kind::InfoStrip),
-              QStringLiteral("Info strip (multi-label)"));
-}
 
 TEST(FindDonors, AnEmptyDocumentHasNone)
 {

@@ -181,6 +181,23 @@ TEST(ChannelMatcher, OfAVeryLongNameOnlyTheBeginningIsComparedByWords)
     EXPECT_EQ(match(whole, {whole.toUpper()}), whole.toUpper()) << "but the whole for equality";
 }
 
+TEST(ChannelMatcher, NamesTheRuleThatDecided)
+{
+    using ChannelMatcher::Match;
+    using ChannelMatcher::Rule;
+    const QStringList recorded = names({"gear_pos", "main oil temp", "rpm"});
+    const auto explained = [&](const QString& wanted) {
+        return ChannelMatcher::explainedMatch(wanted, recorded);
+    };
+    EXPECT_EQ(explained(u"RPM"_s), (Match{u"rpm"_s, Rule::Case}));
+    EXPECT_EQ(explained(u"Gear Pos"_s), (Match{u"gear_pos"_s, Rule::Spelling}));
+    EXPECT_EQ(explained(u"oil temp"_s), (Match{u"main oil temp"_s, Rule::Words}));
+    EXPECT_EQ(explained(u"lambda"_s), Match());
+    EXPECT_EQ(explained(QString()), Match());
+    EXPECT_EQ(ChannelMatcher::explainedMatch(u"_"_s, {QString()}), Match())
+        << "an empty recorded name is none";
+}
+
 TEST(ChannelMatcher, ANameOfTenMegabytesTakesNoMinutes)
 {
     QStringList recorded;

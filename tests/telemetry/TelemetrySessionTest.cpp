@@ -380,6 +380,19 @@ TEST(TelemetrySession, MatchesLayoutNamesToRecordedOnes)
         EXPECT_EQ(session.value(u"star rpm"_s, time), 0.0);
 }
 
+TEST(TelemetrySession, ListsTheChannelsByLowerCaseName)
+{
+    ScriptedReader reader;
+    reader.channels[ReaderHost::kPlain] = {endingAt("RPM", 10.0), endingAt("Gear", 5.0)};
+    TelemetrySession session;
+    EXPECT_TRUE(session.channels().empty());
+    EXPECT_TRUE(loadScript(session));
+    ASSERT_EQ(session.channels().size(), 2U);
+    EXPECT_EQ(session.channels().begin()->first, u"gear"_s);
+    EXPECT_EQ(session.channels().at(u"rpm"_s).name, u"RPM"_s);
+    EXPECT_EQ(session.channels().at(u"rpm"_s).times.back(), 10.0);
+}
+
 TEST(TelemetrySession, ForgetsMatchesWithTheRecording)
 {
     ScriptedReader reader;
