@@ -1,28 +1,23 @@
+// The guided tour: walks through the editor, checks what it does and takes pictures.
+//
+//     gaugewright_tour [--samples FOLDER] [--scale FACTOR] [--dark] FOLDER
+//     gaugewright_tour --list
 #include "app/ApplicationIdentity.h"
-#include "samples/tour/Look.h"
 #include "samples/tour/Stage.h"
-#include "samples/tour/Steps.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTextStream>
 
 #include <cstdlib>
 
 namespace {
-
-constexpr int kSmallestFile = 0; // Qt's scale of quality; PNG loses nothing
-
-std::vector<Step> allSteps()
-{
-    std::vector<Step> steps;
-    for (const auto& chapter : {editingSteps(), savingSteps(), replaySteps()})
-        steps.insert(steps.end(), chapter.begin(), chapter.end());
-    return steps;
-}
 
 QString pictureName(std::size_t index, const Step& step)
 {
@@ -31,49 +26,79 @@ QString pictureName(std::size_t index, const Step& step)
         .arg(QLatin1String(step.picture));
 }
 
-QtMessageHandler& defaultMessageHandler()
-{
-    static QtMessageHandler handler = nullptr;
-    return handler;
-}
-
-// The offscreen platform complains about every window that limits its size.
-void dropPlatformComplaint(QtMsgType type, const QMessageLogContext& context, const QString& text)
-{
-    if (!text.contains(QStringLiteral("propagateSizeHints")))
-        defaultMessageHandler()(type, context, text);
-}
-
-/// Returns whether every step went as it should; stops at the first that did not.
+// Returns whether every check holds; stops after the first step with one that does not.
 bool takeTour(const QString& samples, const QString& pictures)
 {
-    QTextStream out(stdout);
+    constexpr int kSmallestFile = 0; // Qt's scale of quality; PNG loses nothing
     const QTemporaryDir scratch;
-    // Documents leave their unpack folders behind on purpose; those of the tour go with it.
+    // Documents leave their unpack folders behind; those of the tour go with this folder.
     qputenv("TMPDIR", QFile::encodeName(scratch.path()));
-    // A file dialog would look for a relative one in the folder that it shows.
+    // A file dialog would look for a relative path in the folder that it shows.
     Stage stage(QDir(samples).absolutePath(), scratch.path());
-    const std::vector<Step> steps = allSteps();
-    for (std::size_t i = 0; i < steps.size(); ++i) {
+    QTextStream out(stdout);
+    const std::vector<Step> steps = tourSteps();
+    for (std::size_t i = 0; i < steps.size() && stage.failures().isEmpty(); ++i) {
         const QString name = pictureName(i, steps[i]);
         steps[i].act(stage);
         stage.check(stage.takePicture().save(pictures + u'/' + name, "PNG", kSmallestFile),
-                    QStringLiteral("the picture can be written"));
+                    "the picture can be written");
         out << (stage.failures().isEmpty() ? "  " : "X ") << name << Qt::endl;
         for (const QString& failure : stage.failures())
             out << "    not so: " << failure << Qt::endl;
-        if (!stage.failures().isEmpty())
-            return false;
     }
-    return true;
+    return stage.failures().isEmpty();
 }
 
 int listPictures()
 {
-    const std::vector<Step> steps = allSteps();
+    const std::vector<Step> steps = tourSteps();
     for (std::size_t i = 0; i < steps.size(); ++i)
         QTextStream(stdout) << pictureName(i, steps[i]) << Qt::endl;
     return EXIT_SUCCESS;
+}
+
+QPalette darkPalette()
+{
+    constexpr QColor kGround(0x2d, 0x2d, 0x2d);
+    constexpr QColor kText(0xf0, 0xf0, 0xf0);
+    constexpr QColor kFaint(0x80, 0x80, 0x80);
+    constexpr QColor kAccent(0x30, 0x8c, 0xc6);
+    QPalette palette(kText, kGround, kGround.lighter(), kGround.darker(), kFaint, kText, Qt::white,
+                     QColor(0x1e, 0x1e, 0x1e), kGround);
+    palette.setColor(QPalette::Highlight, kAccent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, kAccent.lighter());
+    palette.setColor(QPalette::ToolTipBase, kGround);
+    palette.setColor(QPalette::ToolTipText, kText);
+    palette.setColor(QPalette::PlaceholderText, kFaint);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, kFaint);
+    return palette;
+}
+
+// The pictures must not depend on the desktop.
+void applyFixedLook(bool dark)
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(dark ? darkPalette() : QApplication::style()->standardPalette());
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPointSize(9);
+    QApplication::setFont(font);
+    QApplication::setCursorFlashTime(0);
+}
+
+// Before the application object is made. Offscreen: the same pictures without a display.
+void prepareEnvironment(const QString& scale)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_SCALE_FACTOR", scale.toLatin1());
+    static QtMessageHandler defaultHandler = nullptr;
+    defaultHandler = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext& context, const QString& text) {
+            // The offscreen platform complains about every window that limits its size.
+            if (!text.contains(QStringLiteral("propagateSizeHints")))
+                defaultHandler(type, context, text);
+        });
 }
 
 int fail(const QString& text)
@@ -82,59 +107,34 @@ int fail(const QString& text)
     return EXIT_FAILURE;
 }
 
-struct Wishes
-{
-    QString samples;
-    QString scale;
-    bool dark = false;
-    bool listOnly = false;
-    QStringList folders;
-    QString misunderstood; ///< why the command line makes no sense; empty when it does
-};
+} // namespace
 
-Wishes readCommandLine(int argc, char** argv)
+int main(int argc, char** argv)
 {
-    QStringList words;
-    for (int i = 0; i < argc; ++i)
-        words << QString::fromLocal8Bit(argv[i]);
     const QCommandLineOption samples(QStringLiteral("samples"), {}, QStringLiteral("FOLDER"),
                                      QStringLiteral(SAMPLES_DIR));
     const QCommandLineOption scale(QStringLiteral("scale"), {}, QStringLiteral("FACTOR"),
                                    QStringLiteral("1"));
     const QCommandLineOption dark(QStringLiteral("dark"));
     const QCommandLineOption list(QStringLiteral("list"));
-    QCommandLineParser parser;
-    parser.addOptions({samples, scale, dark, list});
-    const bool understood = parser.parse(words);
-    return {parser.value(samples),        parser.value(scale),
-            parser.isSet(dark),           parser.isSet(list),
-            parser.positionalArguments(), understood ? QString() : parser.errorText()};
-}
-
-} // namespace
-
-/// The guided tour: a walk through the editor that checks what it does and takes pictures.
-///
-///     gaugewright_tour [--samples FOLDER] [--scale FACTOR] [--dark] FOLDER
-///     gaugewright_tour --list
-int main(int argc, char** argv)
-{
-    const Wishes wishes = readCommandLine(argc, argv);
-    if (!wishes.misunderstood.isEmpty())
-        return fail(wishes.misunderstood);
-    if (wishes.listOnly)
+    QCommandLineParser options;
+    options.addOptions({samples, scale, dark, list});
+    QStringList words;
+    for (int i = 0; i < argc; ++i)
+        words << QString::fromLocal8Bit(argv[i]);
+    if (!options.parse(words))
+        return fail(options.errorText());
+    if (options.isSet(list))
         return listPictures();
-    if (wishes.folders.size() != 1)
+    if (options.positionalArguments().size() != 1)
         return fail(QStringLiteral("Name one folder for the pictures."));
-    const QString& pictures = wishes.folders.first();
+    const QString pictures = options.positionalArguments().constFirst();
     if (!QDir().mkpath(pictures))
         return fail(QStringLiteral("The folder for the pictures cannot be made."));
 
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // the same pictures with and without a display
-    qputenv("QT_SCALE_FACTOR", wishes.scale.toLatin1());
-    defaultMessageHandler() = qInstallMessageHandler(dropPlatformComplaint);
+    prepareEnvironment(options.value(scale));
     const QApplication application(argc, argv);
     applyApplicationIdentity();
-    applyFixedLook(wishes.dark);
-    return takeTour(wishes.samples, pictures) ? EXIT_SUCCESS : EXIT_FAILURE;
+    applyFixedLook(options.isSet(dark));
+    return takeTour(options.value(samples), pictures) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

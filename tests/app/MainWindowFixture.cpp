@@ -11,12 +11,6 @@
 using TestPackage::digitElement;
 using TestPackage::labelElement;
 
-void MainWindowFixture::activate() const
-{
-    m_window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
-}
-
 QString MainWindowFixture::writePackage(const QString& fileName,
                                         const std::vector<TestPackage::Object>& pages,
                                         const QByteArray& device)
@@ -53,38 +47,6 @@ QString MainWindowFixture::names(int page) const
     for (const DashElement& element : elements(page))
         result << element.name;
     return result.join(u' ');
-}
-
-void MainWindowFixture::press(QWidget& pane, Qt::Key key, Qt::KeyboardModifiers modifiers) const
-{
-    activate();
-    QTest::keyClick(&pane, key, modifiers);
-}
-
-void MainWindowFixture::clickPage(int row) const
-{
-    pageList().scrollToItem(pageList().item(row));
-    const QRect rectangle = pageList().visualItemRect(pageList().item(row));
-    QTest::mouseClick(pageList().viewport(), Qt::LeftButton, {}, rectangle.center());
-}
-
-QPoint MainWindowFixture::centerOf(int element) const
-{
-    const DashElement& record = canvas().page()->elements.at(static_cast<std::size_t>(element));
-    return canvas().elementRect(record).center().toPoint();
-}
-
-void MainWindowFixture::clickElement(int element) const
-{
-    QTest::mouseClick(&canvas(), Qt::LeftButton, {}, centerOf(element));
-}
-
-void MainWindowFixture::drag(int element, const QPoint& by) const
-{
-    const QPoint from = centerOf(element);
-    QTest::mousePress(&canvas(), Qt::LeftButton, {}, from);
-    QTest::mouseMove(&canvas(), from + by);
-    QTest::mouseRelease(&canvas(), Qt::LeftButton, {}, from + by);
 }
 
 void MainWindowFixture::newPage(const QString& name)

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "app/MainWindow.h"
-#include "app/PageListPanel.h"
-#include "canvas/DashCanvas.h"
-#include "canvas/PropertyPanel.h"
+#include "driver/WindowDriver.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/PackageBuilder.h"
@@ -17,20 +14,11 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
-/// A real main window, shown and active, with its panes at hand and packages to open in it.
-/// Every edit goes through the widgets and dialogs, as a user's would.
-class MainWindowFixture : public ::testing::Test
+/// A main window operated as a user would, with packages to open in it.
+class MainWindowFixture : public ::testing::Test, protected WindowDriver
 {
 protected:
-    MainWindowFixture() : m_window(std::make_unique<MainWindow>())
-    {
-        m_window->show();
-        activate();
-    }
-
-    void activate() const;
+    MainWindowFixture() : WindowDriver(ModalDriver::reportFailure) { activate(); }
 
     /// Writes a package of the usual three pages: "Race" with the four elements race.0 to race.3 in
     /// a row, "Box" with one, "Empty" with none; device type "MXS", code 12, two channels.
@@ -46,18 +34,6 @@ protected:
     void open(const QString& path);
     void openUsual() { open(writeUsualPackage()); }
 
-    template <typename T>
-    [[nodiscard]] T* child(const char* name) const
-    {
-        T* const found = m_window->findChild<T*>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
-    [[nodiscard]] DashCanvas& canvas() const { return *child<DashCanvas>("canvas"); }
-    [[nodiscard]] PropertyPanel& panel() const { return *child<PropertyPanel>("propertyPanel"); }
-    [[nodiscard]] PageListPanel& pageList() const { return *child<PageListPanel>("pageList"); }
-    [[nodiscard]] QUndoStack& stack() const { return *m_window->findChild<QUndoStack*>(); }
-    [[nodiscard]] QString status() const { return m_window->statusBar()->currentMessage(); }
     [[nodiscard]] QString shownId() const { return child<QLabel>("idLabel")->text(); }
     [[nodiscard]] const std::vector<DashPage>& pages() const
     {
@@ -70,15 +46,6 @@ protected:
     /// The names of a page's elements, blank-separated.
     [[nodiscard]] QString names(int page = 0) const;
 
-    /// A key stroke with the window active, as it is again when a dialog has closed.
-    void press(QWidget& pane, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const;
-    void trigger(const char* action) const { child<QAction>(action)->trigger(); }
-    void clickPage(int row) const;
-    /// The middle of an element of the page that the canvas shows, in its pixels.
-    [[nodiscard]] QPoint centerOf(int element) const;
-    void clickElement(int element) const;
-    void drag(int element, const QPoint& by) const;
-
     // Through the menu, with the dialogs answered.
     void newPage(const QString& name);
     void insertElement(int donorRow = 0, int channelRow = 0);
@@ -86,5 +53,4 @@ protected:
 
     const QTemporaryDir m_folder{FolderTools::memoryTemplate()};
     ModalDriver m_dialogs;
-    std::unique_ptr<MainWindow> m_window;
 };

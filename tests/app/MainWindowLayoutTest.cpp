@@ -207,7 +207,7 @@ TEST_F(MainWindowLayout, UndoAndRedoSayWhatTheyWouldDo)
 TEST_F(MainWindowLayout, GridSnapSwitchesTheCanvasToTheTenPixelGrid)
 {
     EXPECT_EQ(canvas().snapValue(14), 14);
-    QTest::mouseClick(child<QCheckBox>("gridSnapCheck"), Qt::LeftButton, {}, QPoint(8, 8));
+    clickGridSnap();
     ASSERT_TRUE(child<QCheckBox>("gridSnapCheck")->isChecked());
     EXPECT_EQ(canvas().snapValue(14), 10);
     EXPECT_EQ(canvas().snapValue(15), 20);
