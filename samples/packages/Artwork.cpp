@@ -1,20 +1,22 @@
-#include "samples/packages/Artwork.h"
+#include "samples/packages/SamplePackage.h"
 
-#include <QFont>
-#include <QImage>
-#include <QLinearGradient>
 #include <QPainter>
-#include <QRadialGradient>
+#include <QPainterPath>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <functional>
+#include <span>
 
-using SampleLayout::Range;
+using SamplePackage::Instrument;
+using SamplePackage::Range;
+using SamplePackage::Tile;
 
 namespace {
 
-constexpr QColor kBlack{0x04, 0x05, 0x06};
+constexpr QColor kInk(0xd7, 0xde, 0xe6);
+constexpr QColor kDimInk(0x86, 0x92, 0x9f);
+constexpr QColor kZone(0xe5, 0x39, 0x35);
 
 QColor withAlpha(QColor color, int alpha)
 {
@@ -22,169 +24,330 @@ QColor withAlpha(QColor color, int alpha)
     return color;
 }
 
-QLinearGradient shade(const QRectF& rect, const QColor& top, const QColor& bottom)
+QLinearGradient shade(const QRectF& rect, QRgb top, QRgb bottom)
 {
     QLinearGradient gradient(rect.topLeft(), rect.bottomLeft());
-    gradient.setColorAt(0, top);
-    gradient.setColorAt(1, bottom);
+    gradient.setStops({{0, QColor(top)}, {1, QColor(bottom)}});
     return gradient;
 }
 
-// The carbon fibre look: two strands that cross.
-QImage weave()
+// Bold type, spaced for capitals, and the pen that writes it.
+void setType(QPainter& painter, double pixelSize, const QColor& color)
 {
-    constexpr int kStrand = 4; // pixels
-    QImage tile(2 * kStrand, 2 * kStrand, QImage::Format_ARGB32_Premultiplied);
-    tile.fill(Qt::transparent);
-    QPainter painter(&tile);
-    const QColor light(255, 255, 255, 9);
-    const QColor dark(0, 0, 0, 60);
-    painter.fillRect(0, 0, kStrand, kStrand, light);
-    painter.fillRect(kStrand, kStrand, kStrand, kStrand, light);
-    painter.fillRect(kStrand, 0, kStrand, kStrand, dark);
-    painter.fillRect(0, kStrand, kStrand, kStrand, dark);
-    return tile;
-}
-
-} // namespace
-
-Artwork::Scale Artwork::scaleOf(const Range& range, int maxSteps)
-{
-    constexpr double kTolerance = 1e-9; // of a step, against rounding
-    const double span = range.maximum - range.minimum;
-    const double decade = std::pow(10.0, std::floor(std::log10(span / maxSteps)));
-    Scale scale;
-    for (const double factor : {1.0, 2.0, 2.5, 5.0, 10.0}) {
-        scale.step = factor * decade;
-        if (span / scale.step <= maxSteps + kTolerance)
-            break;
-    }
-    scale.first = std::ceil(range.minimum / scale.step - kTolerance) * scale.step;
-    const double steps = std::floor((range.maximum - scale.first) / scale.step + kTolerance);
-    scale.count = static_cast<int>(steps) + 1;
-    scale.divisor = range.maximum >= 2000 ? 1000 : 1;
-    return scale;
-}
-
-double Artwork::fraction(const Range& range, double value)
-{
-    return std::clamp((value - range.minimum) / (range.maximum - range.minimum), 0.0, 1.0);
-}
-
-void Artwork::setType(QPainter& painter, int pixelSize, const QColor& color)
-{
-    constexpr int kSmallestSize = 5;
     QFont font(QStringLiteral("DejaVu Sans"));
-    font.setPixelSize(std::max(pixelSize, kSmallestSize));
+    font.setPixelSize(std::max(static_cast<int>(pixelSize), 5));
     font.setBold(true);
     font.setLetterSpacing(QFont::PercentageSpacing, 104);
     painter.setFont(font);
     painter.setPen(color);
 }
 
-void Artwork::backdrop(QPainter& painter, const QRect& page)
+void roundedBox(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush)
 {
-    painter.fillRect(page, shade(page, QColor(0x1d, 0x21, 0x27), QColor(0x0c, 0x0e, 0x11)));
-    painter.fillRect(page, QBrush(weave()));
+    painter.setBrush(brush);
+    painter.drawRoundedRect(rect, radius, radius);
 }
 
-void Artwork::header(QPainter& painter, const QRect& band, const QColor& accent)
+void line(QPainter& painter, const QPen& pen, const QPointF& from, const QPointF& to)
 {
-    painter.fillRect(band, shade(band, QColor(0x2a, 0x2f, 0x37), QColor(0x12, 0x15, 0x19)));
-    QLinearGradient line(band.bottomLeft(), band.bottomRight());
-    line.setColorAt(0, accent);
-    line.setColorAt(1, withAlpha(accent, 40));
-    painter.fillRect(band.left(), band.bottom() - 1, band.width(), 2, line);
+    painter.setPen(pen);
+    painter.drawLine(from, to);
 }
 
-void Artwork::pageName(QPainter& painter, const QRect& band, const QString& name,
-                       const QColor& accent)
+// The carbon fibre look: two strands that cross.
+void paintWeave(QPainter& painter, const QRect& page)
 {
-    painter.save();
+    QImage weave(8, 8, QImage::Format_ARGB32_Premultiplied);
+    for (int i = 0; i < 64; ++i) {
+        const bool light = (i % 8 < 4) == (i / 8 < 4);
+        weave.setPixelColor(i % 8, i / 8, light ? QColor(255, 255, 255, 9) : QColor(0, 0, 0, 60));
+    }
+    painter.fillRect(page, shade(page, 0x1d2127, 0x0c0e11));
+    painter.fillRect(page, QBrush(weave));
+}
+
+void paintHeader(QPainter& painter, const QRect& band, const QColor& accent)
+{
+    painter.fillRect(band, shade(band, 0x2a2f37, 0x121519));
+    QLinearGradient edge(band.bottomLeft(), band.bottomRight());
+    edge.setStops({{0, accent}, {1, withAlpha(accent, 40)}});
+    painter.fillRect(band.left(), band.bottom() - 1, band.width(), 2, edge);
+}
+
+// The name behind a flag of three leaning stripes.
+void paintName(QPainter& painter, const QRectF& band, const QString& name, const QColor& accent)
+{
     const double height = band.height() * 0.6;
-    const double top = band.top() + (band.height() - height) / 2;
     const double width = height / 3; // of a stripe, and how far it leans
-    double left = band.left() + width;
+    QPointF corner = band.topLeft() + QPointF(width, (band.height() - height) / 2);
     painter.setPen(Qt::NoPen);
     for (const int alpha : {255, 170, 90}) {
-        const std::array stripe{QPointF(left + width, top), QPointF(left + 2 * width, top),
-                                QPointF(left + width, top + height), QPointF(left, top + height)};
         painter.setBrush(withAlpha(accent, alpha));
-        painter.drawPolygon(stripe.data(), static_cast<int>(stripe.size()));
-        left += width * 1.4;
+        painter.drawPolygon(
+            QPolygonF({corner + QPointF(width, 0), corner + QPointF(2 * width, 0),
+                       corner + QPointF(width, height), corner + QPointF(0, height)}));
+        corner.rx() += width * 1.4;
     }
-    setType(painter, static_cast<int>(band.height() * 0.5), kInk);
-    const QRectF text = QRectF(band).adjusted(left + 2 * width - band.left(), 0, 0, 0);
-    painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft, name.toUpper());
-    painter.restore();
+    setType(painter, band.height() * 0.5, kInk);
+    painter.drawText(band.adjusted(corner.x() + 2 * width - band.left(), 0, 0, 0),
+                     Qt::AlignVCenter | Qt::AlignLeft, name.toUpper());
 }
 
-void Artwork::bezel(QPainter& painter, const QRect& rect)
+// The raised frame round a tile.
+void paintBezel(QPainter& painter, const QRect& rect)
 {
-    constexpr double kRadius = 5;
-    painter.save();
     const QRectF frame = QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.setPen(QPen(kBlack, 1));
-    painter.setBrush(shade(frame, QColor(0x2c, 0x32, 0x3a), QColor(0x16, 0x19, 0x1d)));
-    painter.drawRoundedRect(frame, kRadius, kRadius);
-    painter.setPen(QPen(QColor(255, 255, 255, 34), 1));
-    painter.drawLine(QPointF(frame.left() + kRadius, frame.top() + 1),
-                     QPointF(frame.right() - kRadius, frame.top() + 1));
-    painter.restore();
+    painter.setPen(QColor(0x040506));
+    roundedBox(painter, frame, 5, shade(frame, 0x2c323a, 0x16191d));
+    line(painter, QColor(255, 255, 255, 34), frame.topLeft() + QPointF(5, 1),
+         frame.topRight() + QPointF(-5, 1));
 }
 
-void Artwork::title(QPainter& painter, const QRect& band, const QString& text, const QString& unit,
-                    const QColor& accent)
+// The sunken field that an element lies in.
+void paintWell(QPainter& painter, const QRect& rect)
 {
-    painter.save();
+    const QRectF field = QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setPen(QColor(0, 0, 0, 200));
+    roundedBox(painter, field, 3, shade(field, 0x020304, 0x111418));
+    line(painter, QColor(255, 255, 255, 20), field.bottomLeft() + QPointF(3, 0),
+         field.bottomRight() - QPointF(3, 0));
+}
+
+// The title at the left, the unit at the right when there is room for it.
+void paintTitle(QPainter& painter, const QRect& band, const Tile& tile, const QColor& accent)
+{
     const int size = band.height() * 5 / 8;
     const QRect mark(band.left() + size / 2, band.top() + (band.height() - size) / 2 + 1, 3, size);
     painter.fillRect(mark, accent);
-    const QRect line = band.adjusted(mark.right() + size / 2 - band.left(), 1, -size / 2, 1);
+    const QRect text = band.adjusted(mark.right() + size / 2 - band.left(), 1, -size / 2, 1);
     setType(painter, size, kInk);
     QRect used;
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, text, &used);
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, tile.title, &used);
     setType(painter, size, kDimInk);
-    const int room = line.right() - used.right() - size / 2;
-    if (painter.fontMetrics().horizontalAdvance(unit) <= room)
-        painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, unit);
-    painter.restore();
+    const int room = text.right() - used.right() - size / 2;
+    if (painter.fontMetrics().horizontalAdvance(tile.channel->uiv) <= room)
+        painter.drawText(text, Qt::AlignRight | Qt::AlignVCenter, tile.channel->uiv);
 }
 
-void Artwork::well(QPainter& painter, const QRect& rect)
+// Where a value lies on the range, 0 to 1.
+double fraction(const Range& range, double value)
 {
-    constexpr double kRadius = 3;
-    painter.save();
-    const QRectF field = QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.setPen(QPen(QColor(0, 0, 0, 200), 1));
-    painter.setBrush(shade(field, QColor(0x02, 0x03, 0x04), QColor(0x11, 0x14, 0x18)));
-    painter.drawRoundedRect(field, kRadius, kRadius);
-    painter.setPen(QPen(QColor(255, 255, 255, 20), 1));
-    painter.drawLine(QPointF(field.left() + kRadius, field.bottom()),
-                     QPointF(field.right() - kRadius, field.bottom()));
-    painter.restore();
+    return std::clamp((value - range.minimum) / (range.maximum - range.minimum), 0.0, 1.0);
 }
 
-void Artwork::lamp(QPainter& painter, const QRect& rect, const QColor& color)
+// The least round step that cuts the range into no more than maxSteps intervals.
+double roundStep(double span, int maxSteps)
 {
-    painter.save();
-    const double radius = std::min(rect.width(), rect.height()) * 0.42;
-    const QPointF centre = QRectF(rect).center();
-    QRadialGradient glass(centre - QPointF(0, radius / 2), radius * 1.6);
-    glass.setColorAt(0, withAlpha(color.lighter(130), 190));
-    glass.setColorAt(0.6, withAlpha(color.darker(260), 230));
-    glass.setColorAt(1, kBlack);
-    painter.setPen(QPen(QColor(0x50, 0x58, 0x62), 1.5));
-    painter.setBrush(glass);
-    painter.drawEllipse(centre, radius, radius);
-    painter.restore();
-}
-
-void Artwork::columns(QPainter& painter, const QRect& rect, int count)
-{
-    constexpr int kInset = 4;
-    for (int i = 1; i < count; ++i) {
-        painter.fillRect(rect.left() + i * rect.width() / count, rect.top() + kInset, 1,
-                         rect.height() - 2 * kInset, QColor(255, 255, 255, 40));
+    const double decade = std::pow(10.0, std::floor(std::log10(span / maxSteps)));
+    for (const double factor : {1.0, 2.0, 2.5, 5.0}) {
+        if (span / (factor * decade) <= maxSteps + 1e-9)
+            return factor * decade;
     }
+    return 10 * decade;
+}
+
+// Draws the numbers of a scale and kMinor - 1 marks between every two of them. draw is called with
+// the place on the range, 0 to 1, and the number, empty between numbers.
+void paintScale(const Range& range, int maxSteps,
+                const std::function<void(double, const QString&)>& draw)
+{
+    constexpr int kMinor = 5;
+    constexpr double kTolerance = 1e-9; // of a step, against rounding
+    const double step = roundStep(range.maximum - range.minimum, maxSteps);
+    const double first = std::ceil(range.minimum / step - kTolerance) * step;
+    const int steps = static_cast<int>(std::floor((range.maximum - first) / step + kTolerance));
+    const double divisor = range.maximum >= 2000 ? 1000 : 1; // 7000 reads 7
+    for (int i = 0; i <= steps * kMinor; ++i) {
+        const double value = first + step * i / kMinor;
+        draw(fraction(range, value),
+             i % kMinor == 0 ? QString::number(value / divisor) : QString());
+    }
+}
+
+void paintDialFace(QPainter& painter, const QPointF& centre, double radius)
+{
+    const QColor light(0x6b7580);
+    const QColor dark(0x2a2f36);
+    QConicalGradient rim(centre, 90);
+    rim.setStops({{0, light}, {0.25, dark}, {0.5, QColor(0x3d444d)}, {0.75, dark}, {1, light}});
+    QRadialGradient face(centre, radius);
+    face.setStops({{0, QColor(0x1b2026)}, {1, QColor(0x0a0c0f)}});
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(rim);
+    painter.drawEllipse(centre, radius, radius);
+    painter.setBrush(face);
+    painter.drawEllipse(centre, radius * 0.95, radius * 0.95);
+}
+
+void paintDial(QPainter& painter, const QRectF& rect, const Range& range, const QColor& accent)
+{
+    // Runs clockwise through three quarters of a turn, open at the bottom. Degrees.
+    constexpr double kStart = 225;
+    constexpr double kSweep = 270;
+    const QPointF centre = rect.center();
+    const double radius = std::min(rect.width(), rect.height()) / 2 - 2;
+    const auto point = [&](double share, double at) {
+        const double angle = (kStart - kSweep * at) * M_PI / 180;
+        return centre + radius * share * QPointF(std::cos(angle), -std::sin(angle));
+    };
+    const auto arc = [&](const QColor& color, double width, double share, double from, double to) {
+        const QPointF corner(radius * share, radius * share);
+        painter.setPen(QPen(color, radius * width, Qt::SolidLine, Qt::FlatCap));
+        painter.drawArc(QRectF(centre - corner, centre + corner),
+                        static_cast<int>((kStart - kSweep * from) * 16), // sixteenths of a degree
+                        static_cast<int>(-kSweep * (to - from) * 16));
+    };
+    paintDialFace(painter, centre, radius);
+    const double zoneFrom = fraction(range, range.zoneFrom);
+    const double zoneTo = fraction(range, range.zoneTo);
+    arc(accent, 0.04, 0.88, 0, zoneFrom);
+    arc(accent, 0.04, 0.88, zoneTo, 1);
+    arc(kZone, 0.08, 0.865, zoneFrom, zoneTo);
+    paintScale(range, radius > 60 ? 10 : 5, [&](double at, const QString& number) {
+        const bool major = !number.isEmpty();
+        line(painter, major ? QPen(kInk, std::max(1.5, radius * 0.018)) : QPen(kDimInk, 1),
+             point(0.84, at), point(0.84 * (major ? 0.88 : 0.95), at));
+        setType(painter, radius * 0.15, kInk);
+        const QPointF half(radius * 0.3, radius * 0.3);
+        painter.drawText(QRectF(point(0.6, at) - half, point(0.6, at) + half), Qt::AlignCenter,
+                         number);
+    });
+}
+
+// A row of blocks like a light strip, red in the zone, above numbers.
+void paintBar(QPainter& painter, const QRectF& rect, const Range& range, const QColor& accent)
+{
+    const double numbers = std::min(rect.height() * 0.3, 11.0); // height
+    const double blocks = std::min(rect.height() * 0.38, 16.0); // height
+    const double pitch = rect.width() / std::floor(rect.width() / 6);
+    const double top = rect.bottom() - numbers;
+    for (double x = 0; x + 1 < rect.width(); x += pitch) {
+        const double at = (x + pitch / 2) / rect.width();
+        const bool inZone =
+            at >= fraction(range, range.zoneFrom) && at <= fraction(range, range.zoneTo);
+        painter.fillRect(QRectF(rect.left() + x, top - blocks - 1, pitch - 1.5, blocks),
+                         inZone ? withAlpha(kZone, 170) : withAlpha(accent, 115));
+    }
+    setType(painter, numbers * 0.8, kDimInk);
+    const int maxSteps = std::max(2, static_cast<int>(rect.width()) / 34);
+    paintScale(range, maxSteps, [&](double at, const QString& number) {
+        if (number.isEmpty())
+            return;
+        const double x = rect.left() + at * rect.width();
+        const double centre = std::clamp(x, rect.left() + 10, rect.right() - 10);
+        painter.drawLine(QPointF(x, top - 1), QPointF(x, top + 1));
+        painter.drawText(QRectF(centre - 20, top, 40, numbers), Qt::AlignCenter, number);
+    });
+}
+
+void paintLamp(QPainter& painter, const QRectF& rect, const QColor& color)
+{
+    const double radius = std::min(rect.width(), rect.height()) * 0.42;
+    QRadialGradient glass(rect.center() - QPointF(0, radius / 2), radius * 1.6);
+    glass.setStops({{0, withAlpha(color.lighter(130), 190)},
+                    {0.6, withAlpha(color.darker(260), 230)},
+                    {1, QColor(0x040506)}});
+    painter.setPen(QPen(QColor(0x505862), 1.5));
+    painter.setBrush(glass);
+    painter.drawEllipse(rect.center(), radius, radius);
+}
+
+// Outlines as the control points of a smooth closed curve. Percent of the box round them.
+constexpr QPointF kCircuit[] = {{18, 78}, {10, 60}, {12, 40}, {26, 30}, {36, 40}, {46, 46},
+                                {54, 34}, {50, 18}, {62, 10}, {82, 14}, {91, 28}, {84, 42},
+                                {72, 50}, {74, 64}, {88, 72}, {84, 86}, {64, 88}, {40, 90}};
+constexpr QPointF kCarBody[] = {{37, 6},  {50, 4},  {63, 6},  {67, 26}, {64, 40},
+                                {70, 56}, {70, 76}, {67, 94}, {50, 96}, {33, 94},
+                                {30, 76}, {30, 56}, {36, 40}, {33, 26}};
+constexpr QPointF kCockpit[] = {{42, 36}, {58, 36}, {58, 52}, {57, 66}, {43, 66}, {42, 52}};
+
+QPointF into(const QRectF& box, const QPointF& percent)
+{
+    return {box.left() + percent.x() / 100 * box.width(),
+            box.top() + percent.y() / 100 * box.height()};
+}
+
+// The middles between the points lie on the curve.
+QPainterPath closedCurve(const QRectF& box, std::span<const QPointF> points)
+{
+    QPainterPath path(into(box, (points.back() + points.front()) / 2));
+    for (std::size_t i = 0; i < points.size(); ++i)
+        path.quadTo(into(box, points[i]),
+                    into(box, (points[i] + points[(i + 1) % points.size()]) / 2));
+    return path;
+}
+
+void paintTrackMap(QPainter& painter, const QRectF& box, const QColor& accent)
+{
+    const QPainterPath path = closedCurve(box, kCircuit);
+    painter.strokePath(path,
+                       QPen(QColor(0x464e58), 15, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.strokePath(path, QPen(accent, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF start = path.pointAtPercent(0);
+    line(painter, QPen(kInk, 3), start - QPointF(-7, 9), start + QPointF(-7, 9));
+    setType(painter, 10, kDimInk);
+    painter.drawText(start + QPointF(12, -12), QStringLiteral("START"));
+    painter.drawText(into(box, kCircuit[5]) + QPointF(-4, 26), QStringLiteral("S1"));
+    painter.drawText(into(box, kCircuit[11]) + QPointF(-4, 26), QStringLiteral("S2"));
+}
+
+void paintCarPlan(QPainter& painter, const QRectF& box, const QColor& accent)
+{
+    const auto part = [&](const QRectF& percent, double radius, QRgb color) {
+        roundedBox(painter, {into(box, percent.topLeft()), into(box, percent.bottomRight())},
+                   radius, QColor(color));
+    };
+    for (const double y : {21.0, 80.0}) // axles
+        line(painter, QPen(QColor(0x5a6470), 2), into(box, {14, y}), into(box, {86, y}));
+    painter.setPen(QPen(accent, 2));
+    for (const QPointF& wheel : {QPointF(9, 12), QPointF(9, 70), QPointF(76, 12), QPointF(76, 70)})
+        part({wheel, QSizeF(15, 19)}, 5, 0x0d0f12);
+    painter.setPen(QPen(QColor(0x8b95a1), 2));
+    for (const QRectF& wing : {QRectF(24, 1, 52, 5), QRectF(22, 94, 56, 6)})
+        part(wing, 3, 0x1e2329);
+    painter.drawPath(closedCurve(box, kCarBody));
+    painter.drawPath(closedCurve(box, kCockpit));
+}
+
+void paintTile(QPainter& painter, const Tile& tile, int titleBand, const QColor& accent)
+{
+    const QRect well = tile.isElement() ? tile.element : tile.bezel.adjusted(4, 4, -4, -4);
+    paintBezel(painter, tile.bezel);
+    paintWell(painter, well);
+    if (tile.hasTitleBand())
+        paintTitle(painter, {tile.bezel.topLeft(), QSize(tile.bezel.width(), titleBand)}, tile,
+                   accent);
+    const QRectF scene = QRectF(well).adjusted(8, 8, -8, -8);
+    painter.setBrush(Qt::NoBrush);
+    if (tile.instrument == Instrument::Dial) {
+        paintDial(painter, well, tile.range, accent);
+    } else if (tile.instrument <= Instrument::BarReadout) {
+        paintBar(painter, QRectF(well).adjusted(4, 3, -4, -3), tile.range, accent);
+    } else if (tile.instrument == Instrument::Lamp) {
+        const bool alert = tile.tone == SamplePackage::Tone::Alert;
+        paintLamp(painter, well, alert ? 0xff3b30 : 0xffb300);
+    } else if (tile.instrument == Instrument::Strip) {
+        for (const int third : {1, 2}) // thin lines between the texts
+            painter.fillRect(well.left() + third * well.width() / 3, well.top() + 4, 1,
+                             well.height() - 8, QColor(255, 255, 255, 40));
+    } else if (tile.instrument == Instrument::TrackMap) {
+        paintTrackMap(painter, scene, accent);
+    } else if (tile.instrument == Instrument::CarPlan) {
+        paintCarPlan(painter, scene, accent);
+    }
+}
+
+} // namespace
+
+QImage SamplePackage::paintBackground(const Package& package, const Page& page)
+{
+    QImage image(package.size, QImage::Format_RGB32);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintWeave(painter, image.rect());
+    paintHeader(painter, {0, 0, package.size.width(), package.header}, page.accent);
+    paintName(painter, nameBand(package), page.name, page.accent);
+    for (const Tile& tile : page.tiles)
+        paintTile(painter, tile, package.titleBand, page.accent);
+    return image;
 }

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <charconv>
 
-namespace RecordingText {
-
 namespace {
 
-/// Takes the text before the separator off the front of the rest, and the separator with it.
+using RecordingText::Channel;
+using RecordingText::kFamilyWords;
+using RecordingText::Recording;
+
+// Removes the text before the separator, and the separator, from the front.
 std::string_view takeUntil(char separator, std::string_view& rest)
 {
     const std::size_t end = std::min(rest.find(separator), rest.size());
@@ -18,10 +20,8 @@ std::string_view takeUntil(char separator, std::string_view& rest)
 
 std::string_view takeLine(std::string_view& text)
 {
-    std::string_view line = takeUntil('\n', text);
-    if (line.ends_with('\r'))
-        line.remove_suffix(1);
-    return line;
+    const std::string_view line = takeUntil('\n', text);
+    return line.substr(0, line.size() - (line.ends_with('\r') ? 1 : 0));
 }
 
 template <typename Number>
@@ -31,72 +31,48 @@ bool readNumber(std::string_view text, Number& number)
     return error == std::errc() && end == text.data() + text.size();
 }
 
-class Parser
+// The new channel, or null when the line is malformed.
+Channel* beginChannel(std::string_view fields, Recording& recording)
 {
-public:
-    bool readLine(std::string_view line)
-    {
-        if (line.empty() || line.starts_with('#'))
-            return true;
-        std::string_view fields = line;
-        const std::string_view first = takeUntil('\t', fields);
-        if (first == "channel")
-            return beginChannel(fields);
-        if (first == "vehicle")
-            m_recording.vehicle = fields;
-        else if (first == "racer")
-            m_recording.racer = fields;
-        else if (first == "laps")
-            return readNumber(fields, m_recording.laps);
-        else
-            return addSample(first, fields);
+    const auto* const family =
+        std::find(kFamilyWords.begin(), kFamilyWords.end(), takeUntil('\t', fields));
+    if (family == kFamilyWords.end())
+        return nullptr;
+    auto& channels = recording.channels[static_cast<std::size_t>(family - kFamilyWords.begin())];
+    channels.emplace_back().name = takeUntil('\t', fields);
+    channels.back().units = fields;
+    return &channels.back();
+}
+
+// Returns whether the line is well-formed. Samples go to the channel, the one begun last.
+bool readLine(std::string_view line, Recording& recording, Channel*& channel)
+{
+    if (line.empty() || line.starts_with('#'))
+        return true;
+    const std::string_view first = takeUntil('\t', line);
+    if (first == "channel")
+        return (channel = beginChannel(line, recording)) != nullptr;
+    if (first == "laps")
+        return readNumber(line, recording.laps);
+    if (first == "vehicle" || first == "racer") {
+        (first == "racer" ? recording.racer : recording.vehicle) = line;
         return true;
     }
-
-    Recording takeRecording() { return std::move(m_recording); }
-
-private:
-    bool beginChannel(std::string_view fields)
-    {
-        const std::string_view word = takeUntil('\t', fields);
-        const auto* const family = std::find(kFamilyWords.begin(), kFamilyWords.end(), word);
-        if (family == kFamilyWords.end())
-            return false;
-        const std::string_view name = takeUntil('\t', fields);
-        auto& channels =
-            m_recording.channels[static_cast<std::size_t>(family - kFamilyWords.begin())];
-        channels.push_back({std::string(name), std::string(fields), {}, {}});
-        m_channel = &channels.back();
-        return true;
-    }
-
-    bool addSample(std::string_view timeText, std::string_view valueText)
-    {
-        double time = 0.0;
-        double value = 0.0;
-        if (m_channel == nullptr || !readNumber(timeText, time) || !readNumber(valueText, value))
-            return false;
-        m_channel->times.push_back(time);
-        m_channel->values.push_back(value);
-        return true;
-    }
-
-    Recording m_recording;
-    Channel* m_channel = nullptr; ///< the last one begun, to which samples go
-};
+    return channel && readNumber(first, channel->times.emplace_back()) &&
+           readNumber(line, channel->values.emplace_back());
+}
 
 } // namespace
 
-std::optional<Recording> parse(std::string_view text)
+std::optional<Recording> RecordingText::parse(std::string_view text)
 {
     if (takeLine(text) != kFirstLine)
         return std::nullopt;
-    Parser parser;
+    Recording recording;
+    Channel* channel = nullptr;
     while (!text.empty()) {
-        if (!parser.readLine(takeLine(text)))
+        if (!readLine(takeLine(text), recording, channel))
             return std::nullopt;
     }
-    return parser.takeRecording();
+    return recording;
 }
-
-} // namespace RecordingText

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-/// The recording format of the samples: lines of text whose fields are separated by tabs.
-/// docs/reader-library.md describes it. Needs no Qt.
+/// The recording format of the samples: lines of text with fields separated by tabs, as described
+/// in docs/reader-library.md. Needs no Qt.
 namespace RecordingText {
 
 enum Family
@@ -18,7 +18,7 @@ enum Family
     kFamilies
 };
 
-/// Opens every recording; the number is the version of the format.
+/// First line of every recording; the number is the version of the format.
 inline constexpr std::string_view kFirstLine = "gaugewright recording 1";
 /// The word for each family in a channel's line.
 inline constexpr std::array<std::string_view, kFamilies> kFamilyWords = {"plain", "gps", "gps-raw"};
@@ -27,7 +27,7 @@ struct Channel
 {
     std::string name;          ///< UTF-8, as are all texts
     std::string units;         ///< may be empty
-    std::vector<double> times; ///< seconds, or milliseconds in the GPS families; as they stand
+    std::vector<double> times; ///< seconds, or milliseconds in the GPS families
     std::vector<double> values;
 };
 
@@ -39,7 +39,7 @@ struct Recording
     std::array<std::vector<Channel>, kFamilies> channels;
 };
 
-/// None when any line is not understood.
+/// Nothing when any line is malformed.
 [[nodiscard]] std::optional<Recording> parse(std::string_view text);
 
 } // namespace RecordingText

@@ -1,5 +1,5 @@
-// A reader library for the recordings of the samples, with the twenty exports that the editor looks
-// for. It stands in for the logger maker's library where there is none, and is not installed.
+// A reader library for the sample recordings, with the twenty exports that the editor looks for.
+// Replaces the logger maker's library where there is none. Not installed.
 #include "samples/reader/RecordingText.h"
 
 #include <algorithm>
@@ -31,15 +31,15 @@ const Recording* findFile(int file)
 const Channel* findChannel(Family family, int file, int channel)
 {
     const Recording* const recording = findFile(file);
-    if (recording == nullptr || channel < 0 || channel >= std::ssize(recording->channels[family]))
+    if (!recording || channel < 0 || channel >= std::ssize(recording->channels[family]))
         return nullptr;
     return &recording->channels[family][static_cast<std::size_t>(channel)];
 }
 
 int openFile(const char* utf8Path)
 {
-    const std::filesystem::path path(reinterpret_cast<const char8_t*>(utf8Path));
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(std::filesystem::path(reinterpret_cast<const char8_t*>(utf8Path)),
+                       std::ios::binary);
     std::ostringstream text;
     text << file.rdbuf();
     auto recording = RecordingText::parse(text.view());
@@ -48,41 +48,6 @@ int openFile(const char* utf8Path)
     const int index = openFiles.empty() ? 0 : openFiles.rbegin()->first + 1;
     openFiles[index] = *std::move(recording);
     return index;
-}
-
-int channelCount(Family family, int file)
-{
-    const Recording* const recording = findFile(file);
-    return recording != nullptr ? static_cast<int>(recording->channels[family].size()) : -1;
-}
-
-const char* channelName(Family family, int file, int channel)
-{
-    const Channel* const found = findChannel(family, file, channel);
-    return found != nullptr ? found->name.c_str() : nullptr;
-}
-
-const char* channelUnits(Family family, int file, int channel)
-{
-    const Channel* const found = findChannel(family, file, channel);
-    return found != nullptr ? found->units.c_str() : nullptr;
-}
-
-int sampleCount(Family family, int file, int channel)
-{
-    const Channel* const found = findChannel(family, file, channel);
-    return found != nullptr ? static_cast<int>(found->times.size()) : -1;
-}
-
-int copySamples(Family family, int file, int channel, double* times, double* values, int count)
-{
-    const Channel* const found = findChannel(family, file, channel);
-    if (found == nullptr)
-        return -1;
-    const auto copied = std::clamp<std::ptrdiff_t>(count, 0, std::ssize(found->times));
-    std::copy_n(found->times.begin(), copied, times);
-    std::copy_n(found->values.begin(), copied, values);
-    return static_cast<int>(copied);
 }
 
 } // namespace
@@ -106,43 +71,53 @@ READER_EXPORT int close_file_i(int file)
 READER_EXPORT const char* get_vehicle_name(int file)
 {
     const Recording* const recording = findFile(file);
-    return recording != nullptr ? recording->vehicle.c_str() : nullptr;
+    return recording ? recording->vehicle.c_str() : nullptr;
 }
 
 READER_EXPORT const char* get_racer_name(int file)
 {
     const Recording* const recording = findFile(file);
-    return recording != nullptr ? recording->racer.c_str() : nullptr;
+    return recording ? recording->racer.c_str() : nullptr;
 }
 
 READER_EXPORT int get_laps_count(int file)
 {
     const Recording* const recording = findFile(file);
-    return recording != nullptr ? recording->laps : -1;
+    return recording ? recording->laps : -1;
 }
 
 // The five exports of one family.
 #define FAMILY(prefix, family)                                                                     \
     READER_EXPORT int prefix##channels_count(int file)                                             \
     {                                                                                              \
-        return channelCount(family, file);                                                         \
+        const Recording* const found = findFile(file);                                             \
+        return found ? static_cast<int>(found->channels[family].size()) : -1;                      \
     }                                                                                              \
     READER_EXPORT const char* prefix##channel_name(int file, int channel)                          \
     {                                                                                              \
-        return channelName(family, file, channel);                                                 \
+        const Channel* const found = findChannel(family, file, channel);                           \
+        return found ? found->name.c_str() : nullptr;                                              \
     }                                                                                              \
     READER_EXPORT const char* prefix##channel_units(int file, int channel)                         \
     {                                                                                              \
-        return channelUnits(family, file, channel);                                                \
+        const Channel* const found = findChannel(family, file, channel);                           \
+        return found ? found->units.c_str() : nullptr;                                             \
     }                                                                                              \
     READER_EXPORT int prefix##channel_samples_count(int file, int channel)                         \
     {                                                                                              \
-        return sampleCount(family, file, channel);                                                 \
+        const Channel* const found = findChannel(family, file, channel);                           \
+        return found ? static_cast<int>(found->times.size()) : -1;                                 \
     }                                                                                              \
     READER_EXPORT int prefix##channel_samples(int file, int channel, double* times,                \
                                               double* values, int count)                           \
     {                                                                                              \
-        return copySamples(family, file, channel, times, values, count);                           \
+        const Channel* const found = findChannel(family, file, channel);                           \
+        if (!found)                                                                                \
+            return -1;                                                                             \
+        const auto copied = std::clamp<std::ptrdiff_t>(count, 0, std::ssize(found->times));        \
+        std::copy_n(found->times.begin(), copied, times);                                          \
+        std::copy_n(found->values.begin(), copied, values);                                        \
+        return static_cast<int>(copied);                                                           \
     }
 
 FAMILY(get_, RecordingText::kPlain)

@@ -2,9 +2,8 @@
 
 #include <vector>
 
-/// A made-up club circuit of about 3.3 km, driven anticlockwise: a closed curve through a few way
-/// points. Everything is asked for by distance along the lap, in metres, which may run past the end
-/// of the lap.
+/// An invented club circuit of about 3.3 km, driven anticlockwise: a closed curve through a few way
+/// points. Distances are metres along the lap and may exceed its length.
 class Circuit
 {
 public:
@@ -18,12 +17,12 @@ public:
         double curvature = 0.0; ///< 1/m, positive in left-hand bends
     };
 
+    static constexpr double kStep = 1.0; ///< metres between neighbouring points
+
     [[nodiscard]] double length() const { return static_cast<double>(m_points.size()) * kStep; }
     [[nodiscard]] const Point& at(double distance) const;
     /// Metres above the sea.
     [[nodiscard]] double altitude(double distance) const;
-
-    static constexpr double kStep = 1.0; ///< metres between the points that the circuit is made of
 
 private:
     std::vector<Point> m_points;

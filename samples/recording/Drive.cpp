@@ -1,7 +1,5 @@
 #include "samples/recording/Drive.h"
 
-#include "samples/recording/Circuit.h"
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -22,16 +20,16 @@ constexpr std::array kGearRatios = {285.0, 205.0, 160.0, 131.0, 111.0, 97.0}; //
 constexpr double kIdleRpm = 1400.0;
 constexpr double kShiftRpm = 6800.0;
 
-/// The share of the fastest pace that each lap is driven at; the last one goes on for ever.
-constexpr std::array kPaces = {0.90, 0.965, 0.985, 0.995, 0.98, 1.0, 0.93};
+// Share of the fastest pace at the start of each lap.
+const std::vector<double> kPaces = {0.90, 0.965, 0.985, 0.995, 0.98, 1.0, 0.93, 0.93};
 
 double accelerationAt(double speed)
 {
     return std::min(kTraction, kPowerToMass / std::max(speed, 1.0)) - kDrag * speed * speed;
 }
 
-/// The fastest speed at each step of the circuit: what the bends allow, then what the brakes and
-/// the engine allow before and after them.
+// The fastest speed at each step of the circuit: what the bends allow, then what the brakes and
+// the engine allow before and after them.
 std::vector<double> fastestLap(const Circuit& circuit)
 {
     const auto count = static_cast<std::size_t>(circuit.length() / Circuit::kStep);
@@ -56,33 +54,20 @@ std::vector<double> fastestLap(const Circuit& circuit)
     return speeds;
 }
 
-double speedAt(const std::vector<double>& lap, double lapDistance)
+// Between the values at two neighbouring positions.
+double between(const std::vector<double>& values, double position)
 {
-    const double steps = lapDistance / Circuit::kStep;
-    const auto step = static_cast<std::size_t>(steps);
-    return std::lerp(lap[step % lap.size()], lap[(step + 1) % lap.size()],
-                     steps - std::floor(steps));
+    const auto index = static_cast<std::size_t>(position);
+    return std::lerp(values[index % values.size()], values[(index + 1) % values.size()],
+                     position - std::floor(position));
 }
 
-/// Changes gradually from one lap's pace to the next one's.
-double paceAt(double laps)
-{
-    const auto lap = static_cast<std::size_t>(laps);
-    const double here = kPaces[std::min(lap, kPaces.size() - 1)];
-    const double next = kPaces[std::min(lap + 1, kPaces.size() - 1)];
-    return std::lerp(here, next, laps - std::floor(laps));
-}
-
-void addPedals(CarState& state)
+void addPedalsAndEngine(CarState& state)
 {
     const double drag = kDrag * state.speed * state.speed;
     const double pushed = state.longitudinal + drag;
     state.throttle = std::clamp(pushed / (accelerationAt(state.speed) + drag), 0.0, 1.0);
     state.brake = std::clamp(-pushed / kGrip, 0.0, 1.0);
-}
-
-void addEngine(CarState& state)
-{
     const auto* const gear =
         std::find_if(kGearRatios.begin(), kGearRatios.end() - 1,
                      [&state](double ratio) { return ratio * state.speed < kShiftRpm; });
@@ -101,16 +86,17 @@ std::vector<CarState> drive(const Circuit& circuit, double seconds)
     const auto count = static_cast<int>(seconds * kStatesPerSecond);
     for (int i = 0; i <= count; ++i) {
         state.time = i * kStep;
-        const double pace = paceAt(state.distance / circuit.length());
-        const double speed = std::min({speedAt(fastest, state.lapDistance) * pace,
+        const double pace = between(kPaces, state.distance / circuit.length());
+        const double speed = std::min({between(fastest, state.lapDistance / Circuit::kStep) * pace,
                                        kPullAway * state.time, kPullAway * (seconds - state.time)});
         state.longitudinal = (speed - state.speed) / kStep;
         state.speed = speed;
-        state.yawRate = speed * circuit.at(state.distance).curvature;
+        state.place = circuit.at(state.distance);
+        state.altitude = circuit.altitude(state.distance);
+        state.yawRate = speed * state.place.curvature;
         state.lateral = speed * state.yawRate;
         state.lapTime = state.time - lapBegan;
-        addPedals(state);
-        addEngine(state);
+        addPedalsAndEngine(state);
         states.push_back(state);
 
         state.distance += speed * kStep;

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <vector>
+#include "samples/recording/Circuit.h"
 
-class Circuit;
-
-/// What the car does at one moment.
+/// The state of the car at one moment.
 struct CarState
 {
     double time = 0.0;         ///< seconds since the recording began
@@ -20,10 +18,11 @@ struct CarState
     double brake = 0.0;        ///< 0 to 1
     int gear = 1;
     double rpm = 0.0;
+    Circuit::Point place;
+    double altitude = 0.0; ///< metres above the sea
 };
 
-/// A session of that many seconds that begins and ends at a standstill, every 1/kStatesPerSecond
-/// seconds.
-[[nodiscard]] std::vector<CarState> drive(const Circuit& circuit, double seconds);
-
 inline constexpr int kStatesPerSecond = 100;
+
+/// A session that begins and ends at a standstill.
+[[nodiscard]] std::vector<CarState> drive(const Circuit& circuit, double seconds);

@@ -1,19 +1,131 @@
 // Records the sample session: ten minutes on a made-up circuit, always the same.
-#include "samples/recording/ChannelTable.h"
+#include "samples/reader/RecordingText.h"
+#include "samples/recording/Drive.h"
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
+#include <iterator>
+#include <limits>
+#include <numbers>
 #include <string>
 
 namespace {
 
-constexpr double kSeconds = 600.0;
-constexpr int kMillisecondsPerSecond = 1000;
+using RecordingText::kGps;
+using RecordingText::kGpsRaw;
+using RecordingText::kPlain;
 
-/// A number from -1 to 1 that belongs to this sample of this channel: the same in every run.
+constexpr double kSeconds = 600.0;
+constexpr double kGravity = 9.81;
+constexpr double kDegrees = 180.0 / std::numbers::pi;
+constexpr double kStartLatitude = 47.6; // no race track is near
+constexpr double kMetresPerDegree = 111'320.0;
+
+struct RecordedChannel
+{
+    RecordingText::Family family;
+    const char* name;
+    const char* units;
+    int rate;     ///< samples a second, a divisor of kStatesPerSecond
+    int decimals; ///< of the values as written
+    double noise; ///< greatest deviation of the sensor, either way
+    double (*value)(const CarState& car);
+    double least = -std::numeric_limits<double>::infinity(); ///< noise takes no value below it
+};
+
+// Approaches the last value within minutes, as something does that warms up.
+double warmUp(double from, double to, double minutes, const CarState& car)
+{
+    return to + (from - to) * std::exp(-car.time / (60.0 * minutes));
+}
+
+double driveSlip(const CarState& car)
+{
+    return 0.04 * car.throttle - 0.03 * car.brake;
+}
+
+// km/h of a wheel on that side: 1 right, -1 left.
+double wheelSpeed(const CarState& car, int side, double slip = 0.0)
+{
+    constexpr double kHalfTrack = 0.75; // metres from the middle of the car to a wheel
+    return 3.6 * (car.speed + side * kHalfTrack * car.yawRate) * (1.0 + slip);
+}
+
+// Millimetres of travel. Side: 1 right, -1 left. End: 1 rear, -1 front.
+double damper(const CarState& car, int side, int end)
+{
+    return 25.0 + 1.1 * side * car.lateral + 0.8 * end * car.longitudinal +
+           0.002 * car.speed * car.speed;
+}
+
+// Degrees, positive to the left.
+double steeringWheel(const CarState& car)
+{
+    constexpr double kWheelbase = 2.6;
+    constexpr double kRatio = 12.0; // of the steering wheel to the road wheels
+    return kRatio * std::atan(kWheelbase * car.place.curvature) * kDegrees;
+}
+
+double longitude(const CarState& car)
+{
+    return 11.2 + car.place.x / (kMetresPerDegree * std::cos(kStartLatitude / kDegrees));
+}
+
+#define FROM(expression) [](const CarState& car) -> double { return expression; }
+
+// Names are spelled as a logger might, not as in the sample layouts, to exercise every rule of
+// matching.
+constexpr RecordedChannel kChannels[] = {
+    {kPlain, "rpm", "rpm", 50, 0, 15.0, FROM(car.rpm)},
+    {kPlain, "GearPos", "gear", 20, 0, 0.0, FROM(car.gear)},
+    {kPlain, "Port_Engine_RPM", "rpm", 50, 0, 15.0, FROM(car.rpm * 0.997)},
+    {kPlain, "Stbd_Engine_RPM", "rpm", 50, 0, 15.0, FROM(car.rpm * 1.004)},
+    {kPlain, "WaterTemp1", "°C", 10, 1, 0.2, FROM(warmUp(42.0, 88.0, 2.5, car))},
+    {kPlain, "OilTemp", "°C", 10, 1, 0.2, FROM(warmUp(35.0, 104.0, 4.0, car))},
+    {kPlain, "GearboxTemp", "°C", 10, 1, 0.2, FROM(warmUp(30.0, 92.0, 5.0, car))},
+    {kPlain, "AirTemp", "°C", 10, 1, 0.1, FROM(21.5 + 0.004 * car.time)},
+    {kPlain, "Oil_Pressure Main", "bar", 20, 2, 0.05, FROM(1.2 + 0.0006 * car.rpm)},
+    {kPlain, "FuelPress", "bar", 10, 2, 0.02, FROM(3.8 - 0.15 * car.throttle)},
+    {kPlain, "Throttle_Pos", "%", 50, 1, 0.2, FROM(car.throttle * 100.0), 0.0},
+    {kPlain, "BrakePressF", "bar", 50, 1, 0.2, FROM(car.brake * 62.0), 0.0},
+    {kPlain, "BrakePressR", "bar", 50, 1, 0.2, FROM(car.brake * 41.0), 0.0},
+    {kPlain, "Steering_Angle", "deg", 50, 1, 0.5, FROM(steeringWheel(car))},
+    {kPlain, "FUEL LEVEL", "l", 10, 2, 0.05, FROM(38.0 - 0.00072 * car.distance)},
+    {kPlain, "Fuel_Flow", "l/h", 10, 1, 0.3, FROM(3.0 + 0.008 * car.rpm * car.throttle)},
+    {kPlain, "Lap_Time", "s", 10, 2, 0.0, FROM(car.lapTime)},
+    {kPlain, "Lap_Number", "", 10, 0, 0.0, FROM(car.lap + 1)},
+    {kPlain, "Lap_Distance", "m", 20, 1, 0.0, FROM(car.lapDistance)},
+    {kPlain, "Stbd Boost", "bar", 20, 2, 0.02,
+     FROM(-0.4 + 1.5 * car.throttle * std::min(1.0, car.rpm / 5500.0))},
+    {kPlain, "Battery_Voltage", "V", 10, 2, 0.03, FROM(car.rpm > 2000.0 ? 13.9 : 13.2)},
+    {kPlain, "Lambda1", "lambda", 20, 3, 0.01, FROM(1.02 - 0.15 * car.throttle)},
+    {kPlain, "Wheel_Speed FL", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, -1)), 0.0},
+    {kPlain, "Wheel_Speed FR", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, 1)), 0.0},
+    {kPlain, "Wheel_Speed RL", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, -1, driveSlip(car))), 0.0},
+    {kPlain, "Wheel_Speed RR", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, 1, driveSlip(car))), 0.0},
+    {kPlain, "Damper FL", "mm", 50, 1, 0.6, FROM(damper(car, -1, -1))},
+    {kPlain, "Damper FR", "mm", 50, 1, 0.6, FROM(damper(car, 1, -1))},
+    {kPlain, "Damper RL", "mm", 50, 1, 0.6, FROM(damper(car, -1, 1))},
+    {kPlain, "Damper RR", "mm", 50, 1, 0.6, FROM(damper(car, 1, 1))},
+    {kGps, "GPS Speed", "m/s", 20, 2, 0.05, FROM(car.speed), 0.0},
+    {kGps, "GPS Lat_Acc", "g", 20, 3, 0.01, FROM(car.lateral / kGravity)},
+    {kGps, "GPS Lon_Acc", "g", 20, 3, 0.01, FROM(car.longitudinal / kGravity)},
+    {kGps, "GPS Heading", "deg", 10, 1, 0.0,
+     FROM(std::fmod(450.0 - car.place.heading * kDegrees, 360.0))},
+    {kGps, "GPS Yaw_Rate", "deg/s", 20, 2, 0.2, FROM(kDegrees* car.yawRate)},
+    {kGps, "GPS Satellites", "", 10, 0, 0.0, FROM(car.time < 20.0 ? 9 : 12)},
+    {kGpsRaw, "GPS Altitude", "m", 10, 1, 0.2, FROM(car.altitude)},
+    {kGpsRaw, "GPS Latitude", "deg", 10, 7, 0.0,
+     FROM(kStartLatitude + car.place.y / kMetresPerDegree)},
+    {kGpsRaw, "GPS Longitude", "deg", 10, 7, 0.0, FROM(longitude(car))},
+    {kGpsRaw, "GPS Accuracy", "m", 10, 2, 0.1, FROM(car.time < 20.0 ? 2.4 : 0.9)},
+};
+
+// A number from -1 to 1 that belongs to this sample of this channel: the same in every run.
 double noise(std::size_t channel, std::size_t sample)
 {
     std::uint64_t bits = (channel + 1) * 0x9E3779B97F4A7C15U + (sample + 1) * 0xBF58476D1CE4E5B9U;
@@ -29,22 +141,18 @@ void append(std::string& text, double number, int decimals)
     text.append(digits, end.ptr);
 }
 
-void appendChannel(std::string& text, std::size_t index, const std::vector<CarState>& states,
-                   const Circuit& circuit)
+void appendChannel(std::string& text, std::size_t index, const std::vector<CarState>& states)
 {
-    const RecordedChannel& channel = recordedChannels()[index];
-    text += "channel\t";
-    text += RecordingText::kFamilyWords[channel.family];
+    const RecordedChannel& channel = kChannels[index];
+    text += std::string("channel\t").append(RecordingText::kFamilyWords[channel.family]);
     text += std::string("\t") + channel.name + "\t" + channel.units + "\n";
 
     const auto stride = static_cast<std::size_t>(kStatesPerSecond / channel.rate);
     for (std::size_t i = 0; i < states.size(); i += stride) {
-        if (channel.family == RecordingText::kPlain)
-            append(text, states[i].time, 2);
-        else
-            append(text, states[i].time * kMillisecondsPerSecond, 0);
+        const bool plain = channel.family == kPlain; // seconds; the others milliseconds
+        append(text, states[i].time * (plain ? 1 : 1000), plain ? 2 : 0);
         text += '\t';
-        const double value = channel.value(states[i], circuit) + channel.noise * noise(index, i);
+        const double value = channel.value(states[i]) + channel.noise * noise(index, i);
         append(text, std::max(channel.least, value), channel.decimals);
         text += '\n';
     }
@@ -52,14 +160,13 @@ void appendChannel(std::string& text, std::size_t index, const std::vector<CarSt
 
 std::string record()
 {
-    const Circuit circuit;
-    const std::vector<CarState> states = drive(circuit, kSeconds);
+    const std::vector<CarState> states = drive(Circuit(), kSeconds);
     std::string text(RecordingText::kFirstLine);
     text += "\n# Made by the sample recorder; no such car, driver or circuit exists.\n"
             "vehicle\tPrototype 7\nracer\tSample Driver\nlaps\t";
     text += std::to_string(states.back().lap) + "\n";
-    for (std::size_t index = 0; index < recordedChannels().size(); ++index)
-        appendChannel(text, index, states, circuit);
+    for (std::size_t index = 0; index < std::size(kChannels); ++index)
+        appendChannel(text, index, states);
     return text;
 }
 
