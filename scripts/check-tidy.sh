@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Lints what is shipped and the samples; .clang-tidy lists the checks, and every finding is an error.
+# Lints what is shipped, the samples and their driver; .clang-tidy lists the checks, and every finding is an error.
 # Tests, benchmarks and fuzzers take three times as long; lint them as well with
 #
 #     scripts/check-tidy.sh --all
@@ -12,7 +12,7 @@ cmake --preset tidy
 find build/tidy -name AutogenInfo.json -print0 |
     xargs -0 -P "$jobs" -I{} cmake -E cmake_autogen {} Debug
 
-folders=("${shipped[@]}" samples)
+folders=("${shipped[@]}" driver samples)
 [ "${1:-}" != --all ] || folders+=(bench fuzz tests)
 for folder in "${folders[@]}"; do
     grep -qF "\"file\": \"$PWD/$folder/" build/tidy/compile_commands.json ||

@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# Takes the guided tour on light and dark desktops at the usual scales and keeps the pictures of each in
-# build/release/looks, to be looked at after a change to a widget.
+# Takes the guided tour on light and dark desktops at scales of 1 to 2. Pictures go to build/release/looks.
 source "$(dirname "$0")/common.sh"
 
 build_preset release --target gaugewright_tour

@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# Takes the guided tour and renews the pictures of the user guide from it. Look at them before you
-# commit them.
+# Takes the guided tour and copies its pictures to the user guide. Check them before committing.
 source "$(dirname "$0")/common.sh"
 
 build_preset release --target gaugewright_tour
