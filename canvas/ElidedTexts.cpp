@@ -4,14 +4,15 @@
 
 namespace {
 
-// No box shows as much of a name; laying out megabytes to cut them off would stall every frame.
+// No box shows more of a name.
 constexpr qsizetype kLongestShownText = 1000;
 
-// Several times what the largest pages show. Sizes that a window had on its way to another one are
-// forgotten with the rest.
+// Several times what the largest pages show.
 constexpr qsizetype kMostResults = 50'000;
 
 } // namespace
+
+ElidedTexts::ElidedTexts() : m_results(kMostResults) {}
 
 void ElidedTexts::setBaseFont(const QFont& font)
 {
@@ -24,10 +25,9 @@ void ElidedTexts::setBaseFont(const QFont& font)
 QString ElidedTexts::elided(const QString& text, const QFont& font, int width)
 {
     const Key key{text.left(kLongestShownText), width, font.pixelSize(), font.weight()};
-    const auto known = m_results.constFind(key);
-    if (known != m_results.cend())
+    if (const QString* const known = m_results.object(key))
         return *known;
-    if (m_results.size() >= kMostResults)
-        m_results.clear();
-    return *m_results.insert(key, QFontMetrics(font).elidedText(key.text, Qt::ElideRight, width));
+    const QString result = QFontMetrics(font).elidedText(key.text, Qt::ElideRight, width);
+    m_results.insert(key, new QString(result));
+    return result;
 }

@@ -1,19 +1,20 @@
 #pragma once
 
+#include <QCache>
 #include <QFont>
-#include <QHash>
 #include <QString>
 
-/// Texts cut off at the right to a width. Laying a text out to find where to cut costs as much as
-/// drawing it, and in a replay the same names are shown in every frame, so results are kept.
+/// Cache of texts elided at the right. Eliding costs as much as drawing, and a replay shows the
+/// same names in every frame.
 class ElidedTexts
 {
 public:
-    /// The texts that follow are in this font, but for pixel size and weight.
+    ElidedTexts();
+
+    /// The font of all texts, except for pixel size and weight. A new one empties the cache.
     void setBaseFont(const QFont& font);
 
-    /// The text, or as much of it as fits and an ellipsis. Of a very long text only the beginning
-    /// is looked at.
+    /// The text, or as much of it as fits and an ellipsis. Only the first 1,000 characters count.
     /// @param font the base font with any pixel size and weight
     /// @param width pixels
     [[nodiscard]] QString elided(const QString& text, const QFont& font, int width);
@@ -34,5 +35,5 @@ private:
     };
 
     QFont m_baseFont;
-    QHash<Key, QString> m_results;
+    QCache<Key, QString> m_results;
 };
