@@ -25,18 +25,16 @@ DashCanvas::DashCanvas(QWidget* parent) : QWidget(parent)
 void DashCanvas::setPage(DashPage* page)
 {
     m_page = page;
-    m_selectedIndex = -1;
-    m_gesture = {};
-    update();
+    m_drag = {};
+    select(-1);
 }
 
 void DashCanvas::rebindPage(DashPage* page, int selectedIndex)
 {
-    const Gesture gesture = std::exchange(m_gesture, {});
     m_page = page;
     m_selectedIndex = elementAt(selectedIndex) ? selectedIndex : -1;
-    takeBack(gesture);
-    update();
+    cancelDrag();
+    select(m_selectedIndex);
 }
 
 void DashCanvas::setSession(TelemetrySession* session)
@@ -93,19 +91,25 @@ int DashCanvas::snapValue(int v) const
 
 void DashCanvas::clearSelectionAndRepaint()
 {
-    m_selectedIndex = -1;
-    m_gesture = {};
-    update();
+    m_drag = {};
+    select(-1);
 }
 
 void DashCanvas::cancelDrag()
 {
-    takeBack(std::exchange(m_gesture, {}));
+    const DragGesture drag = std::exchange(m_drag, {});
+    if (!drag.isActive())
+        return; // the page may have moved, and its owner not have told us yet
+    DashElement* const element = selectedElement();
+    if (!element || !drag.holds(*element) || stackMovedSelection(drag.undoIndex()))
+        return;
+    ::setGeometry(*element, drag.start());
+    update();
 }
 
 bool DashCanvas::event(QEvent* event)
 {
-    // Arrives before the shortcut runs its command, while the record can still be put back exactly.
+    // Arrives before the shortcut runs its command, while the record can still be restored.
     if (event->type() == QEvent::ShortcutOverride) {
         const auto* const key = static_cast<QKeyEvent*>(event);
         const bool undoes =
@@ -125,6 +129,7 @@ void DashCanvas::paintEvent(QPaintEvent*)
         painter, rect(),
         {m_page, transform(), m_selectedIndex, m_grid, {m_session, m_replaySeconds, m_speedUnit}},
         m_elidedTexts);
+    describe(); // whoever edits the record elsewhere schedules a repaint
 }
 
 void DashCanvas::mousePressEvent(QMouseEvent* event)
@@ -136,46 +141,37 @@ void DashCanvas::mousePressEvent(QMouseEvent* event)
     if (const DashElement* const selected = selectedElement()) {
         const DragMode handle = GestureGeometry::handleAt(elementRect(*selected), point);
         if (handle != DragMode::Idle) {
-            beginGesture(handle, point);
+            beginDrag(handle, point);
             return;
         }
     }
     const int hit = hitTest(point);
     if (hit != m_selectedIndex) {
-        m_selectedIndex = hit;
+        select(hit);
         Q_EMIT elementSelected(hit);
-        update();
     }
-    beginGesture(DragMode::Move, point);
+    beginDrag(DragMode::Move, point);
 }
 
 void DashCanvas::mouseMoveEvent(QMouseEvent* event)
 {
     DashElement* const element = selectedElement();
-    if (!m_gesture.isActive() || !element)
+    if (!m_drag.isActive() || !element)
         return;
-    ElementGeometry start = m_gesture.start;
-    if (m_gesture.mode == DragMode::Move) {
-        // A move leaves the size alone, whoever has changed it since the press.
-        start.w = element->w;
-        start.h = element->h;
-    }
-    m_gesture.live = GestureGeometry::applyDrag(
-        m_gesture.mode, start, transform().distance(m_gesture.press, event->position().toPoint()),
-        {m_page->width, m_page->height}, m_grid);
-    ::setGeometry(*element, m_gesture.live);
+    m_drag.follow(event->position().toPoint(), *element, transform(),
+                  {m_page->width, m_page->height}, m_grid);
     update();
 }
 
 void DashCanvas::mouseReleaseEvent(QMouseEvent* event)
 {
-    const Gesture gesture = std::exchange(m_gesture, {});
+    const DragGesture drag = std::exchange(m_drag, {});
     const DashElement* const element = selectedElement();
-    // Any other button ends the gesture too, leaving the element where it is.
-    if (event->button() != Qt::LeftButton || !gesture.isActive() || !element)
+    // Any other button ends the drag too and leaves the element where it is.
+    if (event->button() != Qt::LeftButton || !drag.isActive() || !element)
         return;
-    if (geometryOf(*element) != gesture.start)
-        commit(gesture);
+    if (geometryOf(*element) != drag.start())
+        commit(drag);
     update();
 }
 
@@ -251,66 +247,74 @@ PageRef DashCanvas::pageRef() const
     return PageRef(m_page);
 }
 
-/// Does nothing without a selected element.
-void DashCanvas::beginGesture(DragMode mode, const QPoint& press)
+void DashCanvas::select(int index)
 {
-    if (const DashElement* const element = selectedElement())
-        m_gesture = {mode, press, geometryOf(*element), geometryOf(*element),
-                     m_undoStack ? m_undoStack->index() : 0};
+    m_selectedIndex = index;
+    describe();
+    update();
 }
 
-/// Turns what the drag has done to the record into one undoable step.
-void DashCanvas::commit(const Gesture& gesture)
+void DashCanvas::describe()
+{
+    setAccessibleName(m_page ? tr("Page %1").arg(m_page->name) : tr("Page"));
+    const DashElement* const element = selectedElement();
+    if (!element) {
+        setAccessibleDescription(tr("No element selected"));
+        return;
+    }
+    const QString& channel = element->channelLongName;
+    setAccessibleDescription(
+        tr("%1 at X %2, Y %3, width %4, height %5")
+            .arg(channel.isEmpty() ? element->name : tr("%1 (%2)").arg(channel, element->name),
+                 QString::number(element->x), QString::number(element->y),
+                 QString::number(element->w), QString::number(element->h)));
+}
+
+/// Does nothing without a selected element.
+void DashCanvas::beginDrag(DragMode mode, const QPoint& press)
+{
+    if (const DashElement* const element = selectedElement())
+        m_drag = {mode, press, *element, m_undoStack ? m_undoStack->index() : 0};
+}
+
+/// Turns what the drag did to the record into one undoable step.
+void DashCanvas::commit(const DragGesture& drag)
 {
     const int index = m_selectedIndex;
     if (m_undoStack) {
         DashElement& element = *elementAt(index);
         const ElementGeometry dragged = geometryOf(element);
-        ::setGeometry(element, gesture.start);
-        m_undoStack->push(new MoveCommand(pageRef(), index, gesture.start, dragged));
+        ::setGeometry(element, drag.start());
+        m_undoStack->push(new MoveCommand(pageRef(), index, drag.start(), dragged));
     }
-    // The push may have re-pointed this canvas, so the element is looked up again.
+    // The push may have rebound this canvas, so the element is looked up again.
     const DashElement* const element = elementAt(index);
     if (!element)
         return;
-    if (gesture.mode == DragMode::Move)
+    if (drag.isMove())
         Q_EMIT elementMoved(index, element->x, element->y);
     else
         Q_EMIT elementResized(index, element->w, element->h);
 }
 
-/// Ends a drag that an undo, a redo or somebody else's push interrupts. A page of a document may
-/// have moved in memory by then: its owner answers with rebindPage, which does the same.
+/// An undo, a redo or somebody else's push cancels a drag. Where there is a document, its pages may
+/// have moved by now: rebindPage follows and cancels then.
 void DashCanvas::onUndoIndexChanged()
 {
     if (!m_document)
         cancelDrag();
 }
 
-/// Whether a command that has run since the press moved the dragged element itself.
-bool DashCanvas::stackMovedSelection(const Gesture& gesture) const
+/// Whether the undo stack has run a move of the selected element since it had that index.
+bool DashCanvas::stackMovedSelection(int sinceUndoIndex) const
 {
     if (!m_undoStack)
         return false;
-    const auto [first, last] = std::minmax({gesture.undoIndex, m_undoStack->index()});
+    const auto [first, last] = std::minmax({sinceUndoIndex, m_undoStack->index()});
     for (int i = first; i < last; ++i) {
         const auto* const move = dynamic_cast<const MoveCommand*>(m_undoStack->command(i));
         if (move && move->moves(m_page, m_selectedIndex))
             return true;
     }
     return false;
-}
-
-/// Puts the dragged element back to where it was at the press, unless something else has moved it.
-/// Without a drag the page is not looked at: its record may have moved, and its owner not said so
-/// yet.
-void DashCanvas::takeBack(const Gesture& gesture)
-{
-    if (!gesture.isActive())
-        return;
-    DashElement* const element = selectedElement();
-    if (!element || geometryOf(*element) != gesture.live || stackMovedSelection(gesture))
-        return;
-    ::setGeometry(*element, gesture.start);
-    update();
 }

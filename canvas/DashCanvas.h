@@ -1,12 +1,12 @@
 #pragma once
 
+#include "canvas/DragGesture.h"
 #include "canvas/ElidedTexts.h"
 #include "canvas/GestureGeometry.h"
 #include "canvas/PageTransform.h"
 #include "canvas/SnapGrid.h"
 #include "canvas/SpeedUnit.h"
 #include "document/DashPage.h"
-#include "document/ElementGeometry.h"
 
 #include <QPointF>
 #include <QPointer>
@@ -20,11 +20,13 @@ class TelemetrySession;
 
 /// Shows one page, scaled to fit and centred, and edits its elements with mouse and keyboard.
 ///
-/// A drag changes the record live and becomes one MoveCommand on release. An undo, a redo or a
-/// deletion in the middle of a drag ends it, and the element stands again where it was at the
-/// press, or where that step has put it. The canvas owns neither the page nor the document, the
-/// session or the undo stack; whoever frees or moves a page's record must call setPage or
-/// rebindPage before the canvas handles its next event.
+/// A drag changes the record live and becomes one MoveCommand on release. Any command that runs
+/// during a drag cancels it first; see cancelDrag.
+///
+/// The canvas owns neither page, document, session nor undo stack. It points into the records: when
+/// one moves or goes, call setPage or rebindPage before the canvas handles its next event.
+///
+/// Accessible name and description give the page, the selected element and its place.
 class DashCanvas : public QWidget
 {
     Q_OBJECT
@@ -32,16 +34,14 @@ class DashCanvas : public QWidget
 public:
     explicit DashCanvas(QWidget* parent = nullptr);
 
-    /// Shows a page, or nothing for null; drops selection and gesture, emits nothing. An element
-    /// that is being dragged stays where it is.
+    /// Shows a page, or nothing for null, with no element selected. A drag ends and leaves its
+    /// element where it is. Emits nothing.
     void setPage(DashPage* page);
-    /// Shows the same page at its present place in memory, after the document's records have moved;
-    /// selectedIndex is where the selected element stands now, -1 when it is gone. Ends a gesture
-    /// in progress, taking the drag back if the element is still where the drag left it; emits
-    /// nothing.
+    /// Shows the same page again after records moved in memory. Cancels a drag; emits nothing.
+    /// @param selectedIndex the selected element's index by now, -1 when it is gone
     void rebindPage(DashPage* page, int selectedIndex);
-    /// The document whose pages are shown, so that commands can find them again. Null for a canvas
-    /// that shows a page of no document.
+    /// The document whose pages are shown, so that commands can find them again. Null for a page
+    /// that belongs to no document.
     void setDocument(DashboardDocument* document) { m_document = document; }
     void setSession(TelemetrySession* session);
     /// Replay position in seconds; repaints at once.
@@ -52,9 +52,8 @@ public:
     void setSnap(bool enabled, int gridSize);
     void setUndoStack(QUndoStack* stack);
 
-    /// Ends a drag in progress: the element is back where the drag began, unless something else has
-    /// moved it since. Emits nothing; does nothing without a drag. To be called before any command
-    /// that may run during a drag.
+    /// Ends a drag and restores its element, unless something else has moved that since. Emits
+    /// nothing; does nothing without a drag. Call it before any command that may run during one.
     void cancelDrag();
 
     [[nodiscard]] DashPage* page() const { return m_page; }
@@ -71,16 +70,16 @@ public:
     [[nodiscard]] int snapValue(int v) const;
 
 public Q_SLOTS:
-    /// Nothing selected, no gesture; emits nothing.
+    /// Selects nothing. A drag ends and leaves its element where it is. Emits nothing.
     void clearSelectionAndRepaint();
 
 Q_SIGNALS:
-    /// A press changed the selection; -1 when it hit nothing.
+    /// A press changed the selection; -1 for none.
     void elementSelected(int index);
-    /// A drag that changed something has ended; values after the change, in display pixels.
+    /// A drag that changed something was released; the new values, in display pixels.
     void elementMoved(int index, int newX, int newY);
     void elementResized(int index, int newW, int newH);
-    /// Delete or Backspace with an element selected. The canvas itself deletes nothing.
+    /// Delete or Backspace was pressed with an element selected. The canvas deletes nothing.
     void deleteRequested(int index);
     /// Space was pressed: start or stop the replay.
     void playToggleRequested();
@@ -97,37 +96,26 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    /// A drag from its press to its release.
-    struct Gesture
-    {
-        GestureGeometry::DragMode mode = GestureGeometry::DragMode::Idle;
-        QPoint press;          ///< widget pixels
-        ElementGeometry start; ///< the element at the press
-        ElementGeometry live;  ///< where the drag has taken it
-        int undoIndex = 0;     ///< of the undo stack at the press
-
-        [[nodiscard]] bool isActive() const { return mode != GestureGeometry::DragMode::Idle; }
-    };
-
     [[nodiscard]] PageTransform transform() const;
     [[nodiscard]] DashElement* elementAt(int index) const;
     [[nodiscard]] DashElement* selectedElement() const { return elementAt(m_selectedIndex); }
     [[nodiscard]] int hitTest(const QPoint& point) const;
     [[nodiscard]] PageRef pageRef() const;
-    void beginGesture(GestureGeometry::DragMode mode, const QPoint& press);
-    void commit(const Gesture& gesture);
-    void takeBack(const Gesture& gesture);
+    void select(int index);
+    void describe();
+    void beginDrag(GestureGeometry::DragMode mode, const QPoint& press);
+    void commit(const DragGesture& drag);
+    void onUndoIndexChanged();
+    [[nodiscard]] bool stackMovedSelection(int sinceUndoIndex) const;
     [[nodiscard]] bool handleDeleteKey();
     [[nodiscard]] bool handleNavigationKey(const QKeyEvent& event);
-    void onUndoIndexChanged();
-    [[nodiscard]] bool stackMovedSelection(const Gesture& gesture) const;
 
     DashPage* m_page = nullptr;
     DashboardDocument* m_document = nullptr;
     QPointer<QUndoStack> m_undoStack;
     TelemetrySession* m_session = nullptr;
     int m_selectedIndex = -1;
-    Gesture m_gesture;
+    DragGesture m_drag;
     SnapGrid m_grid;
     double m_replaySeconds = 0.0;
     SpeedUnit m_speedUnit = SpeedUnit::KilometresPerHour;
