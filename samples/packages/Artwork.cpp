@@ -54,8 +54,8 @@ void line(QPainter& painter, const QPen& pen, const QPointF& from, const QPointF
     painter.drawLine(from, to);
 }
 
-// The carbon fibre look: two strands that cross.
-void paintWeave(QPainter& painter, const QRect& page)
+// A texture like carbon fibre, two strands that cross, and the band of the header.
+void paintBackdrop(QPainter& painter, const QRect& page, int headerHeight, const QColor& accent)
 {
     QImage weave(8, 8, QImage::Format_ARGB32_Premultiplied);
     for (int i = 0; i < 64; ++i) {
@@ -64,14 +64,12 @@ void paintWeave(QPainter& painter, const QRect& page)
     }
     painter.fillRect(page, shade(page, 0x1d2127, 0x0c0e11));
     painter.fillRect(page, QBrush(weave));
-}
 
-void paintHeader(QPainter& painter, const QRect& band, const QColor& accent)
-{
-    painter.fillRect(band, shade(band, 0x2a2f37, 0x121519));
+    const QRect band(0, 0, page.width(), headerHeight);
     QLinearGradient edge(band.bottomLeft(), band.bottomRight());
     edge.setStops({{0, accent}, {1, withAlpha(accent, 40)}});
-    painter.fillRect(band.left(), band.bottom() - 1, band.width(), 2, edge);
+    painter.fillRect(band, shade(band, 0x2a2f37, 0x121519));
+    painter.fillRect(0, band.bottom() - 1, band.width(), 2, edge);
 }
 
 // The name behind a flag of three leaning stripes.
@@ -80,12 +78,13 @@ void paintName(QPainter& painter, const QRectF& band, const QString& name, const
     const double height = band.height() * 0.6;
     const double width = height / 3; // of a stripe, and how far it leans
     QPointF corner = band.topLeft() + QPointF(width, (band.height() - height) / 2);
+    const QPointF lean(width, 0);
     painter.setPen(Qt::NoPen);
     for (const int alpha : {255, 170, 90}) {
         painter.setBrush(withAlpha(accent, alpha));
-        painter.drawPolygon(
-            QPolygonF({corner + QPointF(width, 0), corner + QPointF(2 * width, 0),
-                       corner + QPointF(width, height), corner + QPointF(0, height)}));
+        const QPointF foot = corner + QPointF(0, height);
+        const QPointF stripe[] = {corner + lean, corner + 2 * lean, foot + lean, foot};
+        painter.drawPolygon(stripe, 4);
         corner.rx() += width * 1.4;
     }
     setType(painter, band.height() * 0.5, kInk);
@@ -93,24 +92,17 @@ void paintName(QPainter& painter, const QRectF& band, const QString& name, const
                      Qt::AlignVCenter | Qt::AlignLeft, name.toUpper());
 }
 
-// The raised frame round a tile.
-void paintBezel(QPainter& painter, const QRect& rect)
+// A raised frame or a sunken field, with a bright line along its upper or lower edge.
+void paintPanel(QPainter& painter, const QRect& rect, bool raised)
 {
-    const QRectF frame = QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.setPen(QColor(0x040506));
-    roundedBox(painter, frame, 5, shade(frame, 0x2c323a, 0x16191d));
-    line(painter, QColor(255, 255, 255, 34), frame.topLeft() + QPointF(5, 1),
-         frame.topRight() + QPointF(-5, 1));
-}
-
-// The sunken field that an element lies in.
-void paintWell(QPainter& painter, const QRect& rect)
-{
-    const QRectF field = QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.setPen(QColor(0, 0, 0, 200));
-    roundedBox(painter, field, 3, shade(field, 0x020304, 0x111418));
-    line(painter, QColor(255, 255, 255, 20), field.bottomLeft() + QPointF(3, 0),
-         field.bottomRight() - QPointF(3, 0));
+    const QRectF panel = QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    const double radius = raised ? 5 : 3;
+    const double edge = raised ? panel.top() + 1 : panel.bottom();
+    painter.setPen(raised ? QColor(0x040506) : QColor(0, 0, 0, 200));
+    roundedBox(painter, panel, radius,
+               raised ? shade(panel, 0x2c323a, 0x16191d) : shade(panel, 0x020304, 0x111418));
+    line(painter, QColor(255, 255, 255, raised ? 34 : 20), {panel.left() + radius, edge},
+         {panel.right() - radius, edge});
 }
 
 // The title at the left, the unit at the right when there is room for it.
@@ -312,8 +304,8 @@ void paintCarPlan(QPainter& painter, const QRectF& box, const QColor& accent)
 void paintTile(QPainter& painter, const Tile& tile, int titleBand, const QColor& accent)
 {
     const QRect well = tile.isElement() ? tile.element : tile.bezel.adjusted(4, 4, -4, -4);
-    paintBezel(painter, tile.bezel);
-    paintWell(painter, well);
+    paintPanel(painter, tile.bezel, true);
+    paintPanel(painter, well, false);
     if (tile.hasTitleBand())
         paintTitle(painter, {tile.bezel.topLeft(), QSize(tile.bezel.width(), titleBand)}, tile,
                    accent);
@@ -344,8 +336,7 @@ QImage SamplePackage::paintBackground(const Package& package, const Page& page)
     QImage image(package.size, QImage::Format_RGB32);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    paintWeave(painter, image.rect());
-    paintHeader(painter, {0, 0, package.size.width(), package.header}, page.accent);
+    paintBackdrop(painter, image.rect(), package.header, page.accent);
     paintName(painter, nameBand(package), page.name, page.accent);
     for (const Tile& tile : page.tiles)
         paintTile(painter, tile, package.titleBand, page.accent);

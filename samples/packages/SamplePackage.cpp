@@ -9,7 +9,6 @@ using namespace Qt::StringLiterals;
 using SamplePackage::Channel;
 using SamplePackage::Instrument;
 using SamplePackage::Package;
-using SamplePackage::Page;
 using SamplePackage::Range;
 using SamplePackage::Tile;
 
@@ -147,34 +146,28 @@ Readout 0 0 6 2 ENGINE/RPM/Alert*; Readout 0 2 3 1 THROTTLE/Throttle/Info
 Readout 3 2 3 1 GEAR/Gear_Pos/Caution*; Strip 0 3 6 1 LAUNCH|4800|READY
 )";
 
-// Places the tiles of a grid.
-struct Grid
-{
-    QRect area;
-    QSize cells;
-    int gap;
-
-    QRect rect(const QList<int>& cell) const
-    {
-        const auto x = [&](int column) { return column * area.width() / cells.width(); };
-        const auto y = [&](int row) { return row * area.height() / cells.height(); };
-        const QRect rect(area.topLeft() + QPoint(x(cell[0]), y(cell[1])),
-                         area.topLeft() + QPoint(x(cell[0] + cell[2]), y(cell[1] + cell[3])));
-        return rect.adjusted(0, 0, -gap - 1, -gap - 1);
-    }
-};
-
-Grid headerGrid(const Package& package)
+// Where a cell of a grid is: its column, row, columns and rows, in an area of the page between two
+// heights.
+QRect cellRect(const Package& package, int top, int bottom, const QSize& grid,
+               const QList<int>& cell)
 {
     const int gap = package.gap;
-    return {{gap, gap, package.size.width() - gap, package.header - gap}, {16, 1}, gap};
+    const auto x = [&](int column) {
+        return gap + column * (package.size.width() - gap) / grid.width();
+    };
+    const auto y = [&](int row) { return top + gap + row * (bottom - top - gap) / grid.height(); };
+    const QPoint corner(x(cell[0]), y(cell[1]));
+    return {corner, QPoint(x(cell[0] + cell[2]) - gap - 1, y(cell[1] + cell[3]) - gap - 1)};
 }
 
-Grid pageGrid(const Package& package)
+QRect headerRect(const Package& package, const QList<int>& cell)
 {
-    const int gap = package.gap;
-    const int top = package.header + gap;
-    return {{gap, top, package.size.width() - gap, package.size.height() - top}, package.grid, gap};
+    return cellRect(package, 0, package.header, {16, 1}, cell);
+}
+
+QRect pageRect(const Package& package, const QList<int>& cell)
+{
+    return cellRect(package, package.header, package.size.height(), package.grid, cell);
 }
 
 // "MINIMUM MAXIMUM", and the zone if it is drawn.
@@ -222,7 +215,7 @@ Enumeration parseName(QLatin1StringView names, const QString& name)
     return static_cast<Enumeration>(index);
 }
 
-Tile parseTile(const Package& package, const QString& text, const Grid& grid)
+Tile parseTile(const Package& package, const QString& text, decltype(&pageRect) place)
 {
     Tile tile;
     tile.labelled = text.endsWith(u'*');
@@ -239,7 +232,7 @@ Tile parseTile(const Package& package, const QString& text, const Grid& grid)
     else if (tile.channel && tile.instrument != Instrument::Lamp)
         tile.range = tile.channel->range;
     tile.bezel =
-        grid.rect({words[1].toInt(), words[2].toInt(), words[3].toInt(), words[4].toInt()});
+        place(package, {words[1].toInt(), words[2].toInt(), words[3].toInt(), words[4].toInt()});
     const int inset = package.gap / 2;
     tile.element = tile.bezel.adjusted(inset, inset, -inset, -inset);
     if (tile.hasTitleBand())
@@ -256,14 +249,12 @@ Package withPages(Package package, const QString& text)
         const bool newPage = line.startsWith("page "_L1);
         if (newPage) {
             const QStringList words = line.split(u'#');
-            package.pages.push_back({words[0].mid(5).trimmed(),
-                                     QColor(u'#' + words[1].left(6)),
-                                     !line.endsWith("bare"_L1),
-                                     {}});
+            const QColor accent(u'#' + words[1].left(6));
+            package.pages.push_back({words[0].mid(5).trimmed(), accent, !line.endsWith("bare"_L1)});
         }
         for (const QString& tile : (newPage ? header : line).split("; "_L1))
             package.pages.back().tiles.push_back(
-                parseTile(package, tile, newPage ? headerGrid(package) : pageGrid(package)));
+                parseTile(package, tile, newPage ? headerRect : pageRect));
     }
     return package;
 }
@@ -312,7 +303,7 @@ const std::vector<Channel>& SamplePackage::channels()
 
 QRect SamplePackage::nameBand(const Package& package)
 {
-    return headerGrid(package).rect({0, 0, 5, 1});
+    return headerRect(package, {0, 0, 5, 1});
 }
 
 std::vector<Package> SamplePackage::all()

@@ -74,7 +74,7 @@ struct Page
     QString name;
     QColor accent;
     bool hasBackground = true;
-    std::vector<Tile> tiles; ///< of the header, then of the page
+    std::vector<Tile> tiles{}; ///< of the header, then of the page
 };
 
 struct Package
@@ -89,7 +89,7 @@ struct Package
     int gap = 0;       ///< between tiles, and between tiles and the edge
     int titleBand = 0; ///< height of a tile's title
     QSize grid;        ///< columns and rows of tiles on a page
-    std::vector<Page> pages;
+    std::vector<Page> pages{};
 };
 
 /// The channels of the sample devices. Long names are unique.

@@ -43,15 +43,11 @@ double warmUp(double from, double to, double minutes, const CarState& car)
     return to + (from - to) * std::exp(-car.time / (60.0 * minutes));
 }
 
-double driveSlip(const CarState& car)
-{
-    return 0.04 * car.throttle - 0.03 * car.brake;
-}
-
-// km/h of a wheel on that side: 1 right, -1 left.
-double wheelSpeed(const CarState& car, int side, double slip = 0.0)
+// km/h of a wheel. Side: 1 right, -1 left. Driven wheels slip.
+double wheelSpeed(const CarState& car, int side, bool driven)
 {
     constexpr double kHalfTrack = 0.75; // metres from the middle of the car to a wheel
+    const double slip = driven ? 0.04 * car.throttle - 0.03 * car.brake : 0.0;
     return 3.6 * (car.speed + side * kHalfTrack * car.yawRate) * (1.0 + slip);
 }
 
@@ -68,11 +64,6 @@ double steeringWheel(const CarState& car)
     constexpr double kWheelbase = 2.6;
     constexpr double kRatio = 12.0; // of the steering wheel to the road wheels
     return kRatio * std::atan(kWheelbase * car.place.curvature) * kDegrees;
-}
-
-double longitude(const CarState& car)
-{
-    return 11.2 + car.place.x / (kMetresPerDegree * std::cos(kStartLatitude / kDegrees));
 }
 
 #define FROM(expression) [](const CarState& car) -> double { return expression; }
@@ -103,10 +94,10 @@ constexpr RecordedChannel kChannels[] = {
      FROM(-0.4 + 1.5 * car.throttle * std::min(1.0, car.rpm / 5500.0))},
     {kPlain, "Battery_Voltage", "V", 10, 2, 0.03, FROM(car.rpm > 2000.0 ? 13.9 : 13.2)},
     {kPlain, "Lambda1", "lambda", 20, 3, 0.01, FROM(1.02 - 0.15 * car.throttle)},
-    {kPlain, "Wheel_Speed FL", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, -1)), 0.0},
-    {kPlain, "Wheel_Speed FR", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, 1)), 0.0},
-    {kPlain, "Wheel_Speed RL", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, -1, driveSlip(car))), 0.0},
-    {kPlain, "Wheel_Speed RR", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, 1, driveSlip(car))), 0.0},
+    {kPlain, "Wheel_Speed FL", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, -1, false)), 0.0},
+    {kPlain, "Wheel_Speed FR", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, 1, false)), 0.0},
+    {kPlain, "Wheel_Speed RL", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, -1, true)), 0.0},
+    {kPlain, "Wheel_Speed RR", "km/h", 50, 1, 0.3, FROM(wheelSpeed(car, 1, true)), 0.0},
     {kPlain, "Damper FL", "mm", 50, 1, 0.6, FROM(damper(car, -1, -1))},
     {kPlain, "Damper FR", "mm", 50, 1, 0.6, FROM(damper(car, 1, -1))},
     {kPlain, "Damper RL", "mm", 50, 1, 0.6, FROM(damper(car, -1, 1))},
@@ -121,7 +112,8 @@ constexpr RecordedChannel kChannels[] = {
     {kGpsRaw, "GPS Altitude", "m", 10, 1, 0.2, FROM(car.altitude)},
     {kGpsRaw, "GPS Latitude", "deg", 10, 7, 0.0,
      FROM(kStartLatitude + car.place.y / kMetresPerDegree)},
-    {kGpsRaw, "GPS Longitude", "deg", 10, 7, 0.0, FROM(longitude(car))},
+    {kGpsRaw, "GPS Longitude", "deg", 10, 7, 0.0,
+     FROM(11.2 + car.place.x / (kMetresPerDegree * std::cos(kStartLatitude / kDegrees)))},
     {kGpsRaw, "GPS Accuracy", "m", 10, 2, 0.1, FROM(car.time < 20.0 ? 2.4 : 0.9)},
 };
 
@@ -144,9 +136,8 @@ void append(std::string& text, double number, int decimals)
 void appendChannel(std::string& text, std::size_t index, const std::vector<CarState>& states)
 {
     const RecordedChannel& channel = kChannels[index];
-    text += std::string("channel\t").append(RecordingText::kFamilyWords[channel.family]);
-    text += std::string("\t") + channel.name + "\t" + channel.units + "\n";
-
+    text += std::string("channel\t").append(RecordingText::kFamilyWords[channel.family]) + "\t" +
+            channel.name + "\t" + channel.units + "\n";
     const auto stride = static_cast<std::size_t>(kStatesPerSecond / channel.rate);
     for (std::size_t i = 0; i < states.size(); i += stride) {
         const bool plain = channel.family == kPlain; // seconds; the others milliseconds
