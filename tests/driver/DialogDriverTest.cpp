@@ -50,6 +50,16 @@ TEST_F(DialogDriverTest, AnswersADialogThatAnAnswerOpens)
     EXPECT_EQ(m_reports, QStringList());
 }
 
+TEST_F(DialogDriverTest, LeavesADialogAloneWhileItsAnswerWaits)
+{
+    m_driver.expect<QMessageBox>([](QMessageBox& box) {
+        QTest::qWait(30);
+        DialogDriver::press(box, QMessageBox::Yes);
+    });
+    EXPECT_EQ(ask(QStringLiteral("slow")), QMessageBox::Yes);
+    EXPECT_EQ(m_reports, QStringList());
+}
+
 TEST_F(DialogDriverTest, ClosesAndReportsADialogWithoutAnswer)
 {
     ask(QStringLiteral("surprise"));
