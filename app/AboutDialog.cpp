@@ -1,5 +1,7 @@
 #include "app/AboutDialog.h"
 
+#include "widgets/ScaledPixmap.h"
+
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -43,7 +45,7 @@ AboutDialog::AboutDialog(const QString& iconPath, QWidget* parent) : QDialog(par
     const QPixmap icon(iconPath);
     if (!icon.isNull()) {
         QLabel* const iconLabel = centredLabel(QStringLiteral("iconLabel"));
-        iconLabel->setPixmap(icon.scaled(kIconSize, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+        iconLabel->setPixmap(scaledToFit(icon, kIconSize, *this));
         layout->addWidget(iconLabel);
     }
     layout->addWidget(

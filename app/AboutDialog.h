@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-/// Says what the program is. The icon is left out when iconPath cannot be read.
+/// Name, version and origin of the program. Without icon when `iconPath` cannot be read.
 class AboutDialog : public QDialog
 {
     Q_OBJECT

@@ -1,21 +1,14 @@
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
+#include <QScopeGuard>
 
-/// Shows the busy cursor while it lives. Must be gone before a message box appears.
-class BusyCursor
-{
-public:
-    BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
-    BusyCursor(const BusyCursor&) = delete;
-    BusyCursor& operator=(const BusyCursor&) = delete;
-};
-
-/// Runs action under the busy cursor and hands back its result.
+/// Runs `action` under the busy cursor and returns its result. `action` must show no dialog.
 template <typename Action>
 [[nodiscard]] auto runBusy(const Action& action)
 {
-    const BusyCursor busy;
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto restore = qScopeGuard(&QGuiApplication::restoreOverrideCursor);
     return action();
 }

@@ -94,6 +94,19 @@ TEST(AboutDialog, ShowsTheIconScaledToFit)
     }
 }
 
+TEST(AboutDialog, TheIconUsesEveryPixelOfTheScreen)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("icon.png"));
+    QPixmap icon(512, 512);
+    icon.fill(Qt::green);
+    ASSERT_TRUE(icon.save(path));
+    const AboutDialog dialog(path, nullptr);
+    const QPixmap shown = label(dialog, "iconLabel")->pixmap();
+    EXPECT_EQ(shown.size(), QSize(160, 160) * dialog.devicePixelRatioF());
+    EXPECT_EQ(shown.deviceIndependentSize(), QSizeF(160, 160));
+}
+
 TEST(AboutDialog, OkIsTheOnlyButtonAndAccepts)
 {
     AboutDialog dialog(QString(), nullptr);
