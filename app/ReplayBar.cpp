@@ -2,12 +2,16 @@
 
 #include "app/ReplayText.h"
 #include "telemetry/ReplayClock.h"
+#include "widgets/JumpSlider.h"
+#include "widgets/LiteralToolTip.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QSlider>
+#include <QSignalBlocker>
+
+#include <algorithm>
 
 namespace {
 
@@ -15,6 +19,7 @@ constexpr QMargins kMargins{4, 2, 4, 2};
 constexpr int kPlayButtonWidth = 50;
 constexpr int kRateComboWidth = 45;
 constexpr int kTimeLabelWidth = 60;
+constexpr int kPagesPerRecording = 20; // steps of Page Up and Page Down from end to end
 
 } // namespace
 
@@ -44,7 +49,7 @@ void ReplayBar::createControls()
     m_rateCombo->setFixedWidth(kRateComboWidth);
     m_rateCombo->setEnabled(false);
 
-    m_slider = new QSlider(Qt::Horizontal);
+    m_slider = new JumpSlider;
     m_slider->setObjectName(QStringLiteral("replaySlider"));
     m_slider->setAccessibleName(tr("Replay position"));
     m_slider->setRange(0, 0);
@@ -57,28 +62,46 @@ void ReplayBar::createControls()
 
 void ReplayBar::connectControls()
 {
-    connect(m_slider, &QSlider::rangeChanged, m_clock,
-            [this](int, int maximum) { m_clock->setMaximum(maximum); });
-    connect(m_slider, &QSlider::valueChanged, this, &ReplayBar::onPositionChanged);
-    connect(m_clock, &ReplayClock::positionChanged, m_slider, &QSlider::setValue);
+    connect(m_clock, &ReplayClock::maximumChanged, this, &ReplayBar::onMaximumChanged);
+    connect(m_clock, &ReplayClock::positionChanged, this, &ReplayBar::onPositionChanged);
     connect(m_clock, &ReplayClock::playingChanged, this, &ReplayBar::onPlayingChanged);
+    connect(m_slider, &QSlider::valueChanged, m_clock, &ReplayClock::setPosition);
     connect(m_playButton, &QPushButton::clicked, m_clock, &ReplayClock::togglePlaying);
     connect(m_rateCombo, &QComboBox::currentIndexChanged, m_clock, &ReplayClock::setRate);
 }
 
 void ReplayBar::setDuration(double seconds)
 {
-    m_slider->setRange(0, ReplayText::lastPosition(seconds));
-    m_slider->setValue(0);
+    m_clock->setMaximum(ReplayText::lastPosition(seconds));
+    m_clock->rewind();
     m_slider->setEnabled(true);
     m_playButton->setEnabled(true);
     m_rateCombo->setEnabled(true);
-    onPositionChanged(0); // the slider says nothing when it stood at 0 already
+}
+
+void ReplayBar::setRecordingTip(const QString& text)
+{
+    const QString tip = text.isEmpty() ? text : literalMarkup(text);
+    m_slider->setToolTip(tip);
+    m_timeLabel->setToolTip(tip);
+}
+
+void ReplayBar::togglePlaying()
+{
+    m_playButton->click(); // ignored while the button is disabled
+}
+
+void ReplayBar::onMaximumChanged(int maximum)
+{
+    const QSignalBlocker quiet(m_slider);
+    m_slider->setMaximum(maximum);
+    m_slider->setPageStep(std::max(maximum / kPagesPerRecording, ReplayClock::kTicksPerSecond));
 }
 
 void ReplayBar::onPositionChanged(int position)
 {
-    m_clock->setPosition(position);
+    const QSignalBlocker quiet(m_slider);
+    m_slider->setValue(position);
     m_timeLabel->setText(ReplayText::timeText(position));
     Q_EMIT timeChanged(m_clock->seconds());
 }

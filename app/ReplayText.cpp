@@ -4,11 +4,13 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <limits>
 
 namespace {
 
 constexpr int kSecondsPerMinute = 60;
+constexpr qsizetype kNamedChannels = 30; // as many as a tool tip has room for
 
 /// Converts to int without leaving its range; not-a-number counts as 0.
 int truncated(double value)
@@ -22,6 +24,16 @@ int truncated(double value)
 QString twoDigits(int number)
 {
     return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+}
+
+QString minutesOf(double duration)
+{
+    return twoDigits(truncated(duration) / kSecondsPerMinute);
+}
+
+QString secondsOf(double duration)
+{
+    return twoDigits(truncated(duration) % kSecondsPerMinute);
 }
 
 } // namespace
@@ -41,9 +53,19 @@ QString ReplayText::timeText(int position)
 
 QString ReplayText::loadedText(const QString& fileName, qsizetype channelCount, double duration)
 {
-    const int seconds = truncated(duration);
     return QCoreApplication::translate("ReplayText",
                                        "Loaded XRK: %1 | %2 channels | Duration: %3:%4")
-        .arg(fileName, QString::number(channelCount), twoDigits(seconds / kSecondsPerMinute),
-             twoDigits(seconds % kSecondsPerMinute));
+        .arg(fileName, QString::number(channelCount), minutesOf(duration), secondsOf(duration));
+}
+
+QString ReplayText::recordingTip(const QString& fileName, const QStringList& channels,
+                                 double duration)
+{
+    QStringList named = channels.first(std::min(channels.size(), kNamedChannels));
+    if (named.size() < channels.size())
+        named << QStringLiteral("...");
+    return QCoreApplication::translate("ReplayText",
+                                       "%1 | %2 channels | Duration: %3:%4 | Channels: %5")
+        .arg(fileName, QString::number(channels.size()), minutesOf(duration), secondsOf(duration),
+             named.join(QStringLiteral(", ")));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// Texts and numbers of the replay, free of widgets. All of them truncate, none rounds.
 namespace ReplayText {
@@ -14,5 +15,9 @@ namespace ReplayText {
 
 /// What the status bar says about a recording that was loaded. The duration is in seconds.
 [[nodiscard]] QString loadedText(const QString& fileName, qsizetype channelCount, double duration);
+
+/// The same for the tool tip of the replay, with the names of the first channels. Plain text.
+[[nodiscard]] QString recordingTip(const QString& fileName, const QStringList& channels,
+                                   double duration);
 
 } // namespace ReplayText

@@ -35,7 +35,11 @@ double ReplayClock::seconds() const
 
 void ReplayClock::setMaximum(int maximum)
 {
-    m_maximum = std::max(maximum, 0);
+    const int valid = std::max(maximum, 0);
+    if (valid != m_maximum) {
+        m_maximum = valid;
+        Q_EMIT maximumChanged(valid);
+    }
     setPosition(m_position);
 }
 
@@ -46,6 +50,12 @@ void ReplayClock::setPosition(int position)
         return;
     m_position = clamped;
     Q_EMIT positionChanged(clamped);
+}
+
+void ReplayClock::rewind()
+{
+    m_position = 0;
+    Q_EMIT positionChanged(0);
 }
 
 void ReplayClock::togglePlaying()

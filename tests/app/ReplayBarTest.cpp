@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTest>
+#include <QTextDocument>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -217,4 +218,68 @@ TEST_F(ReplayBarTest, KeepsRealTime)
     click(m_play);
     ASSERT_TRUE(QTest::qWaitFor([this] { return m_slider->value() >= 5; }, 5000));
     EXPECT_GE(clock.elapsed(), 450);
+}
+
+TEST_F(ReplayBarTest, AClickInTheGrooveGoesThere)
+{
+    m_bar.setDuration(100.0);
+    QTest::mouseClick(m_slider, Qt::LeftButton, {}, m_slider->rect().center());
+    EXPECT_NEAR(m_slider->value(), 500, 3);
+    EXPECT_EQ(m_times.constLast()[0].toDouble(), m_slider->value() / 10.0);
+}
+
+TEST_F(ReplayBarTest, PageKeysMoveByATwentiethAndAtLeastASecond)
+{
+    const auto pageStep = [this](double seconds) {
+        m_bar.setDuration(seconds);
+        QTest::keyClick(m_slider, Qt::Key_PageUp);
+        const int step = m_slider->value();
+        QTest::keyClick(m_slider, Qt::Key_PageDown);
+        EXPECT_EQ(m_slider->value(), 0);
+        return step;
+    };
+    EXPECT_EQ(pageStep(400.0), 200);
+    EXPECT_EQ(pageStep(19.9), 10);
+    EXPECT_EQ(pageStep(20.4), 10);
+    EXPECT_EQ(pageStep(100.0), 50);
+}
+
+TEST_F(ReplayBarTest, ToggleIsAClickOnPlay)
+{
+    m_bar.togglePlaying();
+    EXPECT_FALSE(m_timer->isActive()) << "there is no recording";
+    m_bar.setDuration(100.0);
+    m_bar.togglePlaying();
+    EXPECT_TRUE(m_timer->isActive());
+    m_bar.togglePlaying();
+    EXPECT_FALSE(m_timer->isActive());
+}
+
+TEST_F(ReplayBarTest, SliderAndTimeTellTheRecordingVerbatim)
+{
+    EXPECT_TRUE(m_slider->toolTip().isEmpty());
+    m_bar.setRecordingTip(QStringLiteral("<b>lap</b>.xrk"));
+    for (const QWidget* const widget : std::initializer_list<const QWidget*>{m_slider, m_label}) {
+        QTextDocument shown;
+        shown.setHtml(widget->toolTip());
+        EXPECT_EQ(shown.toPlainText(), QStringLiteral("<b>lap</b>.xrk"));
+    }
+    m_bar.setRecordingTip({});
+    EXPECT_TRUE(m_slider->toolTip().isEmpty());
+    EXPECT_TRUE(m_label->toolTip().isEmpty());
+}
+
+// What the slider shows comes from the clock and must not go back there.
+TEST_F(ReplayBarTest, EveryMoveIsAnnouncedOnce)
+{
+    m_bar.setDuration(100.0);
+    m_times.clear();
+    m_slider->setValue(700);
+    EXPECT_EQ(m_times.count(), 1);
+    tick();
+    EXPECT_EQ(m_times.count(), 2);
+    m_bar.setDuration(50.0); // the slider is clamped on the way
+    EXPECT_EQ(m_slider->value(), 0);
+    EXPECT_EQ(m_times.constLast()[0].toDouble(), 0.0);
+    EXPECT_EQ(m_slider->maximum(), 500);
 }

@@ -95,6 +95,26 @@ TEST_F(ReplayClockTest, FollowsAShorterRecording)
     EXPECT_THAT(m_events, ElementsAre("position 100", "position 50", "position 0"));
 }
 
+TEST_F(ReplayClockTest, TellsTheLengthBeforeThePositionThatItCuts)
+{
+    QObject::connect(&m_clock, &ReplayClock::maximumChanged, &m_clock, [this](int maximum) {
+        m_events.push_back("maximum " + std::to_string(maximum));
+    });
+    m_clock.setMaximum(123);
+    m_clock.setPosition(100);
+    m_clock.setMaximum(50);
+    EXPECT_THAT(m_events, ElementsAre("position 100", "maximum 50", "position 50"));
+}
+
+TEST_F(ReplayClockTest, RewindTellsThePositionInAnyCase)
+{
+    m_clock.setPosition(9);
+    m_clock.rewind();
+    m_clock.rewind();
+    EXPECT_EQ(m_clock.position(), 0);
+    EXPECT_THAT(m_events, ElementsAre("position 9", "position 0", "position 0"));
+}
+
 TEST_F(ReplayClockTest, PlaysAndStops)
 {
     m_clock.togglePlaying();
