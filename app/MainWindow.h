@@ -11,6 +11,7 @@ class DashCanvas;
 class PageListPanel;
 class PropertyPanel;
 class QLabel;
+class QToolBar;
 class QUndoStack;
 class ReplayBar;
 struct InsertElementSpec;
@@ -19,7 +20,7 @@ struct InsertElementSpec;
 /// panes, wires them together and answers the menus. It draws nothing and edits nothing itself:
 /// edits are commands on the undo stack, gestures and property edits belong to the panes.
 ///
-/// The panes keep pointers into the document's records. The window points them anew, or clears
+/// The panes keep pointers into the document's records. syncPanes() points them anew, or clears
 /// them, after every change that moves or frees records.
 class MainWindow : public QMainWindow
 {
@@ -37,6 +38,9 @@ public:
     void saveDashboard();
     void saveDashboardAs();
     void loadTelemetry();
+    /// One step of the history; names it in the status bar when it changed a page not shown.
+    void undo();
+    void redo();
     void newPage();
     void insertElement();
     void deleteSelectedElement();
@@ -47,30 +51,33 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void createPanes();
-    void createActions();
-    void createHistoryActions();
+    void layOutPanes();
     void createMenus();
     void createToolBar();
+    void addGridSnap(QToolBar* bar);
+    void addSpeedUnit(QToolBar* bar);
     void createStatusBar();
     void connectPanes();
 
+    // The panes, and what they show.
+    void syncPanes();
+    void updateWindowTitle();
     void onPageSelected(int index);
     void onElementSelected(int index);
-    void onElementGeometryChanged();
-    void onUndoIndexChanged();
-
+    void showPageBeside(int step);
     [[nodiscard]] DashPage* currentPage();
-    void rebuildPageList();
-    void showElement(DashElement& element);
-    void clearPanel();
-    void rebindPanes();
-    void updateWindowTitle();
-    void showOpened(const QString& path);
+
+    // Parts of the commands.
+    void openPackage(const QString& path);
     [[nodiscard]] bool saveTo(const QString& path);
+    void loadRecording(const QString& path);
     void insertOn(const DashPage& page, const InsertElementSpec& spec);
+    void travel(int command, void (QUndoStack::*step)(), const QString& message);
 
     // Declared so that the recording goes first and the document last.
     DashboardDocument m_document;
@@ -80,7 +87,7 @@ private:
     QUndoStack* m_undoStack = nullptr;
     QString m_currentFilePath; // empty before the first successful open
     int m_currentPage = 0;
-    ElementKey m_shownElement; // what the property panel shows
+    ElementKey m_selected; // in canvas and property panel alike
     TelemetrySession m_telemetry;
     ReplayBar* m_replayBar = nullptr;
     QLabel* m_targetDeviceBadge = nullptr;

@@ -2,148 +2,313 @@
 
 #include "app/MainWindow.h"
 #include "canvas/DashCanvas.h"
+#include "canvas/SpeedUnit.h"
+#include "widgets/FocusWheelComboBox.h"
+#include "widgets/LiteralToolTip.h"
 
 #include <QAction>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 #include <QMenuBar>
 #include <QToolBar>
 #include <QUndoStack>
 
-#include <functional>
-#include <vector>
+#include <array>
+#include <utility>
 
 namespace {
 
 constexpr int kGridStep = 10; // display pixels
 constexpr int kSpeedComboWidth = 65;
-constexpr const char* kSeparator = nullptr;
 
-struct ActionSpec
+/// The keys of an action: those that the platform has for a standard command, or one combination.
+struct Keys
 {
-    const char* id; ///< object name
-    QString text;
-    QList<QKeySequence> shortcuts;
-    std::function<void(MainWindow*)> handler;
+    constexpr Keys() = default;
+    constexpr Keys(QKeySequence::StandardKey key) : standard(key) {}
+    constexpr Keys(QKeyCombination keys) : combination(keys) {}
+
+    [[nodiscard]] QList<QKeySequence> sequences() const
+    {
+        if (combination.toCombined() != 0)
+            return {combination};
+        return QKeySequence::keyBindings(standard);
+    }
+
+    QKeySequence::StandardKey standard = QKeySequence::UnknownKey;
+    QKeyCombination combination = QKeyCombination::fromCombined(0);
 };
 
-/// Every action but undo and redo, which the stack makes. Shortcuts work in the whole window; the
-/// toolbar's actions carry none, because the same shortcut twice would be ambiguous.
-std::vector<ActionSpec> actionTable()
+/// Places in menus and toolbar: entries are in the order of the table, with a separator between
+/// groups.
+enum class MenuGroup
 {
-    const auto standard = &QKeySequence::keyBindings;
-    return {
-        {"openAction", MainWindow::tr("&Open..."), standard(QKeySequence::Open),
-         &MainWindow::openDashboard},
-        {"saveAction", MainWindow::tr("&Save"), standard(QKeySequence::Save),
-         &MainWindow::saveDashboard},
-        {"saveAsAction",
-         MainWindow::tr("Save &As..."),
-         {Qt::CTRL | Qt::SHIFT | Qt::Key_S},
-         &MainWindow::saveDashboardAs},
-        {"loadTelemetryAction",
-         MainWindow::tr("Load &XRK Data..."),
-         {},
-         &MainWindow::loadTelemetry},
-        {"exitAction", MainWindow::tr("E&xit"), {}, &QWidget::close},
-        {"insertElementAction",
-         MainWindow::tr("&Insert Element..."),
-         {Qt::CTRL | Qt::Key_I},
-         &MainWindow::insertElement},
-        {"deleteElementAction", MainWindow::tr("&Delete Element"), standard(QKeySequence::Delete),
-         &MainWindow::deleteSelectedElement},
-        {"clearPageAction", MainWindow::tr("&Clear Page"), {}, &MainWindow::clearPage},
-        {"newPageAction",
-         MainWindow::tr("&New Page"),
-         {Qt::CTRL | Qt::SHIFT | Qt::Key_N},
-         &MainWindow::newPage},
-        {"aboutAction", MainWindow::tr("&About Gaugewright..."), {}, &MainWindow::showAbout},
-        {"toolbarOpenAction", MainWindow::tr("Open"), {}, &MainWindow::openDashboard},
-        {"toolbarSaveAction", MainWindow::tr("Save"), {}, &MainWindow::saveDashboard},
-        {"toolbarLoadTelemetryAction", MainWindow::tr("Load XRK"), {}, &MainWindow::loadTelemetry},
-    };
+    Files,
+    Recording,
+    Exit,
+    History,
+    Elements,
+    Pages,
+    Help
+};
+enum class ToolGroup
+{
+    None,
+    Files,
+    History,
+    Recording
+};
+
+/// An entry that names the command that it would undo or redo, and is enabled when there is one.
+enum class History
+{
+    None,
+    Undo,
+    Redo
+};
+
+using Handler = void (*)(MainWindow*);
+
+template <auto Member>
+void call(MainWindow* window)
+{
+    static_cast<void>((window->*Member)());
 }
 
-/// Adds the window's actions of these names to a menu or toolbar.
-template <typename Bar>
-void addEntries(Bar* bar, const MainWindow* window, const std::vector<const char*>& ids)
+struct MenuRow
 {
-    for (const char* const id : ids) {
-        if (id == kSeparator)
-            bar->addSeparator();
-        else
-            bar->addAction(window->findChild<QAction*>(QLatin1String(id)));
+    const char* id; ///< object name
+    const char* title;
+    MenuGroup first;
+    MenuGroup last;
+};
+
+/// An action's button in the toolbar: an action too, without shortcuts, because the same shortcut
+/// twice would be ambiguous.
+struct ToolButton
+{
+    ToolGroup group = ToolGroup::None;
+    const char* id = nullptr; ///< object name
+    const char* text = nullptr;
+};
+
+/// One action with everything that it has.
+struct ActionRow
+{
+    MenuGroup group;
+    const char* id; ///< object name
+    const char* text;
+    Keys keys;
+    Handler handler;
+    ToolButton button = {};
+    History history = History::None;
+};
+
+constexpr std::array kMenus{
+    MenuRow{"fileMenu", QT_TRANSLATE_NOOP("MainWindow", "&File"), MenuGroup::Files,
+            MenuGroup::Exit},
+    MenuRow{"editMenu", QT_TRANSLATE_NOOP("MainWindow", "&Edit"), MenuGroup::History,
+            MenuGroup::Pages},
+    MenuRow{"helpMenu", QT_TRANSLATE_NOOP("MainWindow", "&Help"), MenuGroup::Help, MenuGroup::Help},
+};
+
+constexpr std::array kActions{
+    ActionRow{MenuGroup::Files,
+              "openAction",
+              QT_TRANSLATE_NOOP("MainWindow", "&Open..."),
+              {QKeySequence::Open},
+              call<&MainWindow::openDashboard>,
+              {ToolGroup::Files, "toolbarOpenAction", QT_TRANSLATE_NOOP("MainWindow", "Open")}},
+    ActionRow{MenuGroup::Files,
+              "saveAction",
+              QT_TRANSLATE_NOOP("MainWindow", "&Save"),
+              {QKeySequence::Save},
+              call<&MainWindow::saveDashboard>,
+              {ToolGroup::Files, "toolbarSaveAction", QT_TRANSLATE_NOOP("MainWindow", "Save")}},
+    ActionRow{MenuGroup::Files,
+              "saveAsAction",
+              QT_TRANSLATE_NOOP("MainWindow", "Save &As..."),
+              {Qt::CTRL | Qt::SHIFT | Qt::Key_S},
+              call<&MainWindow::saveDashboardAs>},
+    ActionRow{MenuGroup::Recording,
+              "loadTelemetryAction",
+              QT_TRANSLATE_NOOP("MainWindow", "Load &XRK Data..."),
+              {},
+              call<&MainWindow::loadTelemetry>,
+              {ToolGroup::Recording, "toolbarLoadTelemetryAction",
+               QT_TRANSLATE_NOOP("MainWindow", "Load XRK")}},
+    ActionRow{MenuGroup::Exit,
+              "exitAction",
+              QT_TRANSLATE_NOOP("MainWindow", "E&xit"),
+              {},
+              call<&MainWindow::close>},
+    ActionRow{MenuGroup::History,
+              "undoAction",
+              QT_TRANSLATE_NOOP("MainWindow", "&Undo"),
+              {QKeySequence::Undo},
+              call<&MainWindow::undo>,
+              {ToolGroup::History, "toolbarUndoAction", QT_TRANSLATE_NOOP("MainWindow", "Undo")},
+              History::Undo},
+    ActionRow{MenuGroup::History,
+              "redoAction",
+              QT_TRANSLATE_NOOP("MainWindow", "&Redo"),
+              {QKeySequence::Redo},
+              call<&MainWindow::redo>,
+              {ToolGroup::History, "toolbarRedoAction", QT_TRANSLATE_NOOP("MainWindow", "Redo")},
+              History::Redo},
+    ActionRow{MenuGroup::Elements,
+              "insertElementAction",
+              QT_TRANSLATE_NOOP("MainWindow", "&Insert Element..."),
+              {Qt::CTRL | Qt::Key_I},
+              call<&MainWindow::insertElement>},
+    ActionRow{MenuGroup::Elements,
+              "deleteElementAction",
+              QT_TRANSLATE_NOOP("MainWindow", "&Delete Element"),
+              {QKeySequence::Delete},
+              call<&MainWindow::deleteSelectedElement>},
+    ActionRow{MenuGroup::Pages,
+              "clearPageAction",
+              QT_TRANSLATE_NOOP("MainWindow", "&Clear Page"),
+              {},
+              call<&MainWindow::clearPage>},
+    ActionRow{MenuGroup::Pages,
+              "newPageAction",
+              QT_TRANSLATE_NOOP("MainWindow", "&New Page"),
+              {Qt::CTRL | Qt::SHIFT | Qt::Key_N},
+              call<&MainWindow::newPage>},
+    ActionRow{MenuGroup::Help,
+              "aboutAction",
+              QT_TRANSLATE_NOOP("MainWindow", "&About Gaugewright..."),
+              {},
+              call<&MainWindow::showAbout>},
+};
+
+/// "&" would mark the key of the next letter.
+QString withoutMnemonics(QString text)
+{
+    return text.replace(u'&', QStringLiteral("&&"));
+}
+
+QString joined(const QString& prefix, const QString& step)
+{
+    return step.isEmpty() ? prefix : prefix + u' ' + step;
+}
+
+/// "Open (Ctrl+O)".
+QString toolTipOf(const QString& text, const ActionRow& row)
+{
+    const QList<QKeySequence> keys = row.keys.sequences();
+    if (keys.isEmpty())
+        return literalToolTip(text);
+    return literalToolTip(
+        MainWindow::tr("%1 (%2)").arg(text, keys.first().toString(QKeySequence::NativeText)));
+}
+
+/// Makes an action say what it would undo or redo: show gets the text of that step, empty for none.
+template <typename Show>
+void followHistory(const QUndoStack* stack, QAction* action, History history, const Show& show)
+{
+    const bool undoes = history == History::Undo;
+    const auto textChanged = undoes ? &QUndoStack::undoTextChanged : &QUndoStack::redoTextChanged;
+    const auto canChanged = undoes ? &QUndoStack::canUndoChanged : &QUndoStack::canRedoChanged;
+    QObject::connect(stack, textChanged, action, show);
+    QObject::connect(stack, canChanged, action, &QAction::setEnabled);
+    action->setEnabled(false);
+}
+
+QAction* createAction(MainWindow* window, const char* id, const char* text, Handler handler)
+{
+    auto* const action = new QAction(MainWindow::tr(text), window);
+    action->setObjectName(QLatin1String(id));
+    QObject::connect(action, &QAction::triggered, window, [=] { handler(window); });
+    return action;
+}
+
+QAction* createMenuAction(MainWindow* window, const QUndoStack* stack, const ActionRow& row)
+{
+    QAction* const action = createAction(window, row.id, row.text, row.handler);
+    action->setShortcuts(row.keys.sequences());
+    // Delete held too long must not end in "No element selected".
+    action->setAutoRepeat(row.keys.standard != QKeySequence::Delete);
+    if (row.history != History::None)
+        followHistory(stack, action, row.history, [action, row](const QString& step) {
+            action->setText(joined(MainWindow::tr(row.text), withoutMnemonics(step)));
+        });
+    return action;
+}
+
+QAction* createToolAction(MainWindow* window, const QUndoStack* stack, const ActionRow& row)
+{
+    QAction* const action = createAction(window, row.button.id, row.button.text, row.handler);
+    action->setToolTip(toolTipOf(action->text(), row));
+    if (row.history != History::None) {
+        action->setIconText(action->text()); // on the button, which keeps its place
+        followHistory(stack, action, row.history, [action, row](const QString& step) {
+            const QString prefix = MainWindow::tr(row.button.text);
+            action->setText(joined(prefix, withoutMnemonics(step)));
+            action->setToolTip(toolTipOf(joined(prefix, step), row));
+        });
     }
+    return action;
 }
 
 } // namespace
 
-void MainWindow::createActions()
-{
-    for (const ActionSpec& spec : actionTable()) {
-        auto* const action = new QAction(spec.text, this);
-        action->setObjectName(QLatin1String(spec.id));
-        action->setShortcuts(spec.shortcuts);
-        connect(action, &QAction::triggered, this,
-                [this, handler = spec.handler] { handler(this); });
-    }
-    createHistoryActions();
-}
-
-void MainWindow::createHistoryActions()
-{
-    QAction* const undo = m_undoStack->createUndoAction(this, tr("&Undo"));
-    undo->setObjectName(QStringLiteral("undoAction"));
-    undo->setShortcuts(QKeySequence::Undo);
-    QAction* const redo = m_undoStack->createRedoAction(this, tr("&Redo"));
-    redo->setObjectName(QStringLiteral("redoAction"));
-    redo->setShortcuts(QKeySequence::Redo);
-    m_undoStack->createUndoAction(this, tr("Undo"))
-        ->setObjectName(QStringLiteral("toolbarUndoAction"));
-    m_undoStack->createRedoAction(this, tr("Redo"))
-        ->setObjectName(QStringLiteral("toolbarRedoAction"));
-}
-
 void MainWindow::createMenus()
 {
-    const auto addMenu = [this](const char* id, const QString& title,
-                                const std::vector<const char*>& entries) {
-        QMenu* const menu = menuBar()->addMenu(title);
-        menu->setObjectName(QLatin1String(id));
-        addEntries(menu, this, entries);
-    };
-    addMenu("fileMenu", tr("&File"),
-            {"openAction", "saveAction", "saveAsAction", kSeparator, "loadTelemetryAction",
-             kSeparator, "exitAction"});
-    addMenu("editMenu", tr("&Edit"),
-            {"undoAction", "redoAction", kSeparator, "insertElementAction", "deleteElementAction",
-             kSeparator, "clearPageAction", "newPageAction"});
-    addMenu("helpMenu", tr("&Help"), {"aboutAction"});
+    for (const MenuRow& row : kMenus) {
+        QMenu* const menu = menuBar()->addMenu(tr(row.title));
+        menu->setObjectName(QLatin1String(row.id));
+        MenuGroup group = row.first;
+        for (const ActionRow& entry : kActions) {
+            if (entry.group < row.first || entry.group > row.last)
+                continue;
+            if (std::exchange(group, entry.group) != entry.group)
+                menu->addSeparator();
+            menu->addAction(createMenuAction(this, m_undoStack, entry));
+        }
+    }
 }
 
 void MainWindow::createToolBar()
 {
     QToolBar* const bar = addToolBar(tr("Main"));
     bar->setObjectName(QStringLiteral("mainToolBar"));
-    addEntries(bar, this,
-               {"toolbarOpenAction", "toolbarSaveAction", kSeparator, "toolbarUndoAction",
-                "toolbarRedoAction", kSeparator});
+    const auto addActions = [&](ToolGroup group) {
+        for (const ActionRow& row : kActions) {
+            if (row.button.group == group)
+                bar->addAction(createToolAction(this, m_undoStack, row));
+        }
+    };
+    addActions(ToolGroup::Files);
+    bar->addSeparator();
+    addActions(ToolGroup::History);
+    bar->addSeparator();
+    addGridSnap(bar);
+    bar->addSeparator();
+    addActions(ToolGroup::Recording);
+    bar->addSeparator();
+    addSpeedUnit(bar);
+}
 
-    auto* const gridSnapCheck = new QCheckBox(tr("Grid Snap"));
-    gridSnapCheck->setObjectName(QStringLiteral("gridSnapCheck"));
-    connect(gridSnapCheck, &QCheckBox::toggled, m_canvas,
+void MainWindow::addGridSnap(QToolBar* bar)
+{
+    auto* const check = new QCheckBox(tr("Grid Snap"));
+    check->setObjectName(QStringLiteral("gridSnapCheck"));
+    connect(check, &QCheckBox::toggled, m_canvas,
             [this](bool checked) { m_canvas->setSnap(checked, kGridStep); });
-    bar->addWidget(gridSnapCheck);
-    addEntries(bar, this, {kSeparator, "toolbarLoadTelemetryAction", kSeparator});
+    bar->addWidget(check);
+}
 
-    auto* const speedUnitCombo = new QComboBox;
-    speedUnitCombo->setObjectName(QStringLiteral("speedUnitCombo"));
-    speedUnitCombo->addItems({tr("km/h"), tr("mph"), tr("knots")}); // in the canvas's order
-    speedUnitCombo->setFixedWidth(kSpeedComboWidth);
-    connect(speedUnitCombo, &QComboBox::currentIndexChanged, m_canvas, &DashCanvas::setSpeedUnit);
-    auto* const speedLabel = new QLabel(tr(" Speed: "));
-    speedLabel->setBuddy(speedUnitCombo);
-    bar->addWidget(speedLabel);
-    bar->addWidget(speedUnitCombo);
+void MainWindow::addSpeedUnit(QToolBar* bar)
+{
+    auto* const combo = new FocusWheelComboBox;
+    combo->setObjectName(QStringLiteral("speedUnitCombo"));
+    combo->addItems(SpeedUnits::texts());
+    combo->setFixedWidth(kSpeedComboWidth);
+    connect(combo, &QComboBox::currentIndexChanged, m_canvas, &DashCanvas::setSpeedUnit);
+    auto* const label = new QLabel(tr(" Speed: "));
+    label->setBuddy(combo);
+    bar->addWidget(label);
+    bar->addWidget(combo);
 }

@@ -6,10 +6,12 @@
 #include "app/PageListPanel.h"
 #include "app/ReplayBar.h"
 #include "app/ReplayText.h"
+#include "app/StartPath.h"
 #include "app/commands/ClearPageCommand.h"
 #include "app/commands/DeleteCommand.h"
 #include "app/commands/InsertElementCommand.h"
 #include "app/commands/NewPageCommand.h"
+#include "app/commands/PageCommand.h"
 #include "canvas/DashCanvas.h"
 #include "dialogs/AddElementDialog.h"
 #include "document/FixedPaths.h"
@@ -41,25 +43,24 @@ void MainWindow::openDashboard()
 {
     const QString path = QFileDialog::getOpenFileName(this, tr("Open Dashboard"), QString(),
                                                       tr("AIM Dashboard (*.zconf2)"));
-    if (path.isEmpty())
-        return;
-    if (runBusy([&] { return m_document.open(path); }))
-        showOpened(path);
-    else
-        tellPlainly(this, QMessageBox::Critical, tr("Error"),
-                    tr("Failed to open file:\n%1").arg(path));
+    if (!path.isEmpty())
+        openPackage(path);
 }
 
-/// Everything that the panes show is gone by now: nothing may run before they point elsewhere.
-void MainWindow::showOpened(const QString& path)
+void MainWindow::openPackage(const QString& path)
 {
+    m_canvas->cancelDrag();
+    if (!runBusy([&] { return m_document.open(path); })) {
+        tellPlainly(this, QMessageBox::Critical, tr("Error"),
+                    tr("Failed to open file:\n%1").arg(path));
+        return;
+    }
+    // Everything that the panes show is gone: nothing may run before they are in step.
     m_currentFilePath = path;
     m_currentPage = 0;
-    rebuildPageList();
-    m_canvas->setPage(currentPage());
-    clearPanel();
+    m_selected = {};
+    syncPanes();
     m_undoStack->clear();
-    updateWindowTitle();
     statusBar()->showMessage(
         tr("Opened %1 (%2 pages)").arg(fileNameOf(path), QString::number(m_document.pageCount())));
 }
@@ -74,8 +75,9 @@ void MainWindow::saveDashboard()
 
 void MainWindow::saveDashboardAs()
 {
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save Dashboard As"), m_currentFilePath, tr("AIM Dashboard (*.zconf2)"));
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Save Dashboard As"), nearestPath(m_currentFilePath),
+                                     tr("AIM Dashboard (*.zconf2)"));
     if (path.isEmpty() || !saveTo(path))
         return;
     m_currentFilePath = path;
@@ -84,6 +86,7 @@ void MainWindow::saveDashboardAs()
 
 bool MainWindow::saveTo(const QString& path)
 {
+    m_canvas->cancelDrag();
     const bool saved = runBusy([&] { return m_document.save(path); });
     if (saved)
         statusBar()->showMessage(tr("Saved %1").arg(fileNameOf(path)));
@@ -95,22 +98,64 @@ bool MainWindow::saveTo(const QString& path)
 
 void MainWindow::loadTelemetry()
 {
-    const QString path =
-        QFileDialog::getOpenFileName(this, tr("Load XRK Telemetry Data"),
-                                     FixedPaths::recordingFolder(), tr("XRK Files (*.xrk)"));
-    if (path.isEmpty())
-        return;
+    const QString path = QFileDialog::getOpenFileName(this, tr("Load XRK Telemetry Data"),
+                                                      nearestFolder(FixedPaths::recordingFolder()),
+                                                      tr("XRK Files (*.xrk)"));
+    if (!path.isEmpty())
+        loadRecording(path);
+}
+
+void MainWindow::loadRecording(const QString& path)
+{
+    m_canvas->cancelDrag();
+    // The reader library is foreign code. When it crashes, the edits are in the unpack folder.
+    if (!m_document.overlayPath().isEmpty())
+        static_cast<void>(m_document.writeBack(m_document.overlayPath()));
     const QString library = FixedPaths::readerLibrary();
     if (!runBusy([&] { return m_telemetry.load(path, library); })) {
         m_canvas->update(); // the former recording is gone, and its values with it
+        m_replayBar->setRecordingTip({});
         tellPlainly(this, QMessageBox::Critical, tr("Error"),
-                    tr("Failed to load XRK file:\n%1\n\nCheck DLL path: %2").arg(path, library));
+                    tr("Failed to load XRK file:\n%1\n\nCheck DLL path: %2").arg(path, library),
+                    m_telemetry.errorString());
         return;
     }
+    const QStringList channels = m_telemetry.channelNames();
+    const QString name = fileNameOf(path);
     m_canvas->setSession(&m_telemetry);
     m_replayBar->setDuration(m_telemetry.duration());
-    statusBar()->showMessage(ReplayText::loadedText(
-        fileNameOf(path), m_telemetry.channelNames().size(), m_telemetry.duration()));
+    m_replayBar->setRecordingTip(ReplayText::recordingTip(name, channels, m_telemetry.duration()));
+    statusBar()->showMessage(ReplayText::loadedText(name, channels.size(), m_telemetry.duration()));
+}
+
+void MainWindow::undo()
+{
+    if (m_undoStack->canUndo())
+        travel(m_undoStack->index() - 1, &QUndoStack::undo, tr("Undone: %1"));
+}
+
+void MainWindow::redo()
+{
+    if (m_undoStack->canRedo())
+        travel(m_undoStack->index(), &QUndoStack::redo, tr("Redone: %1"));
+}
+
+/// Undoes or redoes a command. Says what that was when its page is not shown.
+void MainWindow::travel(int command, void (QUndoStack::*step)(), const QString& message)
+{
+    const auto* const change = dynamic_cast<const PageCommand*>(m_undoStack->command(command));
+    const int shownPage = m_currentPage;
+    const int pageCount = m_document.pageCount();
+    m_canvas->cancelDrag();
+    (m_undoStack->*step)();
+    if (!change || change->pageIndex() == shownPage)
+        return;
+    // A page that came or went is named by the text itself.
+    const DashPage* const page =
+        m_document.pageCount() == pageCount ? m_document.pageAt(change->pageIndex()) : nullptr;
+    const QString what =
+        page ? tr("%1 (page \"%2\")").arg(change->text(), shownText(page->name)) : change->text();
+    statusBar()->showMessage(message.arg(what), kConfirmationTime);
 }
 
 void MainWindow::newPage()
@@ -130,8 +175,9 @@ void MainWindow::newPage()
 
     auto* const command = new NewPageCommand(&m_document, name);
     m_undoStack->push(command);
+    if (command->pageIndex() < 0)
+        return;
     m_pageList->setCurrentRow(command->pageIndex());
-    onPageSelected(command->pageIndex()); // a first page is current already and emits nothing
     statusBar()->showMessage(tr("Added blank page \"%1\" (%2 x %3)")
                                  .arg(typed, QString::number(m_document.displayWidth()),
                                       QString::number(m_document.displayHeight())),
@@ -160,9 +206,12 @@ void MainWindow::insertOn(const DashPage& page, const InsertElementSpec& spec)
         centredPlacement(page.width, page.height, spec.donorWidth, spec.donorHeight);
     const ChannelDef channel{spec.channelFid, spec.channelLongName, spec.channelShortName,
                              spec.channelLabelLongName, spec.channelUiv};
+    const std::size_t before = page.elements.size();
+    m_selected = {};
     m_undoStack->push(new InsertElementCommand(&m_document, m_currentPage, channel, place.x,
                                                place.y, place.w, place.h, spec.donorNode));
-    m_canvas->setPage(currentPage());
+    if (page.elements.size() == before)
+        return;
     statusBar()->showMessage(
         tr("Inserted \"%1\" -> %2").arg(spec.templateLabel, shownText(spec.channelLongName)),
         kConfirmationTime);
@@ -182,9 +231,11 @@ void MainWindow::deleteElement(int index)
     const DashPage* const page = currentPage();
     if (!page || index < 0 || static_cast<std::size_t>(index) >= page->elements.size())
         return;
-    clearPanel();
+    const std::size_t before = page->elements.size();
+    m_selected = {};
     m_undoStack->push(new DeleteCommand(&m_document, m_currentPage, index));
-    m_canvas->clearSelectionAndRepaint();
+    if (page->elements.size() == before)
+        return;
     statusBar()->showMessage(
         tr("Deleted element -- %1 remaining on page").arg(page->elements.size()),
         kConfirmationTime);
@@ -209,9 +260,10 @@ void MainWindow::clearPage()
                    QMessageBox::Yes | QMessageBox::Cancel);
     if (answer != QMessageBox::Yes)
         return;
-    clearPanel();
+    m_selected = {};
     m_undoStack->push(new ClearPageCommand(&m_document, m_currentPage));
-    m_canvas->clearSelectionAndRepaint();
+    if (!page->elements.empty())
+        return;
     statusBar()->showMessage(tr("Cleared %1 elements from \"%2\"").arg(count, name),
                              kConfirmationTime);
 }

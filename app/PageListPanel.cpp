@@ -2,9 +2,13 @@
 
 #include "document/ShownText.h"
 #include "widgets/LiteralToolTip.h"
+#include "widgets/ScaledPixmap.h"
 
+#include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -13,8 +17,9 @@ constexpr int kMinimumWidth = 120;
 constexpr int kMaximumWidth = 180;
 constexpr QSize kThumbnailSize{120, 72};
 constexpr int kRowSpacing = 4;
+constexpr int kImageRole = Qt::UserRole; // QPixmap::cacheKey of the page's image
 
-/// Shows the name below the thumbnail: beside it, the narrow list would have no room for it.
+/// Shows the name below the thumbnail: next to it, the narrow list has no room for it.
 class PageRowDelegate : public QStyledItemDelegate
 {
 public:
@@ -53,12 +58,47 @@ void PageListPanel::setPages(const std::vector<DashPage>& pages)
         const QString name = shownText(page.name);
         auto* const item = new QListWidgetItem(name);
         item->setToolTip(literalToolTip(name));
+        item->setData(kImageRole, page.image.cacheKey());
         if (!page.image.isNull())
             item->setIcon(thumbnail(page.image, former));
         addItem(item);
     }
+    describe(pages);
     if (!pages.empty())
         setCurrentRow(0);
+}
+
+void PageListPanel::refresh(const std::vector<DashPage>& pages, int current)
+{
+    const QSignalBlocker quiet(this);
+    if (shows(pages))
+        describe(pages);
+    else
+        setPages(pages);
+    setCurrentRow(std::clamp(current, 0, std::max(count() - 1, 0)));
+}
+
+bool PageListPanel::shows(const std::vector<DashPage>& pages) const
+{
+    int row = 0;
+    return std::ssize(pages) == count() &&
+           std::all_of(pages.begin(), pages.end(), [&](const DashPage& page) {
+               const QListWidgetItem* const shown = item(row++);
+               return shown->text() == shownText(page.name) &&
+                      shown->data(kImageRole).toLongLong() == page.image.cacheKey();
+           });
+}
+
+/// For assistive technology, which reads the name from the row's text.
+void PageListPanel::describe(const std::vector<DashPage>& pages)
+{
+    int row = 0;
+    for (const DashPage& page : pages) {
+        item(row++)->setData(Qt::AccessibleDescriptionRole,
+                             tr("%1 x %2 pixels, %3 elements")
+                                 .arg(QString::number(page.width), QString::number(page.height),
+                                      QString::number(page.elements.size())));
+    }
 }
 
 QIcon PageListPanel::thumbnail(const QPixmap& image, const Thumbnails& former)
@@ -66,13 +106,8 @@ QIcon PageListPanel::thumbnail(const QPixmap& image, const Thumbnails& former)
     QIcon& icon = m_thumbnails[image.cacheKey()];
     if (icon.isNull())
         icon = former.value(image.cacheKey());
-    if (icon.isNull()) {
-        const qreal screenPixels = devicePixelRatioF(); // more than one a pixel on scaled desktops
-        QPixmap scaled = image.scaled(kThumbnailSize * screenPixels, Qt::KeepAspectRatio,
-                                      Qt::SmoothTransformation);
-        scaled.setDevicePixelRatio(screenPixels);
-        icon = scaled;
-    }
+    if (icon.isNull())
+        icon = scaledToFit(image, kThumbnailSize, *this);
     return icon;
 }
 
@@ -80,4 +115,12 @@ void PageListPanel::onCurrentRowChanged(int row)
 {
     if (row >= 0)
         Q_EMIT pageSelected(row);
+}
+
+/// A row that was clicked is selected, whatever keys are held: with Ctrl a plain list would
+/// deselect the page that is shown.
+QItemSelectionModel::SelectionFlags PageListPanel::selectionCommand(const QModelIndex& index,
+                                                                    const QEvent* /*event*/) const
+{
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }

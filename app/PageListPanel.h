@@ -9,7 +9,7 @@
 #include <vector>
 
 /// The list of pages: one row a page, in document order, with name and thumbnail. Keeps nothing of
-/// the document but what the rows show; whoever changes the set of pages refills it.
+/// the document but what the rows show; the main window refreshes it.
 class PageListPanel : public QListWidget
 {
     Q_OBJECT
@@ -19,6 +19,9 @@ public:
 
     /// Replaces all rows and makes the first one current. Block the signals to keep that quiet.
     void setPages(const std::vector<DashPage>& pages);
+    /// Brings the rows in step with the pages and makes `current` the current row (clamped to the
+    /// rows); emits nothing. Rows are replaced only when a name or an image differs.
+    void refresh(const std::vector<DashPage>& pages, int current);
 
 Q_SIGNALS:
     /// A row became current.
@@ -27,10 +30,16 @@ Q_SIGNALS:
 public Q_SLOTS:
     void onCurrentRowChanged(int row);
 
+protected:
+    [[nodiscard]] QItemSelectionModel::SelectionFlags
+    selectionCommand(const QModelIndex& index, const QEvent* event) const override;
+
 private:
     using Thumbnails = QHash<qint64, QIcon>; // by QPixmap::cacheKey
 
-    /// Takes the thumbnail of an unchanged image from the former ones instead of scaling again.
+    [[nodiscard]] bool shows(const std::vector<DashPage>& pages) const;
+    void describe(const std::vector<DashPage>& pages);
+    /// Reuses the former thumbnail of an unchanged image instead of scaling again.
     QIcon thumbnail(const QPixmap& image, const Thumbnails& former);
 
     Thumbnails m_thumbnails; // of the images shown at present

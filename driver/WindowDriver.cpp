@@ -1,5 +1,7 @@
 #include "driver/WindowDriver.h"
 
+#include "telemetry/ReplayClock.h"
+
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
@@ -70,9 +72,12 @@ void WindowDriver::seek(int seconds) const
     auto* const slider = child<QSlider>("replaySlider");
     slider->setFocus();
     QTest::keyClick(slider, Qt::Key_Home);
-    for (int i = 0; i < seconds; ++i)
+    const int target = seconds * ReplayClock::kTicksPerSecond;
+    for (int pages = target / slider->pageStep(); pages > 0; --pages)
         QTest::keyClick(slider, Qt::Key_PageUp);
-    if (slider->value() != 10 * seconds)
+    for (int steps = target - slider->value(); steps > 0; --steps)
+        QTest::keyClick(slider, Qt::Key_Right);
+    if (slider->value() != target)
         m_report(QStringLiteral("the replay cannot be moved to %1 s").arg(seconds));
 }
 

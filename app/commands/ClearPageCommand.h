@@ -1,13 +1,13 @@
 #pragma once
 
+#include "app/commands/PageCommand.h"
 #include "app/commands/SavedElements.h"
 
 #include <QCoreApplication>
-#include <QUndoCommand>
 
 /// Removes every element of a page. The document is not owned and may be null, which makes redo and
 /// undo do nothing.
-class ClearPageCommand : public QUndoCommand
+class ClearPageCommand : public PageCommand
 {
     Q_DECLARE_TR_FUNCTIONS(ClearPageCommand)
 
@@ -15,6 +15,7 @@ public:
     ClearPageCommand(DashboardDocument* document, int pageIndex);
     ~ClearPageCommand() override;
 
+    [[nodiscard]] int pageIndex() const override { return m_pageIndex; }
     void undo() override;
     void redo() override;
 

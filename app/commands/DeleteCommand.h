@@ -1,13 +1,13 @@
 #pragma once
 
+#include "app/commands/PageCommand.h"
 #include "app/commands/SavedElements.h"
 
 #include <QCoreApplication>
-#include <QUndoCommand>
 
 /// Deletes one element of a page. The document is not owned and may be null, which makes redo and
 /// undo do nothing, as does a page or element that did not exist at construction.
-class DeleteCommand : public QUndoCommand
+class DeleteCommand : public PageCommand
 {
     Q_DECLARE_TR_FUNCTIONS(DeleteCommand)
 
@@ -15,6 +15,7 @@ public:
     DeleteCommand(DashboardDocument* document, int pageIndex, int elementIndex);
     ~DeleteCommand() override;
 
+    [[nodiscard]] int pageIndex() const override { return m_pageIndex; }
     void undo() override;
     void redo() override;
 

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "app/commands/PageCommand.h"
 #include "app/commands/SavedElements.h"
 #include "document/ElementGeometry.h"
 
 #include <QCoreApplication>
-#include <QUndoCommand>
 
 /// Inserts a copy of a donor element, bound to a channel. The first redo makes the element; every
 /// later one puts the very same element back, with the same name and properties.
 /// The document is not owned and may be null, which makes redo and undo do nothing.
-class InsertElementCommand : public QUndoCommand
+class InsertElementCommand : public PageCommand
 {
     Q_DECLARE_TR_FUNCTIONS(InsertElementCommand)
 
@@ -19,6 +19,7 @@ public:
                          int x, int y, int w, int h, pugi::xml_node donor);
     ~InsertElementCommand() override;
 
+    [[nodiscard]] int pageIndex() const override { return m_pageIndex; }
     void undo() override;
     void redo() override;
 

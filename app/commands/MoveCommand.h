@@ -1,14 +1,14 @@
 #pragma once
 
+#include "app/commands/PageCommand.h"
 #include "app/commands/PageRef.h"
 #include "document/ElementGeometry.h"
 
 #include <QCoreApplication>
-#include <QUndoCommand>
 
 /// Moves or resizes one element: sets the four geometry fields of its record and nothing else.
 /// The element is found anew, by page and position, whenever the command runs.
-class MoveCommand : public QUndoCommand
+class MoveCommand : public PageCommand
 {
     Q_DECLARE_TR_FUNCTIONS(MoveCommand)
 
@@ -22,6 +22,7 @@ public:
     /// Whether this is the element that the command moves.
     [[nodiscard]] bool moves(const DashPage* page, int elementIndex) const;
 
+    [[nodiscard]] int pageIndex() const override { return m_page.index(); }
     void undo() override;
     void redo() override;
 

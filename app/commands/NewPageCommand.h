@@ -1,13 +1,13 @@
 #pragma once
 
+#include "app/commands/PageCommand.h"
 #include "document/DashboardDocument.h"
 
 #include <QCoreApplication>
-#include <QUndoCommand>
 
 /// Appends a blank page. The first redo makes the page; every later one puts the same page back.
 /// The document is not owned and may be null, which makes redo and undo do nothing.
-class NewPageCommand : public QUndoCommand
+class NewPageCommand : public PageCommand
 {
     Q_DECLARE_TR_FUNCTIONS(NewPageCommand)
 
@@ -19,7 +19,7 @@ public:
     void redo() override;
 
     /// Index of the page that the first redo made, -1 before.
-    [[nodiscard]] int pageIndex() const { return m_pageIndex; }
+    [[nodiscard]] int pageIndex() const override { return m_pageIndex; }
 
 private:
     void createPage();

@@ -15,7 +15,10 @@ public:
     }
     explicit PageRef(DashPage* page) : m_page(page) {}
 
-    /// The page as it stands now, or null when it does not exist.
+    /// The page's index in its document, -1 for a page of no document.
+    [[nodiscard]] int index() const { return m_pageIndex; }
+
+    /// The page as it is now, or null when it does not exist.
     [[nodiscard]] DashPage* resolve() const
     {
         return m_document ? m_document->pageAt(m_pageIndex) : m_page;

@@ -158,23 +158,6 @@ TEST_F(MainWindowEdit, ADonorWithoutSizeGetsTheUsualOne)
     EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{60, 80, 200, 80}));
 }
 
-TEST_F(MainWindowEdit, InsertKeepsThePanelOnWhatItShowed)
-{
-    openUsual();
-    clickElement(1);
-    ASSERT_EQ(shownId(), QStringLiteral("race.1"));
-    for (int i = 0; i < 20; ++i) // the records move in memory on the way
-        insertElement();
-    EXPECT_EQ(canvas().selectedIndex(), -1);
-    EXPECT_EQ(shownId(), QStringLiteral("race.1"));
-    EXPECT_EQ(panel().element(), &elements()[1]);
-    child<QSpinBox>("xSpin")->setValue(77);
-    EXPECT_EQ(elements()[1].x, 77);
-    trigger("undoAction");
-    EXPECT_EQ(canvas().selectedIndex(), -1);
-    EXPECT_EQ(panel().element(), &elements()[1]);
-}
-
 TEST_F(MainWindowEdit, CancellingTheInsertDialogChangesNothing)
 {
     openUsual();

@@ -2,7 +2,7 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QSpinBox>
+#include <QLineEdit>
 
 namespace {
 
@@ -107,19 +107,6 @@ TEST_F(MainWindowFiles, OpenInTheMiddleOfADragEndsIt)
     EXPECT_EQ(stack().count(), 0);
 }
 
-TEST_F(MainWindowFiles, OpenLeavesTheRangesOfThePanelUntilAPageIsPicked)
-{
-    open(writePackage(QStringLiteral("small.zconf2"),
-                      {TestPackage::page("A", 320, 240), TestPackage::page("B", 300, 200)}));
-    EXPECT_EQ(child<QSpinBox>("xSpin")->maximum(), 800);
-    EXPECT_EQ(child<QSpinBox>("heightSpin")->maximum(), 480);
-    clickPage(1);
-    EXPECT_EQ(child<QSpinBox>("xSpin")->maximum(), 300);
-    EXPECT_EQ(child<QSpinBox>("heightSpin")->maximum(), 200);
-    clickPage(0);
-    EXPECT_EQ(child<QSpinBox>("xSpin")->maximum(), 320);
-}
-
 TEST_F(MainWindowFiles, BadgeAndTitleFollowTheDevice)
 {
     const QLabel* const badge = child<QLabel>("targetDeviceBadge");
@@ -205,6 +192,20 @@ TEST_F(MainWindowFiles, SaveAsTakesTheNewNameOver)
     EXPECT_EQ(status(), QStringLiteral("Saved copy without extension"));
     open(target);
     EXPECT_EQ(elements().size(), 3U);
+}
+
+TEST_F(MainWindowFiles, SaveAsStartsInTheNearestFolderThatExists)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("gone")));
+    open(writeUsualPackage(QStringLiteral("gone/usual.zconf2")));
+    ASSERT_TRUE(QDir(path(QStringLiteral("gone"))).removeRecursively());
+    m_dialogs.expect<QFileDialog>([this](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory(), QDir(m_folder.path()));
+        EXPECT_EQ(dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(),
+                  QStringLiteral("usual.zconf2"));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    trigger("saveAsAction");
 }
 
 TEST_F(MainWindowFiles, SaveAsOverAnExistingFileAsksFirst)

@@ -5,10 +5,13 @@
 
 #include <QComboBox>
 #include <QDir>
+#include <QDropEvent>
 #include <QFileDialog>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSlider>
 #include <QTimer>
+#include <QUrl>
 
 namespace {
 
@@ -102,6 +105,18 @@ TEST_F(MainWindowReplay, AFailedLoadSaysSoAndLeavesTheControls)
     EXPECT_EQ(status(), QStringLiteral("Loaded XRK: lap.xrk | 3 channels | Duration: 00:12"));
 }
 
+TEST_F(MainWindowReplay, AFailedLoadSaysWhy)
+{
+    m_reader.fileIndex = -1;
+    m_dialogs.chooseFile(recording());
+    m_dialogs.expect<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.informativeText(),
+                  QStringLiteral("The reader library could not open the recording"));
+        ModalDriver::press(box, QMessageBox::Ok);
+    });
+    trigger("loadTelemetryAction");
+}
+
 TEST_F(MainWindowReplay, AFailedLoadTakesTheFormerValuesOffTheCanvas)
 {
     openUsual();
@@ -174,6 +189,51 @@ TEST_F(MainWindowReplay, TheSpeedUnitChangesTheShownSpeedAndNotTheClock)
     EXPECT_EQ(child<QSlider>("replaySlider")->value(), 30);
     child<QComboBox>("speedUnitCombo")->setCurrentIndex(0);
     EXPECT_EQ(canvas().grab().toImage(), kilometres);
+}
+
+TEST_F(MainWindowReplay, SpaceOnCanvasAndPageListPlaysAndStops)
+{
+    openUsual();
+    const auto* const timer = child<QTimer>("replayTimer");
+    for (QWidget* const pane : std::initializer_list<QWidget*>{&canvas(), &pageList()}) {
+        pane->setFocus();
+        press(*pane, Qt::Key_Space);
+        EXPECT_FALSE(timer->isActive()) << "there is nothing to play yet";
+    }
+    load();
+    for (QWidget* const pane : std::initializer_list<QWidget*>{&canvas(), &pageList()}) {
+        pane->setFocus();
+        press(*pane, Qt::Key_Space);
+        EXPECT_TRUE(timer->isActive());
+        QTest::simulateEvent(pane, true, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
+        EXPECT_TRUE(timer->isActive()) << "a held key does not toggle";
+        press(*pane, Qt::Key_Space);
+        EXPECT_FALSE(timer->isActive());
+    }
+}
+
+TEST_F(MainWindowReplay, SliderAndTimeNameTheRecordingWhileItIsLoaded)
+{
+    load();
+    const QString tip = QStringLiteral("lap.xrk | 3 channels | Duration: 00:12 | "
+                                       "Channels: Engine_RPM, GPS Speed, Throttle");
+    for (const char* const name : {"replaySlider", "timeLabel"})
+        EXPECT_TRUE(child<QWidget>(name)->toolTip().contains(tip)) << name;
+    failToLoad();
+    for (const char* const name : {"replaySlider", "timeLabel"})
+        EXPECT_TRUE(child<QWidget>(name)->toolTip().isEmpty()) << name;
+}
+
+TEST_F(MainWindowReplay, ADroppedPackageAndRecordingAreBothTaken)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(recording()), QUrl::fromLocalFile(writeUsualPackage())});
+    QDragEnterEvent enter(QPoint(500, 300), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(m_window.get(), &enter);
+    QDropEvent event(QPointF(500, 300), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(m_window.get(), &event);
+    EXPECT_EQ(pages().size(), 3U);
+    EXPECT_EQ(status(), QStringLiteral("Loaded XRK: lap.xrk | 3 channels | Duration: 00:12"));
 }
 
 TEST_F(MainWindowReplay, ARunningReplayGoesOnThroughALoadAndAnOpen)

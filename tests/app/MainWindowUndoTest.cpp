@@ -260,6 +260,46 @@ TEST_F(MainWindowHistory, APanelThatWasClearedStaysClear)
     EXPECT_EQ(canvas().selectedIndex(), -1);
 }
 
+TEST_F(MainWindowHistory, AChangeOnAnotherPageIsNamed)
+{
+    openUsual();
+    clickElement(0);
+    press(canvas(), Qt::Key_Delete);
+    clickPage(1);
+    press(canvas(), Qt::Key_Z, kCtrl);
+    EXPECT_EQ(status(), QStringLiteral("Undone: Delete Engine RPM (page \"Race\")"));
+    trigger("toolbarRedoAction");
+    EXPECT_EQ(status(), QStringLiteral("Redone: Delete Engine RPM (page \"Race\")"));
+    QTest::qWait(2600);
+    EXPECT_FALSE(status().isEmpty());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return status().isEmpty(); }, 800));
+}
+
+TEST_F(MainWindowHistory, AChangeOnThePageShownIsNotNamed)
+{
+    openUsual();
+    const QString before = status();
+    drag(0, QPoint(30, 0));
+    trigger("undoAction");
+    trigger("redoAction");
+    EXPECT_EQ(status(), before);
+    newPage(QStringLiteral("Lap"));
+    const QString said = status();
+    trigger("undoAction"); // the page list shows that
+    EXPECT_EQ(status(), said);
+}
+
+TEST_F(MainWindowHistory, APageThatComesOrGoesIsNamedByItsCommand)
+{
+    openUsual();
+    newPage(QStringLiteral("%1 & \"Lap\""));
+    clickPage(0);
+    trigger("undoAction");
+    EXPECT_EQ(status(), QStringLiteral("Undone: New page \"%1 & \"Lap\"\""));
+    trigger("redoAction");
+    EXPECT_EQ(status(), QStringLiteral("Redone: New page \"%1 & \"Lap\"\""));
+}
+
 TEST_F(MainWindowHistory, AnUndoThatRemovesTheOnlyPageLeavesAnEmptyCanvas)
 {
     open(writePackage(QStringLiteral("one.zconf2"),

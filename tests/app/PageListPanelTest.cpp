@@ -1,5 +1,6 @@
 #include "app/PageListPanel.h"
 
+#include <QAccessible>
 #include <QMetaMethod>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -188,4 +189,66 @@ TEST_F(PageListPanelTest, ShowsNamesBelowThumbnailsSoThatEveryRowFitsTheWidth)
               QStringLiteral("A name that is far too long for any list"));
     EXPECT_EQ(m_panel.item(2)->toolTip(), QStringLiteral("Wet & dry"));
     EXPECT_EQ(m_panel.item(3)->toolTip(), QStringLiteral("<span>&lt;i&gt;Wet&lt;/i&gt;</span>"));
+}
+
+TEST_F(PageListPanelTest, RefreshReplacesRowsOnlyWhenTheyDiffer)
+{
+    std::vector<DashPage> pages{page(QStringLiteral("A"), QSize(80, 48)),
+                                page(QStringLiteral("B"))};
+    m_panel.refresh(pages, 1);
+    EXPECT_EQ(m_panel.count(), 2);
+    EXPECT_EQ(m_panel.currentRow(), 1);
+    const QListWidgetItem* const row = m_panel.item(0);
+    m_panel.refresh(pages, 0);
+    EXPECT_EQ(m_panel.item(0), row);
+    EXPECT_EQ(m_panel.currentRow(), 0);
+
+    pages[1].name = QStringLiteral("C");
+    m_panel.refresh(pages, 1);
+    EXPECT_EQ(m_panel.item(1)->text(), QStringLiteral("C"));
+    pages[1].image = QPixmap(90, 90);
+    m_panel.refresh(pages, 1);
+    EXPECT_FALSE(m_panel.item(1)->icon().isNull());
+    pages.pop_back();
+    m_panel.refresh(pages, 7);
+    EXPECT_EQ(m_panel.count(), 1);
+    EXPECT_EQ(m_panel.currentRow(), 0);
+    m_panel.refresh({}, 0);
+    EXPECT_EQ(m_panel.count(), 0);
+    EXPECT_EQ(m_selected.count(), 0) << "all of that is quiet";
+}
+
+TEST_F(PageListPanelTest, ACtrlClickKeepsTheCurrentPageSelected)
+{
+    m_panel.setPages({page(QStringLiteral("A")), page(QStringLiteral("B"))});
+    clickRow(1);
+    const QPoint center = m_panel.visualItemRect(m_panel.item(1)).center();
+    QTest::mouseClick(m_panel.viewport(), Qt::LeftButton, Qt::ControlModifier, center);
+    EXPECT_TRUE(m_panel.item(1)->isSelected());
+    QTest::keyClick(&m_panel, Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_TRUE(m_panel.item(1)->isSelected());
+    QTest::mouseClick(m_panel.viewport(), Qt::LeftButton, {}, QPoint(60, 600));
+    EXPECT_EQ(m_panel.selectedItems(), QList<QListWidgetItem*>{m_panel.item(1)});
+    EXPECT_EQ(m_panel.currentRow(), 1);
+}
+
+TEST_F(PageListPanelTest, AssistiveTechnologyReadsNamesAndDetails)
+{
+    std::vector<DashPage> pages{page(QStringLiteral("A")), page(QStringLiteral("<b>B"))};
+    pages[1].width = 320;
+    pages[1].height = 240;
+    pages[1].elements.resize(3);
+    m_panel.refresh(pages, 0);
+    QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(&m_panel);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->text(QAccessible::Name), QStringLiteral("Pages"));
+    ASSERT_EQ(list->childCount(), 2);
+    EXPECT_EQ(list->child(0)->text(QAccessible::Name), QStringLiteral("A"));
+    EXPECT_EQ(list->child(1)->text(QAccessible::Name), QStringLiteral("<b>B"));
+    EXPECT_EQ(list->child(1)->text(QAccessible::Description),
+              QStringLiteral("320 x 240 pixels, 3 elements"));
+    pages[1].elements.pop_back();
+    m_panel.refresh(pages, 0);
+    EXPECT_EQ(list->child(1)->text(QAccessible::Description),
+              QStringLiteral("320 x 240 pixels, 2 elements"));
 }

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -71,6 +72,17 @@ TEST(StartUp, ShowsTheWindowWithoutDocumentUnderTheProgramsIdentity)
     });
     EXPECT_EQ(result, 7) << "the result of the event loop";
     ASSERT_TRUE(QDir::setCurrent(before));
+}
+
+TEST(StartUp, TheWindowFitsOnTheScreen)
+{
+    EXPECT_EQ(runProgram([](MainWindow& window) {
+                  const QRect available = window.screen()->availableGeometry();
+                  ASSERT_LT(available.width(), 1280) << "a screen too small for the usual size";
+                  EXPECT_TRUE(available.contains(window.frameGeometry()));
+                  QCoreApplication::exit(0);
+              }),
+              0);
 }
 
 TEST(StartUp, LeavingByTheMenuEndsTheProgram)

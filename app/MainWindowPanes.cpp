@@ -1,0 +1,83 @@
+// How the panes of the main window keep in step with the document.
+
+#include "app/MainWindow.h"
+#include "app/PageListPanel.h"
+#include "app/WindowTitle.h"
+#include "canvas/DashCanvas.h"
+#include "canvas/PropertyPanel.h"
+#include "document/ShownText.h"
+
+#include <QFileInfo>
+#include <QLabel>
+
+#include <algorithm>
+
+/// Shows the document as it is now: after an open, a push, an undo, a redo and a change of page
+/// alike. What is shown is decided by m_currentPage and m_selected, which callers set before.
+void MainWindow::syncPanes()
+{
+    // The page first, because all panes show it: an undo may have removed it.
+    m_currentPage = std::clamp(m_currentPage, 0, std::max(m_document.pageCount() - 1, 0));
+    DashPage* const page = currentPage();
+    const int selected = m_selected.indexIn(page);
+    if (selected < 0)
+        m_selected = {};
+
+    m_pageList->refresh(m_document.pages(), m_currentPage);
+    m_canvas->rebindPage(page, selected);
+    // The panel's ranges before its element, whose numbers they clamp.
+    if (page)
+        m_propertyPanel->setPageSize(page->width, page->height);
+    if (selected < 0)
+        m_propertyPanel->clear();
+    else
+        m_propertyPanel->rebindElement(&page->elements[static_cast<std::size_t>(selected)]);
+    updateWindowTitle();
+}
+
+void MainWindow::updateWindowTitle()
+{
+    const QString device = shownText(m_document.deviceType());
+    setWindowTitle(mainWindowTitle(QFileInfo(m_currentFilePath).fileName(), device));
+    m_targetDeviceBadge->setText(device);
+    m_targetDeviceBadge->setToolTip(
+        tr("Target device (TypeCode %1)").arg(m_document.deviceTypeCode()));
+    m_targetDeviceBadge->setVisible(!device.isEmpty());
+}
+
+void MainWindow::onPageSelected(int index)
+{
+    m_canvas->cancelDrag();
+    m_selected = {};
+    m_currentPage = index;
+    if (currentPage())
+        syncPanes();
+    else
+        m_propertyPanel->clear(); // no such page: the canvas keeps the one before
+}
+
+void MainWindow::onElementSelected(int index)
+{
+    DashPage* const page = currentPage();
+    if (index < 0) {
+        m_selected = {};
+        m_propertyPanel->clear();
+    } else if (page && static_cast<std::size_t>(index) < page->elements.size()) {
+        DashElement& element = page->elements[static_cast<std::size_t>(index)];
+        m_selected = ElementKey(element);
+        m_propertyPanel->setElement(&element);
+    }
+}
+
+/// The previous or next page, if there is one.
+void MainWindow::showPageBeside(int step)
+{
+    const int index = m_currentPage + step;
+    if (m_document.pageAt(index))
+        m_pageList->setCurrentRow(index);
+}
+
+DashPage* MainWindow::currentPage()
+{
+    return m_document.pageAt(m_currentPage);
+}
