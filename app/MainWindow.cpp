@@ -91,7 +91,6 @@ void MainWindow::createPanes()
 {
     m_canvas = new DashCanvas;
     m_canvas->setObjectName(QStringLiteral("canvas"));
-    m_canvas->setAccessibleName(tr("Page"));
     m_canvas->setUndoStack(m_undoStack);
     m_canvas->setDocument(&m_document);
     m_pageList = new PageListPanel;
