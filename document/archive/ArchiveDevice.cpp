@@ -2,8 +2,6 @@
 
 #include <QIODevice>
 
-#include <algorithm>
-
 namespace {
 
 ArchiveDevice& object(voidpf self)
@@ -28,15 +26,8 @@ uLong ArchiveDevice::read(voidpf self, voidpf /*stream*/, void* buffer, uLong si
     ArchiveDevice& device = object(self);
     const qint64 count =
         device.m_device.read(static_cast<char*>(buffer), static_cast<qint64>(size));
-    const bool cutShort = count < static_cast<qint64>(size);
-    device.m_failed = device.m_failed || count < 0 ||
-                      (cutShort && device.m_device.pos() < device.m_device.size());
-    if (count <= 0)
-        return 0;
-    if (!device.m_padded)
-        return static_cast<uLong>(count);
-    std::fill_n(static_cast<char*>(buffer) + count, static_cast<qint64>(size) - count, '\0');
-    return size;
+    device.m_failed = device.m_failed || count < 0;
+    return count < 0 ? 0 : static_cast<uLong>(count);
 }
 
 uLong ArchiveDevice::write(voidpf self, voidpf /*stream*/, const void* buffer, uLong size)

@@ -5,7 +5,7 @@
 class QIODevice;
 
 /// Lets the archive library read and write an open, seekable QIODevice instead of a file it opens
-/// by name, so that every file name works and no failing call goes unnoticed.
+/// by name, so that every file name works and no failed call goes unnoticed.
 ///
 /// Owns nothing: the device must outlive this, and this must outlive the library's handle.
 class ArchiveDevice
@@ -19,13 +19,7 @@ public:
     /// The functions to open the library's handle with. They refer to this object.
     [[nodiscard]] zlib_filefunc64_def hooks();
 
-    /// Lets a read that reaches past the end of the device give zeros there instead of falling
-    /// short. The library needs that for members whose sizes it cannot resolve: it asks for whole
-    /// buffers and would drop the last one.
-    void setPadded(bool padded) { m_padded = padded; }
-
-    /// Whether the device itself failed to read, write or move at any time. An archive that ends
-    /// too early is no such failure.
+    /// Whether the device ever failed to read, write or move. A short read is no failure.
     [[nodiscard]] bool failed() const { return m_failed; }
 
 private:
@@ -38,6 +32,5 @@ private:
     static int ZCALLBACK error(voidpf self, voidpf stream);
 
     QIODevice& m_device;
-    bool m_padded = false;
     bool m_failed = false;
 };

@@ -1,5 +1,8 @@
 #include "document/archive/ArchiveWriter.h"
 
+#include "document/archive/ArchiveLimits.h"
+#include "document/archive/ArchiveText.h"
+
 #include <QIODevice>
 
 #include <algorithm>
@@ -7,14 +10,39 @@
 namespace {
 
 constexpr qint64 kChunkSize = qint64{64} * 1024;
-/// Tells readers that a member's name is UTF-8.
-constexpr uLong kUtf8NameFlag = 1U << 11U;
+constexpr quint16 kUtf8NameFlag = 1U << 11U;
+/// The sizes follow the data, which the library does not write.
+constexpr quint16 kSizesFollowFlag = 1U << 3U;
 /// The library's own default, which its headers do not name.
 constexpr int kMemoryLevel = 8;
+constexpr qint64 kLocalRecordSize = 30;     ///< fixed part
+constexpr qint64 kDirectoryRecordSize = 46; ///< fixed part
+constexpr qint64 kEndRecordSize = 22;       ///< fixed part
 
 bool isAscii(const QByteArray& name)
 {
     return std::all_of(name.cbegin(), name.cend(), [](char c) { return (c & '\x80') == 0; });
+}
+
+/// The library ends texts at a NUL. It gets another character, and the NULs are patched in later.
+QByteArray withoutNuls(QByteArray text)
+{
+    return text.replace('\0', '\1');
+}
+
+zip_fileinfo fileInfo(const ArchiveMember& header)
+{
+    zip_fileinfo info{};
+    info.dosDate = header.dosDate;
+    info.tmz_date.tm_mon = ~0U; // so that a date of 0 stays 0
+    info.internal_fa = header.internalAttributes;
+    info.external_fa = header.externalAttributes;
+    return info;
+}
+
+const char* dataOrNull(const QByteArray& bytes)
+{
+    return bytes.isEmpty() ? nullptr : bytes.constData();
 }
 
 } // namespace
@@ -28,46 +56,142 @@ ArchiveWriter::ArchiveWriter(QIODevice& device)
     m_archive.reset(zipOpen2_64(nullptr, APPEND_STATUS_CREATE, nullptr, &hooks));
 }
 
-bool ArchiveWriter::addMember(const QByteArray& name, QIODevice& content)
+Outcome ArchiveWriter::addMember(const ArchiveMember& like, QIODevice& content)
 {
-    if (!m_archive || ++m_members > kMaxMembers || content.size() >= kSizeLimit)
-        return false;
-    const bool written = beginMember(name) && writeContent(content);
-    return zipCloseFileInZip(m_archive.get()) == ZIP_OK && written && isSound();
+    if (content.size() >= ArchiveLimits::kSize)
+        return Outcome::failure(ArchiveText::tr("A file is larger than 4 GB"));
+    if (Outcome begun = begin(like, like.extra, like.flags & kUtf8NameFlag, Z_DEFLATED, false);
+        !begun)
+        return begun;
+    Outcome written = writeContent(content);
+    Outcome closed = checked(zipCloseFileInZip(m_archive.get()) == ZIP_OK);
+    return written ? closed : written;
 }
 
-bool ArchiveWriter::beginMember(const QByteArray& name)
+Outcome ArchiveWriter::addFolder(const ArchiveMember& like)
 {
-    const zip_fileinfo info{};
-    return zipOpenNewFileInZip4(m_archive.get(), name.constData(), &info, nullptr, 0, nullptr, 0,
-                                nullptr, Z_DEFLATED, Z_DEFAULT_COMPRESSION, 0, -MAX_WBITS,
-                                kMemoryLevel, Z_DEFAULT_STRATEGY, nullptr, 0, 0,
-                                isAscii(name) ? 0 : kUtf8NameFlag) == ZIP_OK;
+    if (Outcome begun = begin(like, like.extra, like.flags & kUtf8NameFlag, 0, false); !begun)
+        return begun;
+    return checked(zipCloseFileInZip(m_archive.get()) == ZIP_OK);
 }
 
-bool ArchiveWriter::writeContent(QIODevice& content)
+Outcome ArchiveWriter::copyMember(const ArchiveMember& member, MemberStream& source, quint32 rawCrc,
+                                  bool& intact)
+{
+    const QByteArray localExtra = withoutExtraFields(source.localExtra(), {kWideField});
+    const auto flags = static_cast<quint16>(member.flags & ~kSizesFollowFlag);
+    if (Outcome begun = begin(member, localExtra, flags, member.method, true); !begun)
+        return begun;
+    intact = writeRaw(member, source, rawCrc);
+    return checked(zipCloseFileInZipRaw64(m_archive.get(), member.size, member.crc) == ZIP_OK &&
+                   intact);
+}
+
+Outcome ArchiveWriter::begin(const ArchiveMember& header, const QByteArray& localExtra,
+                             quint16 flags, int method, bool raw)
+{
+    if (!m_archive || ++m_members > ArchiveLimits::kMembersWritten)
+        return Outcome::failure(ArchiveText::tr("There are more than 65,535 files"));
+    rememberNuls(header);
+    const zip_fileinfo info = fileInfo(header);
+    const QByteArray name = withoutNuls(header.rawName);
+    const QByteArray comment = withoutNuls(header.comment);
+    const int status =
+        zipOpenNewFileInZip4(m_archive.get(), name.constData(), &info, dataOrNull(localExtra),
+                             static_cast<uInt>(localExtra.size()), dataOrNull(header.extra),
+                             static_cast<uInt>(header.extra.size()), dataOrNull(comment), method,
+                             Z_DEFAULT_COMPRESSION, raw ? 1 : 0, -MAX_WBITS, kMemoryLevel,
+                             Z_DEFAULT_STRATEGY, nullptr, 0, header.versionMadeBy, flags);
+    return checked(status == ZIP_OK);
+}
+
+void ArchiveWriter::rememberNuls(const ArchiveMember& header)
+{
+    const qint64 nameAt = m_directorySize + kDirectoryRecordSize;
+    const qint64 commentAt = nameAt + header.rawName.size() + header.extra.size();
+    m_directorySize = commentAt + header.comment.size();
+    if (header.rawName.contains('\0')) {
+        m_localPatches.push_back({m_target.pos() + kLocalRecordSize, header.rawName});
+        m_directoryPatches.push_back({nameAt, header.rawName});
+    }
+    if (header.comment.contains('\0'))
+        m_directoryPatches.push_back({commentAt, header.comment});
+}
+
+Outcome ArchiveWriter::writeContent(QIODevice& content)
 {
     const qint64 size = content.size();
     qint64 total = 0;
     while (true) {
         const qint64 count = content.read(m_chunk.data(), kChunkSize);
         if (count < 0)
-            return false;
+            return Outcome::failure(content.errorString());
         if (count == 0)
-            return total == size;
+            break;
         total += count;
         if (zipWriteInFileInZip(m_archive.get(), m_chunk.data(), static_cast<unsigned>(count)) !=
             ZIP_OK)
-            return false;
+            return checked(false);
     }
+    return total == size ? Outcome()
+                         : Outcome::failure(ArchiveText::tr("A file cannot be read completely"));
 }
 
-bool ArchiveWriter::finish()
+bool ArchiveWriter::writeRaw(const ArchiveMember& member, MemberStream& source, quint32 rawCrc)
 {
-    return m_archive && zipClose(m_archive.release(), nullptr) == ZIP_OK && isSound();
+    quint64 remaining = member.packedSize;
+    uLong crc = crc32(0, nullptr, 0);
+    while (remaining > 0) {
+        const int count = source.read(
+            m_chunk.data(),
+            static_cast<unsigned>(std::min<quint64>(remaining, static_cast<quint64>(kChunkSize))));
+        if (count <= 0)
+            return false;
+        crc = crc32(crc, reinterpret_cast<const Bytef*>(m_chunk.data()), static_cast<uInt>(count));
+        remaining -= static_cast<quint64>(count);
+        if (zipWriteInFileInZip(m_archive.get(), m_chunk.data(), static_cast<unsigned>(count)) !=
+            ZIP_OK)
+            return true; // the source is intact; closing the member reports the failure
+    }
+    return crc == rawCrc;
 }
 
-bool ArchiveWriter::isSound() const
+Outcome ArchiveWriter::finish(const QByteArray& comment)
 {
-    return !m_device.failed() && m_target.pos() < kSizeLimit;
+    const qint64 directoryStart = m_target.pos();
+    const bool closed =
+        m_archive && zipClose(m_archive.release(), dataOrNull(withoutNuls(comment))) == ZIP_OK;
+    return checked(closed && applyPatches(directoryStart, comment));
+}
+
+bool ArchiveWriter::applyPatches(qint64 directoryStart, const QByteArray& comment)
+{
+    std::vector<Patch> patches = m_localPatches;
+    for (const Patch& patch : m_directoryPatches)
+        patches.push_back({directoryStart + patch.position, patch.bytes});
+    if (comment.contains('\0'))
+        patches.push_back({directoryStart + m_directorySize + kEndRecordSize, comment});
+    const qint64 end = m_target.pos();
+    const bool written = std::all_of(patches.cbegin(), patches.cend(), [this](const Patch& patch) {
+        return m_target.seek(patch.position) && m_target.write(patch.bytes) == patch.bytes.size();
+    });
+    return written && (patches.empty() || m_target.seek(end));
+}
+
+Outcome ArchiveWriter::checked(bool written) const
+{
+    if (m_target.pos() >= ArchiveLimits::kSize)
+        return Outcome::failure(ArchiveText::tr("The package is larger than 4 GB"));
+    if (!written || m_device.failed())
+        return Outcome::failure(ArchiveText::tr("The package cannot be written"));
+    return {};
+}
+
+ArchiveMember newMember(const QByteArray& utf8Name, quint32 dosDate)
+{
+    ArchiveMember member;
+    member.rawName = utf8Name;
+    member.dosDate = dosDate;
+    member.flags = isAscii(utf8Name) ? 0 : kUtf8NameFlag;
+    return member;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "document/archive/ArchiveDevice.h"
+#include "document/archive/ArchiveDirectory.h"
+#include "document/archive/MemberStream.h"
 
 #include <QByteArray>
 
@@ -9,45 +11,66 @@
 #include <memory>
 #include <vector>
 
-/// Writes a ZIP archive member by member: deflate at the default level, no dates, no attributes.
+/// Writes a ZIP archive member by member.
 ///
 /// Never leaves an archive that reads back differently: whatever the format or the library cannot
-/// hold (see the limits below) is an error. The device belongs to the caller, who must throw away
-/// what was written when any call has returned false.
+/// hold (see ArchiveLimits.h) is a failure. The device belongs to the caller, who must discard what
+/// was written after any failure.
 class ArchiveWriter
 {
 public:
-    /// Most members that an archive can count without the 64-bit records, which the library does
-    /// not write for the count.
-    static constexpr std::size_t kMaxMembers = 0xffff;
-    /// Sizes and offsets must stay below this: the library cannot read 64-bit ones back.
-    static constexpr qint64 kSizeLimit = 0xffffffff;
-
-    /// The device must be open for writing, seekable, and outlive the writer.
+    /// The device must be open for writing, seekable, empty, and outlive the writer.
     explicit ArchiveWriter(QIODevice& device);
 
-    /// Appends a member with everything that content, an open device, holds.
-    /// @param name UTF-8, with "/" between folders.
-    /// @return false when content cannot be read completely, when it or the archive grows too
-    /// large, when there are too many members, or when writing fails.
-    [[nodiscard]] bool addMember(const QByteArray& name, QIODevice& content);
+    /// Appends a member with all of content, an open device, deflated at the default level.
+    /// @param like has the name, date, attributes, extra fields and comment; sizes, CRC and method
+    /// are those of the content, and of the flags only the one for UTF-8 names counts.
+    Outcome addMember(const ArchiveMember& like, QIODevice& content);
+
+    /// Appends a folder, stored and without data, with the name and attributes of `like`.
+    Outcome addFolder(const ArchiveMember& like);
+
+    /// Appends a member of another archive with its compressed bytes unchanged.
+    /// @param source the member, open raw
+    /// @param rawCrc the CRC that the compressed bytes must have
+    /// @param intact receives false when the bytes cannot be read or have another CRC; then this is
+    /// a failure, too.
+    Outcome copyMember(const ArchiveMember& member, MemberStream& source, quint32 rawCrc,
+                       bool& intact);
 
     /// Writes the directory, which completes the archive. Nothing may be added afterwards.
-    [[nodiscard]] bool finish();
+    Outcome finish(const QByteArray& comment = {});
 
 private:
     struct Closer
     {
         void operator()(zipFile archive) const { zipClose(archive, nullptr); }
     };
+    /// Bytes to write over what the library has written.
+    struct Patch
+    {
+        qint64 position;
+        QByteArray bytes;
+    };
 
-    [[nodiscard]] bool beginMember(const QByteArray& name);
-    [[nodiscard]] bool writeContent(QIODevice& content);
-    [[nodiscard]] bool isSound() const;
+    Outcome begin(const ArchiveMember& header, const QByteArray& localExtra, quint16 flags,
+                  int method, bool raw);
+    void rememberNuls(const ArchiveMember& header);
+    [[nodiscard]] bool applyPatches(qint64 directoryStart, const QByteArray& comment);
+    Outcome writeContent(QIODevice& content);
+    [[nodiscard]] bool writeRaw(const ArchiveMember& member, MemberStream& source, quint32 rawCrc);
+    Outcome checked(bool written) const;
 
     QIODevice& m_target;
     ArchiveDevice m_device;
     std::unique_ptr<std::remove_pointer_t<zipFile>, Closer> m_archive;
     std::size_t m_members = 0;
-    std::vector<char> m_chunk; ///< of the content being written
+    qint64 m_directorySize = 0;
+    std::vector<Patch> m_localPatches;     ///< positions in the file
+    std::vector<Patch> m_directoryPatches; ///< positions in the directory
+    std::vector<char> m_chunk;             ///< of the content being written
 };
+
+/// The header of a new member: no attributes, no comment.
+/// @param dosDate by default the one that the library writes for "no date".
+[[nodiscard]] ArchiveMember newMember(const QByteArray& utf8Name, quint32 dosDate = 0x00200000);

@@ -1,7 +1,8 @@
 #include "document/archive/AtomicFile.h"
 
+#include "document/archive/ArchiveText.h"
+
 #include <QBuffer>
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -81,8 +82,7 @@ Outcome replaceFile(const QString& path, const ContentWriter& write)
 {
     const QFileInfo destination(path);
     if (destination.exists() && !destination.isFile()) // never replace a device or a pipe
-        return Outcome::failure(
-            QCoreApplication::translate("Files", "The destination is not an ordinary file"));
+        return Outcome::failure(ArchiveText::tr("The destination is not an ordinary file"));
     QSaveFile sibling(path);
     if (!sibling.open(QIODevice::WriteOnly))
         return writeInPlace(path, sibling, write);

@@ -2,6 +2,7 @@
 // members.
 
 #include "document/DashboardPackage.h"
+#include "document/archive/ArchiveLimits.h"
 #include "document/archive/ArchiveWriter.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
@@ -145,7 +146,7 @@ TEST(ArchiveLimitTest, SavesNoMoreMembersThanTheEndRecordCanCount)
     const QTemporaryDir folder(FolderTools::memoryTemplate());
     const QString path = folder.filePath(QStringLiteral("a.zconf2"));
     const QTemporaryDir files(FolderTools::memoryTemplate());
-    for (std::size_t i = 0; i <= ArchiveWriter::kMaxMembers; ++i) {
+    for (std::size_t i = 0; i <= ArchiveLimits::kMembersWritten; ++i) {
         QFile file(files.filePath(QString::number(i)));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     }
@@ -161,16 +162,16 @@ TEST(ArchiveLimitTest, WritesAsManyMembersAsTheEndRecordCounts)
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     ArchiveWriter archive(file);
-    for (std::size_t i = 0; i < ArchiveWriter::kMaxMembers; ++i) {
+    for (std::size_t i = 0; i < ArchiveLimits::kMembersWritten; ++i) {
         QBuffer content;
         content.open(QIODevice::ReadOnly);
-        ASSERT_TRUE(archive.addMember(QByteArray::number(qulonglong(i)), content));
+        ASSERT_TRUE(archive.addMember(newMember(QByteArray::number(qulonglong(i))), content));
     }
     EXPECT_TRUE(archive.finish());
     file.close();
     const QTemporaryDir out(FolderTools::memoryTemplate());
     ASSERT_TRUE(DashboardPackage::unpackArchive(path, out.path()));
-    EXPECT_EQ(countFiles(out.path()), static_cast<int>(ArchiveWriter::kMaxMembers));
+    EXPECT_EQ(countFiles(out.path()), static_cast<int>(ArchiveLimits::kMembersWritten));
 }
 
 TEST(ArchiveLimitTest, RefusesOneMemberMore)
@@ -180,9 +181,9 @@ TEST(ArchiveLimitTest, RefusesOneMemberMore)
     ArchiveWriter archive(target);
     QBuffer content;
     ASSERT_TRUE(content.open(QIODevice::ReadOnly));
-    for (std::size_t i = 0; i < ArchiveWriter::kMaxMembers; ++i)
-        ASSERT_TRUE(archive.addMember(QByteArray::number(qulonglong(i)), content));
-    EXPECT_FALSE(archive.addMember("one more", content));
+    for (std::size_t i = 0; i < ArchiveLimits::kMembersWritten; ++i)
+        ASSERT_TRUE(archive.addMember(newMember(QByteArray::number(qulonglong(i))), content));
+    EXPECT_FALSE(archive.addMember(newMember("one more"), content));
 }
 
 TEST(ArchiveLimitTest, RefusesAMemberOfFourGigabytes)
@@ -194,7 +195,7 @@ TEST(ArchiveLimitTest, RefusesAMemberOfFourGigabytes)
     QBuffer target;
     ASSERT_TRUE(target.open(QIODevice::WriteOnly));
     ArchiveWriter archive(target);
-    EXPECT_FALSE(archive.addMember("huge", huge));
+    EXPECT_FALSE(archive.addMember(newMember("huge"), huge));
 }
 
 TEST(ArchiveLimitTest, RefusesAnArchiveOfFourGigabytes)
@@ -205,19 +206,19 @@ TEST(ArchiveLimitTest, RefusesAnArchiveOfFourGigabytes)
     {
         FarDevice near(kLimit - 1000);
         ArchiveWriter archive(near);
-        EXPECT_TRUE(archive.addMember("small", content));
+        EXPECT_TRUE(archive.addMember(newMember("small"), content));
         EXPECT_TRUE(archive.finish());
     }
     {
         FarDevice directoryTooFar(kLimit - 60);
         ArchiveWriter archive(directoryTooFar);
-        EXPECT_TRUE(archive.addMember("small", content));
+        EXPECT_TRUE(archive.addMember(newMember("small"), content));
         EXPECT_FALSE(archive.finish());
     }
     {
         FarDevice memberTooFar(kLimit - 20);
         ArchiveWriter archive(memberTooFar);
-        EXPECT_FALSE(archive.addMember("small", content));
+        EXPECT_FALSE(archive.addMember(newMember("small"), content));
     }
 }
 
@@ -229,7 +230,7 @@ TEST(ArchiveLimitTest, RefusesAMemberThatGivesLessThanItHolds)
     ShortDevice content;
     content.setData("content");
     ASSERT_TRUE(content.open(QIODevice::ReadOnly));
-    EXPECT_FALSE(archive.addMember("short", content));
+    EXPECT_FALSE(archive.addMember(newMember("short"), content));
 }
 
 TEST(ArchiveLimitTest, WritesLongNamesThatFitTheFormat)
@@ -240,6 +241,6 @@ TEST(ArchiveLimitTest, WritesLongNamesThatFitTheFormat)
     ArchiveWriter archive(target);
     QBuffer content;
     ASSERT_TRUE(content.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(archive.addMember(name, content));
-    EXPECT_FALSE(archive.addMember(QByteArray(70000, 'n'), content));
+    EXPECT_TRUE(archive.addMember(newMember(name), content));
+    EXPECT_FALSE(archive.addMember(newMember(QByteArray(70000, 'n')), content));
 }

@@ -15,6 +15,7 @@ using RawArchive::Member;
 using Cases = std::vector<AwkwardArchive>;
 
 constexpr quint16 kBzip2 = 12;
+constexpr quint32 kDosFolder = 0x10;
 
 QString text(const char* utf8)
 {
@@ -245,6 +246,33 @@ Cases unusualRecords()
             refused("MemberBeyondTheEnd", build({Member{"a", content}, nowhere}))};
 }
 
+Cases wideFields()
+{
+    const QByteArray content = noise(20000);
+    const std::map<QString, QByteArray> both{{text("a"), content}, {text("b"), "2"}};
+    const Member wide = declaring("a", content, 20000, true);
+    const Member plainLocal = with(wide, [](Member& member) { member.plainLocal = true; });
+    const Member wideOffset = with(plainLocal, [](Member& member) { member.wideOffset = true; });
+    const Member onlyOffset =
+        with(Member{"a", content}, [](Member& member) { member.wideOffset = true; });
+    return {{"WideSizesOnlyInTheDirectory", build({plainLocal, Member{"b", "2"}}), true, both},
+            {"WideOffset", build({Member{"b", "2"}, wideOffset}), true, both},
+            {"OnlyTheOffsetIsWide", build({Member{"b", "2"}, onlyOffset}), true, both}};
+}
+
+Cases foldersByAttribute()
+{
+    const Member folder =
+        with({"f", "", kStored}, [](Member& member) { member.attributes = kDosFolder; });
+    const Member file =
+        with({"g", "content"}, [](Member& member) { member.attributes = kDosFolder; });
+    return {{"FolderThatOnlyItsAttributeMarks",
+             build({folder, Member{"f/a", "x"}}),
+             true,
+             {{text("f/a"), "x"}}},
+            {"FileMarkedAsAFolder", build({file}), true, {{text("g"), "content"}}}};
+}
+
 Archive threeMembers()
 {
     Archive archive;
@@ -266,6 +294,15 @@ Cases wrongCounts()
     cases.push_back({"WideEndRecords", build(wide), true, all});
     wide.endElsewhere = true;
     cases.push_back({"WideEndRecordsAlone", build(wide), true, all});
+    wide.before = noise(5000);
+    cases.push_back({"WideEndRecordsAfterJunk", build(wide), true, all});
+    Archive disagreeing = threeMembers();
+    disagreeing.count = 0;
+    disagreeing.diskCount = 3;
+    cases.push_back({"CountsDisagree", build(disagreeing), true, all});
+    disagreeing.count = 3;
+    disagreeing.diskCount = 1;
+    cases.push_back({"CountsDisagreeOnThisDisk", build(disagreeing), true, all});
     return cases;
 }
 
@@ -280,7 +317,13 @@ Cases junkAround()
     both.after = after.after;
     Archive comment = threeMembers();
     comment.comment = noise(40000);
-    return {{"JunkBefore", build(before), true, all},
+    Archive longest = threeMembers();
+    longest.comment = noise(65535);
+    Archive nearlyLongest = threeMembers();
+    nearlyLongest.comment = noise(65514);
+    return {{"LongestComment", build(longest), true, all},
+            {"NearlyLongestComment", build(nearlyLongest), true, all},
+            {"JunkBefore", build(before), true, all},
             {"JunkAfter", build(after), true, all},
             {"JunkAround", build(both), true, all},
             {"LongComment", build(comment), true, all}};
@@ -376,9 +419,10 @@ Cases longNames()
 std::vector<AwkwardArchive> awkwardArchives()
 {
     Cases all;
-    for (Cases cases : {climbingNames(), namesThatStayInside(), namesThatCollide(), symbolicLinks(),
-                        encryption(), sizesThatLie(), unusualRecords(), wrongCounts(), junkAround(),
-                        damage(), emptyArchives(), longNames()})
+    for (Cases cases :
+         {climbingNames(), namesThatStayInside(), namesThatCollide(), symbolicLinks(), encryption(),
+          sizesThatLie(), unusualRecords(), wideFields(), foldersByAttribute(), wrongCounts(),
+          junkAround(), damage(), emptyArchives(), longNames()})
         all.insert(all.end(), std::make_move_iterator(cases.begin()),
                    std::make_move_iterator(cases.end()));
     return all;

@@ -16,6 +16,7 @@ constexpr quint32 kWideEndSignature = 0x06064b50;
 constexpr quint32 kWideLocatorSignature = 0x07064b50;
 constexpr quint16 kVersionNeeded = 20;
 constexpr quint32 kElsewhere = 0xffffffff;
+constexpr qsizetype kFieldHeader = 4;
 
 /// Appends integers in the archive's byte order.
 class Bytes
@@ -81,32 +82,54 @@ Fields fieldsOf(const Member& member)
     return fields;
 }
 
+/// A size as the local header has it without 64-bit fields.
+template <typename T>
+quint32 plainValue(bool late, T size)
+{
+    return late ? 0U : static_cast<quint32>(size);
+}
+
 void addLocal(Bytes& out, const Member& member, const Fields& fields)
 {
     const bool late = (member.flags & kDataDescriptor) != 0;
     const QByteArray name = member.localName.value_or(member.name);
     out.add(kLocalSignature).add(kVersionNeeded).add(member.flags).add(member.method).add32(0);
     out.add(late ? 0U : fields.crc);
-    out.add(late ? 0U : fields.shownPacked()).add(late ? 0U : fields.shownSize());
+    const bool plain = late || member.plainLocal;
+    out.add(plain ? plainValue(late, fields.data.size()) : fields.shownPacked());
+    out.add(plain ? plainValue(late, fields.size) : fields.shownSize());
     out.add16(static_cast<std::size_t>(name.size()));
-    out.add16(static_cast<std::size_t>(fields.wide.size()));
-    out.addText(name).addText(fields.wide).addText(fields.data);
+    const QByteArray wide = member.plainLocal ? QByteArray() : fields.wide;
+    out.add16(static_cast<std::size_t>(wide.size()));
+    out.addText(name).addText(wide).addText(fields.data);
     if (late) {
         out.add(kDescriptorSignature).add(fields.crc);
         out.add32(static_cast<std::size_t>(fields.data.size())).add32(fields.size);
     }
 }
 
+/// The field for 64-bit values as the directory has it.
+QByteArray wideField(const Member& member, const Fields& fields, std::size_t offset)
+{
+    if (!member.wideOffset)
+        return fields.wide;
+    QByteArray values = fields.wide.mid(kFieldHeader);
+    values += Bytes().add(static_cast<quint64>(offset)).bytes();
+    return Bytes().add16(1).add16(static_cast<std::size_t>(values.size())).addText(values).bytes();
+}
+
 void addCentral(Bytes& out, const Member& member, const Fields& fields, std::size_t offset)
 {
+    const QByteArray wide = wideField(member, fields, offset);
+    const auto shownOffset = member.wideOffset ? kElsewhere : static_cast<quint32>(offset);
     out.add(kCentralSignature).add(member.madeBy).add(kVersionNeeded);
     out.add(member.flags).add(member.method).add32(0).add(fields.crc);
     out.add(fields.shownPacked()).add(fields.shownSize());
     out.add16(static_cast<std::size_t>(member.name.size()));
-    out.add16(static_cast<std::size_t>(fields.wide.size()));
+    out.add16(static_cast<std::size_t>(wide.size()));
     out.add16(static_cast<std::size_t>(member.comment.size()));
-    out.add16(0).add16(0).add(member.attributes).add32(member.offset.value_or(offset));
-    out.addText(member.name).addText(fields.wide).addText(member.comment);
+    out.add16(0).add16(0).add(member.attributes).add(member.offset.value_or(shownOffset));
+    out.addText(member.name).addText(wide).addText(member.comment);
 }
 
 void addWideEnd(Bytes& out, std::size_t count, std::size_t start, std::size_t size)
@@ -137,7 +160,8 @@ QByteArray build(const Archive& archive)
         addWideEnd(out, archive.members.size(), start, directory.size());
     const auto count = archive.count.value_or(
         static_cast<quint16>(archive.wideEnd ? 0xffffU : archive.members.size()));
-    out.add(kEndSignature).add16(0).add16(0).add(count).add(count);
+    out.add(kEndSignature).add16(0).add16(0);
+    out.add(archive.diskCount.value_or(count)).add(count);
     if (archive.endElsewhere)
         out.add(kElsewhere).add(kElsewhere);
     else

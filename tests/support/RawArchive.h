@@ -32,6 +32,8 @@ struct Member
     std::optional<QByteArray> localName = {}; ///< name in the local record when it differs
     bool listedOnly = false;                  ///< has no local record; offset says whose it takes
     bool wideSizes = false;                   ///< sizes stand in the 64-bit extra field
+    bool plainLocal = false;                  ///< but in the local header as usual
+    bool wideOffset = false;                  ///< the offset is in that field, too
     QByteArray otherField = {};               ///< an extra field before that one
     quint16 madeBy = 0;
     quint32 attributes = 0; ///< external attributes
@@ -44,9 +46,10 @@ struct Archive
     QByteArray before; ///< junk in front; offsets do not count it
     QByteArray after;  ///< junk behind the end record
     QByteArray comment;
-    std::optional<quint16> count = {}; ///< in the end record instead of the right one
-    bool wideEnd = false;              ///< write the 64-bit end records too
-    bool endElsewhere = false;         ///< the end record leaves size and place to the 64-bit one
+    std::optional<quint16> count = {};     ///< in the end record instead of the right one
+    std::optional<quint16> diskCount = {}; ///< likewise, of the members on this disk
+    bool wideEnd = false;                  ///< write the 64-bit end records too
+    bool endElsewhere = false; ///< the end record leaves size and place to the 64-bit one
 };
 
 [[nodiscard]] QByteArray build(const Archive& archive);

@@ -1,0 +1,113 @@
+#include "document/archive/OpenedPackage.h"
+
+#include "document/archive/ArchiveText.h"
+#include "document/archive/AtomicFile.h"
+#include "document/archive/FolderListing.h"
+#include "document/archive/PackageSaver.h"
+#include "document/archive/Unpacking.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <utility>
+
+namespace {
+
+/// Opens a file for reading, but no pipe, which would wait for a writer.
+Outcome openToRead(QFile& file)
+{
+    const QFileInfo info(file);
+    if (info.exists() && !info.isFile())
+        return Outcome::failure(ArchiveText::tr("The file is not a ZIP archive"));
+    return file.open(QIODevice::ReadOnly) ? Outcome() : Outcome::failure(file.errorString());
+}
+
+std::vector<ArchiveMember> recordsOf(const std::vector<UnpackedMember>& members)
+{
+    std::vector<ArchiveMember> records;
+    records.reserve(members.size());
+    for (const UnpackedMember& member : members)
+        records.push_back(member.record);
+    return records;
+}
+
+} // namespace
+
+struct OpenedPackage::Attempt
+{
+    Outcome outcome;
+    bool foundDamage = false;
+    std::vector<WrittenMember> written;
+};
+
+Outcome OpenedPackage::unpack(const QString& archivePath, const QString& folder)
+{
+    *this = {};
+    QFile file(archivePath);
+    if (Outcome opened = openToRead(file); !opened)
+        return opened;
+    m_path = QFileInfo(file).absoluteFilePath();
+    m_identity = identityOf(file);
+    ArchiveDirectory directory;
+    if (Outcome read = readDirectory(file, directory); !read)
+        return read;
+    m_comment = directory.comment;
+    return unpackMembers(file, directory.members, folder, m_members);
+}
+
+Outcome OpenedPackage::save(const QString& folder, const QString& destination)
+{
+    const bool exists = QDir().mkpath(folder);
+    const std::optional<QStringList> files = exists ? filesBelow(folder) : std::nullopt;
+    if (!files)
+        return Outcome::failure(ArchiveText::tr("The folder \"%1\" cannot be read").arg(folder));
+    Outcome outcome;
+    for (const bool careful : {false, true}) {
+        Attempt attempt;
+        outcome = replaceFile(destination, [&](QIODevice& target) {
+            attempt = write(target, folder, *files, careful);
+            return attempt.outcome;
+        });
+        if (outcome)
+            remember(destination, attempt.written);
+        if (outcome || !attempt.foundDamage)
+            break;
+    }
+    return outcome;
+}
+
+OpenedPackage::Attempt OpenedPackage::write(QIODevice& target, const QString& folder,
+                                            const QStringList& files, bool careful) const
+{
+    const std::vector<ArchiveMember> records = recordsOf(m_members);
+    QFile file(m_path);
+    std::optional<ArchiveReader> source;
+    if (m_identity && openToRead(file) && identityOf(file) == m_identity)
+        source.emplace(file, records);
+    PackageSaver saver(target, m_members, source ? &*source : nullptr, folder, files, careful);
+    Outcome outcome = saver.write(m_comment);
+    return {outcome, saver.foundDamage(), saver.written()};
+}
+
+/// What was written is read again, so that the next save compares with what is on the disk.
+void OpenedPackage::remember(const QString& path, const std::vector<WrittenMember>& written)
+{
+    m_identity.reset(); // until everything is known about the new archive
+    QFile file(path);
+    ArchiveDirectory directory;
+    if (!openToRead(file) || !readDirectory(file, directory) ||
+        directory.members.size() != written.size())
+        return;
+    ArchiveReader reader(file, directory.members);
+    std::vector<UnpackedMember> members;
+    for (std::size_t i = 0; i < written.size(); ++i) {
+        const std::optional<quint32> crc = written[i].rawCrc ? written[i].rawCrc : reader.rawCrc(i);
+        if (!crc || directory.members[i].rawName != written[i].rawName)
+            return;
+        members.push_back({directory.members[i], written[i].path, true, *crc});
+    }
+    m_path = QFileInfo(file).absoluteFilePath();
+    m_identity = identityOf(file);
+    m_members = std::move(members);
+}

@@ -1,0 +1,194 @@
+#include "document/archive/PackageSaver.h"
+
+#include "document/archive/ArchiveText.h"
+#include "document/archive/Unpacking.h"
+
+#include <QDateTime>
+#include <QTemporaryFile>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+/// Kinds of extra fields that hold times: they would contradict the date of a changed member.
+constexpr quint16 kUnixTimes = 0x5455;
+constexpr quint16 kFormerUnixTimes = 0x5855;
+constexpr quint16 kNtfsTimes = 0x000a;
+
+constexpr qint64 kChunkSize = qint64{64} * 1024;
+
+quint32 dosDateOf(const QDateTime& time)
+{
+    const QDate date = time.date();
+    const int years = std::clamp(date.year() - 1980, 0, 127);
+    const int day = years << 9 | date.month() << 5 | date.day();
+    const int second =
+        time.time().hour() << 11 | time.time().minute() << 5 | time.time().second() / 2;
+    return static_cast<quint32>(day) << 16U | static_cast<quint32>(second);
+}
+
+/// Whether an open file has the content that a member has, by size and CRC; then reads it again
+/// from the start.
+/// @return a failure when the file cannot be read
+Outcome compare(QFile& file, const ArchiveMember& member, bool& same)
+{
+    same = false;
+    if (static_cast<quint64>(file.size()) != member.size)
+        return {};
+    std::vector<char> chunk(kChunkSize);
+    uLong crc = crc32(0, nullptr, 0);
+    quint64 total = 0;
+    qint64 count = 0;
+    while ((count = file.read(chunk.data(), kChunkSize)) > 0) {
+        crc = crc32(crc, reinterpret_cast<const Bytef*>(chunk.data()), static_cast<uInt>(count));
+        total += static_cast<quint64>(count);
+    }
+    if (count < 0 || !file.seek(0))
+        return Outcome::failure(file.errorString());
+    same = total == member.size && crc == member.crc;
+    return {};
+}
+
+} // namespace
+
+PackageSaver::PackageSaver(QIODevice& target, const std::vector<UnpackedMember>& members,
+                           ArchiveReader* source, const QString& folder, const QStringList& files,
+                           bool careful)
+    : m_writer(target),
+      m_members(members),
+      m_source(source),
+      m_folder(folder),
+      m_files(files),
+      m_careful(careful),
+      m_now(dosDateOf(QDateTime::currentDateTime()))
+{
+    for (const QString& file : files)
+        m_keys.insert(fileKey(m_folder.relativeFilePath(file)));
+}
+
+Outcome PackageSaver::write(const QByteArray& comment)
+{
+    for (std::size_t i = 0; i < m_members.size(); ++i) {
+        if (Outcome written = writeMember(i); !written)
+            return written;
+    }
+    if (Outcome written = writeNewFiles(); !written)
+        return written;
+    return m_writer.finish(comment);
+}
+
+Outcome PackageSaver::writeMember(std::size_t index)
+{
+    const UnpackedMember& member = m_members[index];
+    if (!member.path.isEmpty())
+        return writeOwner(index);
+    if (canCopy(index))
+        return copy(index);
+    if (member.record.isFolder()) {
+        m_written.push_back({member.record.rawName, {}, {}});
+        return m_writer.addFolder(member.record);
+    }
+    // Another member has the file of this one, so only the archive has its content.
+    return m_source ? recover(index) : Outcome();
+}
+
+Outcome PackageSaver::writeOwner(std::size_t index)
+{
+    const UnpackedMember& member = m_members[index];
+    QFile file(m_folder.filePath(member.path));
+    // Asked both ways: a file that is there but cannot be looked at must not count as missing.
+    if (!m_keys.contains(fileKey(member.path)) && !file.exists())
+        return writeWithoutFile(index);
+    if (!file.open(QIODevice::ReadOnly))
+        return Outcome::failure(file.errorString());
+    bool same = false;
+    if (Outcome compared = compare(file, member.record, same); !compared)
+        return compared;
+    if (same && canCopy(index))
+        return copy(index);
+    ArchiveMember like = member.record;
+    like.dosDate = same ? like.dosDate : m_now;
+    return deflate(like, member.path, file);
+}
+
+Outcome PackageSaver::writeWithoutFile(std::size_t index)
+{
+    const UnpackedMember& member = m_members[index];
+    if (canCopy(index))
+        return copy(index);
+    if (m_source && !member.whole)
+        return recover(index);
+    return Outcome::failure(
+        ArchiveText::tr(
+            "The file \"%1\" is missing, and the package was changed since it was opened")
+            .arg(member.path));
+}
+
+Outcome PackageSaver::writeNewFiles()
+{
+    QSet<QString> known;
+    for (const UnpackedMember& member : m_members)
+        known.insert(fileKey(member.path));
+    for (const QString& path : m_files) {
+        const QString name = m_folder.relativeFilePath(path);
+        if (known.contains(fileKey(name)))
+            continue;
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            return Outcome::failure(file.errorString());
+        if (Outcome added = deflate(newMember(name.toUtf8(), m_now), name, file); !added)
+            return added;
+    }
+    return {};
+}
+
+Outcome PackageSaver::copy(std::size_t index)
+{
+    const UnpackedMember& member = m_members[index];
+    MemberStream stream = m_source->open(index, MemberStream::Form::Raw);
+    bool intact = false;
+    Outcome copied = stream.isOpen()
+                         ? m_writer.copyMember(member.record, stream, member.rawCrc, intact)
+                         : Outcome();
+    if (intact) {
+        m_written.push_back({member.record.rawName, member.path, member.rawCrc});
+        return copied;
+    }
+    m_foundDamage = true;
+    return Outcome::failure(ArchiveText::tr("The member \"%1\" was damaged since it was opened")
+                                .arg(member.record.name));
+}
+
+/// Writes what can be read of a member whose data are damaged.
+Outcome PackageSaver::recover(std::size_t index)
+{
+    const UnpackedMember& member = m_members[index];
+    QTemporaryFile content;
+    bool whole = false;
+    if (!content.open())
+        return Outcome::failure(content.errorString());
+    if (Outcome extracted = m_source->extract(index, content, whole); !extracted)
+        return extracted;
+    if (member.whole && !whole) {
+        return Outcome::failure(ArchiveText::tr("The member \"%1\" was damaged since it was opened")
+                                    .arg(member.record.name));
+    }
+    if (!content.seek(0))
+        return Outcome::failure(content.errorString());
+    return deflate(member.record, member.path, content);
+}
+
+Outcome PackageSaver::deflate(const ArchiveMember& like, const QString& path, QIODevice& content)
+{
+    ArchiveMember header = like;
+    header.extra = withoutExtraFields(like.extra, {kUnixTimes, kFormerUnixTimes, kNtfsTimes});
+    m_written.push_back({like.rawName, path, {}});
+    return m_writer.addMember(header, content);
+}
+
+bool PackageSaver::canCopy(std::size_t index)
+{
+    const UnpackedMember& member = m_members[index];
+    return m_source && member.whole && (!m_careful || m_source->rawCrc(index) == member.rawCrc);
+}
