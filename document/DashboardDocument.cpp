@@ -8,6 +8,7 @@
 #include "document/XmlFile.h"
 #include "document/XmlTree.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
@@ -30,7 +31,7 @@ bool DashboardDocument::open(const QString& packagePath)
     fresh.m_tempDir = unpackDir.path();
     fresh.m_device = m_device;
 
-    if (!DashboardPackage::unpackArchive(packagePath, fresh.m_tempDir))
+    if (!fresh.m_package.unpack(packagePath, fresh.m_tempDir))
         return false;
     fresh.m_overlayPath = DashboardPackage::findOverlayFile(fresh.m_tempDir);
     if (fresh.m_overlayPath.isEmpty() || !fresh.loadOverlay(fresh.m_overlayPath))
@@ -48,7 +49,9 @@ bool DashboardDocument::save(const QString& destPath)
 {
     if (m_overlayPath.isEmpty() || m_tempDir.isEmpty())
         return false;
-    return writeBack(m_overlayPath) && DashboardPackage::packDirectory(m_tempDir, destPath);
+    // A cleaner of temporary files may have removed the folder; the package has the rest.
+    QDir().mkpath(QFileInfo(m_overlayPath).absolutePath());
+    return writeBack(m_overlayPath) && bool(m_package.save(m_tempDir, destPath));
 }
 
 bool DashboardDocument::loadOverlay(const QString& path)

@@ -3,6 +3,7 @@
 #include "document/DashPage.h"
 #include "document/PageImages.h"
 #include "document/TargetDevice.h"
+#include "document/archive/OpenedPackage.h"
 
 #include <QString>
 
@@ -39,9 +40,10 @@ public:
     /// kept for good.
     [[nodiscard]] bool open(const QString& packagePath);
 
-    /// Writes the records back and packs the unpack directory into destPath. False when no package
-    /// is open. On failure the file that stood at destPath is unchanged; XML and overlay file may
-    /// hold what the records say already, so that saving again packs the same.
+    /// Writes the records back and saves the package to destPath: members that have not changed are
+    /// copied as they are in the package that was opened or last saved. False when no package is
+    /// open. On failure the file at destPath is unchanged; XML and overlay file may already have
+    /// the values of the records, so that saving again writes the same.
     [[nodiscard]] bool save(const QString& destPath);
 
     /// Parses an overlay file and rebuilds the pages. A file that cannot be read changes nothing;
@@ -133,7 +135,8 @@ private:
     std::vector<DashPage> m_pages;
     PageImages m_images;
     pugi::xml_document m_overlayXml;
-    bool m_indented = true; ///< found out on reading: an edit adds an element's levels at most
+    bool m_indented = true;  ///< found out on reading: an edit adds an element's levels at most
+    OpenedPackage m_package; ///< what a save copies unchanged members from
     QString m_tempDir;
     QString m_overlayPath;
     QString m_devicePath;

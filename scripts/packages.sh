@@ -11,10 +11,12 @@ build_packages=(
     fonts-dejavu-core
 )
 
-# Tests and benchmarks. mount, e2fsprogs and strace serve the tests that inject faults.
+# Tests and benchmarks. mount, e2fsprogs and strace serve the tests that inject faults, the last line
+# those that exchange packages with other tools.
 test_packages=(
     libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev
     e2fsprogs mount strace
+    libarchive-tools p7zip-full python3 unzip zip
 )
 
 # Format and lint, fuzzers, validators, the Windows cross-build and its emulator.

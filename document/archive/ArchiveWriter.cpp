@@ -122,6 +122,7 @@ Outcome ArchiveWriter::writeContent(QIODevice& content)
 {
     const qint64 size = content.size();
     qint64 total = 0;
+    m_contentCrc = 0;
     while (true) {
         const qint64 count = content.read(m_chunk.data(), kChunkSize);
         if (count < 0)
@@ -129,6 +130,9 @@ Outcome ArchiveWriter::writeContent(QIODevice& content)
         if (count == 0)
             break;
         total += count;
+        m_contentCrc =
+            static_cast<quint32>(crc32(m_contentCrc, reinterpret_cast<const Bytef*>(m_chunk.data()),
+                                       static_cast<uInt>(count)));
         if (zipWriteInFileInZip(m_archive.get(), m_chunk.data(), static_cast<unsigned>(count)) !=
             ZIP_OK)
             return checked(false);

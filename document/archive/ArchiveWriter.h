@@ -27,6 +27,9 @@ public:
     /// are those of the content, and of the flags only the one for UTF-8 names counts.
     Outcome addMember(const ArchiveMember& like, QIODevice& content);
 
+    /// CRC of the content that was added last.
+    [[nodiscard]] quint32 contentCrc() const { return m_contentCrc; }
+
     /// Appends a folder, stored and without data, with the name and attributes of `like`.
     Outcome addFolder(const ArchiveMember& like);
 
@@ -65,6 +68,7 @@ private:
     ArchiveDevice m_device;
     std::unique_ptr<std::remove_pointer_t<zipFile>, Closer> m_archive;
     std::size_t m_members = 0;
+    quint32 m_contentCrc = 0;
     qint64 m_directorySize = 0;
     std::vector<Patch> m_localPatches;     ///< positions in the file
     std::vector<Patch> m_directoryPatches; ///< positions in the directory

@@ -13,15 +13,19 @@ namespace {
 fs::file_type typeOf(const fs::directory_entry& entry)
 {
     std::error_code error;
-    if (entry.is_directory(error)) // mostly known from the listing, without asking again
+    if (entry.is_directory(error)) // mostly known from the listing, without a system call
         return fs::file_type::directory;
     const fs::file_type type = entry.status(error).type();
-    return error == std::errc::too_many_symbolic_link_levels ? fs::file_type::not_found : type;
+    if (error == std::errc::too_many_symbolic_link_levels)
+        return fs::file_type::not_found;
+    // A file that is listed but not found has a path of more than 260 characters on Windows.
+    return type == fs::file_type::not_found && !entry.is_symlink(error) ? fs::file_type::none
+                                                                        : type;
 }
 
 } // namespace
 
-// Not with QDirIterator, which takes an error for the end of a folder.
+// Not with QDirIterator, which ends silently at an error.
 std::optional<QStringList> filesBelow(const QString& folder)
 {
     QStringList paths;

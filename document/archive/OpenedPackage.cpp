@@ -62,6 +62,8 @@ Outcome OpenedPackage::save(const QString& folder, const QString& destination)
     const std::optional<QStringList> files = exists ? filesBelow(folder) : std::nullopt;
     if (!files)
         return Outcome::failure(ArchiveText::tr("The folder \"%1\" cannot be read").arg(folder));
+    if (!m_unread.empty())
+        remember();
     Outcome outcome;
     for (const bool careful : {false, true}) {
         Attempt attempt;
@@ -69,8 +71,11 @@ Outcome OpenedPackage::save(const QString& folder, const QString& destination)
             attempt = write(target, folder, *files, careful);
             return attempt.outcome;
         });
-        if (outcome)
-            remember(destination, attempt.written);
+        if (outcome) {
+            m_path = QFileInfo(destination).absoluteFilePath();
+            m_unread = std::move(attempt.written);
+            remember();
+        }
         if (outcome || !attempt.foundDamage)
             break;
     }
@@ -90,24 +95,27 @@ OpenedPackage::Attempt OpenedPackage::write(QIODevice& target, const QString& fo
     return {outcome, saver.foundDamage(), saver.written()};
 }
 
-/// What was written is read again, so that the next save compares with what is on the disk.
-void OpenedPackage::remember(const QString& path, const std::vector<WrittenMember>& written)
+/// Reads what was written, so that the next save knows what is on the disk. Where that fails, the
+/// next save tries again.
+void OpenedPackage::remember()
 {
     m_identity.reset(); // until everything is known about the new archive
-    QFile file(path);
+    QFile file(m_path);
     ArchiveDirectory directory;
     if (!openToRead(file) || !readDirectory(file, directory) ||
-        directory.members.size() != written.size())
+        directory.members.size() != m_unread.size())
         return;
     ArchiveReader reader(file, directory.members);
     std::vector<UnpackedMember> members;
-    for (std::size_t i = 0; i < written.size(); ++i) {
-        const std::optional<quint32> crc = written[i].rawCrc ? written[i].rawCrc : reader.rawCrc(i);
-        if (!crc || directory.members[i].rawName != written[i].rawName)
+    for (std::size_t i = 0; i < m_unread.size(); ++i) {
+        const WrittenMember& written = m_unread[i];
+        const ArchiveMember& record = directory.members[i];
+        const std::optional<quint32> crc = written.rawCrc ? written.rawCrc : reader.rawCrc(i);
+        if (!crc || record.rawName != written.rawName || record.crc != written.crc)
             return;
-        members.push_back({directory.members[i], written[i].path, true, *crc});
+        members.push_back({record, written.path, true, *crc});
     }
-    m_path = QFileInfo(file).absoluteFilePath();
     m_identity = identityOf(file);
     m_members = std::move(members);
+    m_unread.clear();
 }

@@ -3,6 +3,7 @@
 #include "document/archive/FileIdentity.h"
 #include "document/archive/Outcome.h"
 #include "document/archive/UnpackedMember.h"
+#include "document/archive/WrittenMember.h"
 
 #include <QString>
 #include <QStringList>
@@ -11,7 +12,6 @@
 #include <vector>
 
 class QIODevice;
-struct WrittenMember;
 
 /// The archive that the files in an unpack folder come from, so that a save copies what has not
 /// changed since. A value; keeps no file open.
@@ -38,10 +38,11 @@ private:
 
     [[nodiscard]] Attempt write(QIODevice& target, const QString& folder, const QStringList& files,
                                 bool careful) const;
-    void remember(const QString& path, const std::vector<WrittenMember>& written);
+    void remember();
 
     QString m_path;                         ///< of the archive
     std::optional<FileIdentity> m_identity; ///< when it was read; nullopt if it must not be used
     QByteArray m_comment;
     std::vector<UnpackedMember> m_members;
+    std::vector<WrittenMember> m_unread; ///< saved to m_path, but not read again yet
 };

@@ -86,7 +86,7 @@ Outcome PackageSaver::writeMember(std::size_t index)
     if (canCopy(index))
         return copy(index);
     if (member.record.isFolder()) {
-        m_written.push_back({member.record.rawName, {}, {}});
+        m_written.push_back({member.record.rawName, {}, 0, {}});
         return m_writer.addFolder(member.record);
     }
     // Another member has the file of this one, so only the archive has its content.
@@ -152,7 +152,7 @@ Outcome PackageSaver::copy(std::size_t index)
                          ? m_writer.copyMember(member.record, stream, member.rawCrc, intact)
                          : Outcome();
     if (intact) {
-        m_written.push_back({member.record.rawName, member.path, member.rawCrc});
+        m_written.push_back({member.record.rawName, member.path, member.record.crc, member.rawCrc});
         return copied;
     }
     m_foundDamage = true;
@@ -183,8 +183,9 @@ Outcome PackageSaver::deflate(const ArchiveMember& like, const QString& path, QI
 {
     ArchiveMember header = like;
     header.extra = withoutExtraFields(like.extra, {kUnixTimes, kFormerUnixTimes, kNtfsTimes});
-    m_written.push_back({like.rawName, path, {}});
-    return m_writer.addMember(header, content);
+    Outcome added = m_writer.addMember(header, content);
+    m_written.push_back({like.rawName, path, m_writer.contentCrc(), {}});
+    return added;
 }
 
 bool PackageSaver::canCopy(std::size_t index)

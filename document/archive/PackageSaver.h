@@ -3,6 +3,7 @@
 #include "document/archive/ArchiveReader.h"
 #include "document/archive/ArchiveWriter.h"
 #include "document/archive/UnpackedMember.h"
+#include "document/archive/WrittenMember.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,14 +12,6 @@
 
 #include <optional>
 #include <vector>
-
-/// A member as it was written.
-struct WrittenMember
-{
-    QByteArray rawName;
-    QString path;                  ///< as in UnpackedMember
-    std::optional<quint32> rawCrc; ///< of the compressed bytes, where it is known
-};
 
 /// Writes one new archive from an opened one and the folder with its files. Decides for each member
 /// where it comes from; OpenedPackage::save says by which rules.

@@ -33,11 +33,18 @@ protected:
 
     /// That the file at m_package is the new package after a save that succeeded and the old one
     /// byte for byte after one that failed, that nothing else was left anywhere, that the document
-    /// can still be edited, and that saving it again works. Puts the old package back.
+    /// can still be edited, and that saving it again works. Restores the old package and opens it
+    /// again.
     void expectNothingLost(bool saved);
 
     /// Makes the document that of m_package again, edited, and forgets the unpack folder before.
     void reopen();
+
+    /// Writes the package again, as another program would: a save must not copy from it.
+    void changePackage();
+
+    /// Removes the unpack folder, as a cleaner of temporary files would.
+    void emptyFolder();
 
     [[nodiscard]] QByteArray world() const;
 
@@ -48,5 +55,6 @@ protected:
     std::unique_ptr<DashboardDocument> m_document; ///< m_package, with its element moved to kMoved
 
 private:
+    bool m_folderEmptied = false;
     QByteArray m_realTempPath;
 };

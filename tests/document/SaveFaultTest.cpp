@@ -6,6 +6,7 @@
 #include "tests/support/PackageBuilder.h"
 
 #include <cerrno>
+#include <functional>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,32 +15,49 @@ using FaultInjection::Effect;
 
 namespace {
 
+constexpr int kEndless = 10000; ///< more calls of a kind than any save here makes
+
 class SaveFaultTest : public OpenPackageFixture, public testing::WithParamInterface<FaultScenario>
 {
+protected:
+    /// Saves until a save passes without the fault. @param prepare is called before each save
+    void saveWithFaults(const std::function<void()>& prepare)
+    {
+        int number = 1;
+        for (bool struck = true; struck && !HasFailure(); ++number) {
+            ASSERT_LT(number, kEndless);
+            SCOPED_TRACE(number);
+            prepare();
+            FaultInjection::arm(world(), GetParam().at(number));
+            const bool saved = m_document->save(m_package);
+            struck = FaultInjection::disarm();
+            if (!struck) {
+                EXPECT_TRUE(saved);
+            }
+            expectNothingLost(saved);
+        }
+        EXPECT_GT(number, 2) << "no call of this kind was made";
+    }
 };
 class SaveKillTest : public OpenPackageFixture
 {
 };
 
-constexpr int kEndless = 10000; ///< more calls of a kind than any save here makes
-
 } // namespace
 
 TEST_P(SaveFaultTest, LosesNothingWhicheverCallFails)
 {
-    int number = 1;
-    for (bool struck = true; struck && !HasFailure(); ++number) {
-        ASSERT_LT(number, kEndless);
-        SCOPED_TRACE(number);
-        FaultInjection::arm(world(), GetParam().at(number));
-        const bool saved = m_document->save(m_package);
-        struck = FaultInjection::disarm();
-        if (!struck) {
-            EXPECT_TRUE(saved);
-        }
-        expectNothingLost(saved);
-    }
-    EXPECT_GT(number, 2) << "no call of this kind was made";
+    saveWithFaults([] {});
+}
+
+TEST_P(SaveFaultTest, LosesNothingWhenThePackageHasChanged)
+{
+    saveWithFaults([this] { changePackage(); });
+}
+
+TEST_P(SaveFaultTest, LosesNothingWhenTheFolderIsEmpty)
+{
+    saveWithFaults([this] { emptyFolder(); });
 }
 
 INSTANTIATE_TEST_SUITE_P(

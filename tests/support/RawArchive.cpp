@@ -72,7 +72,6 @@ Fields fieldsOf(const Member& member)
     fields.size = member.size.value_or(static_cast<quint64>(member.content.size()));
     if (member.wideSizes) {
         fields.wide = Bytes()
-                          .addText(member.otherField)
                           .add16(1)
                           .add16(16)
                           .add(fields.size)
@@ -93,13 +92,18 @@ void addLocal(Bytes& out, const Member& member, const Fields& fields)
 {
     const bool late = (member.flags & kDataDescriptor) != 0;
     const QByteArray name = member.localName.value_or(member.name);
-    out.add(kLocalSignature).add(kVersionNeeded).add(member.flags).add(member.method).add32(0);
+    out.add(kLocalSignature)
+        .add(kVersionNeeded)
+        .add(member.flags)
+        .add(member.method)
+        .add(member.date);
     out.add(late ? 0U : fields.crc);
     const bool plain = late || member.plainLocal;
     out.add(plain ? plainValue(late, fields.data.size()) : fields.shownPacked());
     out.add(plain ? plainValue(late, fields.size) : fields.shownSize());
     out.add16(static_cast<std::size_t>(name.size()));
-    const QByteArray wide = member.plainLocal ? QByteArray() : fields.wide;
+    const QByteArray wide = member.localField.value_or(member.otherField) +
+                            (member.plainLocal ? QByteArray() : fields.wide);
     out.add16(static_cast<std::size_t>(wide.size()));
     out.addText(name).addText(wide).addText(fields.data);
     if (late) {
@@ -120,15 +124,18 @@ QByteArray wideField(const Member& member, const Fields& fields, std::size_t off
 
 void addCentral(Bytes& out, const Member& member, const Fields& fields, std::size_t offset)
 {
-    const QByteArray wide = wideField(member, fields, offset);
+    const QByteArray wide = member.otherField + wideField(member, fields, offset);
     const auto shownOffset = member.wideOffset ? kElsewhere : static_cast<quint32>(offset);
     out.add(kCentralSignature).add(member.madeBy).add(kVersionNeeded);
-    out.add(member.flags).add(member.method).add32(0).add(fields.crc);
+    out.add(member.flags).add(member.method).add(member.date).add(fields.crc);
     out.add(fields.shownPacked()).add(fields.shownSize());
     out.add16(static_cast<std::size_t>(member.name.size()));
     out.add16(static_cast<std::size_t>(wide.size()));
     out.add16(static_cast<std::size_t>(member.comment.size()));
-    out.add16(0).add16(0).add(member.attributes).add(member.offset.value_or(shownOffset));
+    out.add16(0)
+        .add(member.internalAttributes)
+        .add(member.attributes)
+        .add(member.offset.value_or(shownOffset));
     out.addText(member.name).addText(wide).addText(member.comment);
 }
 

@@ -29,13 +29,16 @@ struct Member
     std::optional<quint32> crc = {};    ///< instead of the right one
     std::optional<quint64> size = {};   ///< declared unpacked size instead of the right one
     std::optional<quint32> offset = {}; ///< of the local record instead of the right one
-    std::optional<QByteArray> localName = {}; ///< name in the local record when it differs
-    bool listedOnly = false;                  ///< has no local record; offset says whose it takes
-    bool wideSizes = false;                   ///< sizes stand in the 64-bit extra field
-    bool plainLocal = false;                  ///< but in the local header as usual
-    bool wideOffset = false;                  ///< the offset is in that field, too
-    QByteArray otherField = {};               ///< an extra field before that one
+    std::optional<QByteArray> localName = {};  ///< name in the local record when it differs
+    bool listedOnly = false;                   ///< has no local record; offset says whose it takes
+    bool wideSizes = false;                    ///< sizes stand in the 64-bit extra field
+    bool plainLocal = false;                   ///< but in the local header as usual
+    bool wideOffset = false;                   ///< the offset is in that field, too
+    QByteArray otherField = {};                ///< an extra field before that one
+    std::optional<QByteArray> localField = {}; ///< instead of it in the local header
     quint16 madeBy = 0;
+    quint32 date = 0; ///< time in the lower, date in the upper half
+    quint16 internalAttributes = 0;
     quint32 attributes = 0; ///< external attributes
     QByteArray comment = {};
 };
