@@ -43,7 +43,7 @@ MainWindow::MainWindow() : m_undoStack(new QUndoStack(this))
     setAcceptDrops(true);
     setContextMenuPolicy(Qt::NoContextMenu); // the default one can hide the toolbar for good
     resize(kInitialSize);
-    updateWindowTitle();
+    syncPanes();
 }
 
 MainWindow::~MainWindow()

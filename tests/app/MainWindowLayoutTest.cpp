@@ -36,6 +36,7 @@ TEST_F(MainWindowLayout, StartsWithTitleSizeAndStatus)
     EXPECT_FALSE(child<QLabel>("targetDeviceBadge")->isVisible());
     EXPECT_EQ(pageList().count(), 0);
     EXPECT_EQ(canvas().page(), nullptr);
+    EXPECT_EQ(canvas().accessibleName(), QStringLiteral("Page"));
 }
 
 TEST_F(MainWindowLayout, HasNoSignalsOrSlotsOfItsOwn)

@@ -220,4 +220,9 @@ TEST_F(Translation, CoversEveryEditAndItsUndo)
     trigger("newPageAction");
     newPage(QStringLiteral("12"));
     expectTranslatedEdit();
+    clickPage(1);
+    for (const char* const action : {"undoAction", "undoAction", "redoAction"}) {
+        trigger(action); // of a page that is not shown
+        expectTranslatedEdit();
+    }
 }
