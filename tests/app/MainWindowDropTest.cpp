@@ -26,12 +26,13 @@ protected:
         data.setUrls(urls);
         data.setText(paths.join(u'\n')); // as file managers do
         const QPoint center = target.rect().center();
-        QDragEnterEvent enter(center, actions, &data, Qt::LeftButton, {});
+        // Shift asks for a move.
+        QDragEnterEvent enter(center, actions, &data, Qt::LeftButton, Qt::ShiftModifier);
         QApplication::sendEvent(&target, &enter);
         if (!enter.isAccepted())
             return false;
         EXPECT_EQ(enter.dropAction(), Qt::CopyAction) << "the source deletes what is moved";
-        QDropEvent dropped(center, actions, &data, Qt::LeftButton, {});
+        QDropEvent dropped(center, actions, &data, Qt::LeftButton, Qt::ShiftModifier);
         QApplication::sendEvent(&target, &dropped);
         EXPECT_TRUE(dropped.isAccepted());
         EXPECT_EQ(dropped.dropAction(), Qt::CopyAction);
@@ -61,11 +62,13 @@ TEST_F(MainWindowDrop, APackageIsOpened)
 
 TEST_F(MainWindowDrop, EveryPaneTakesFiles)
 {
-    const QString package = writeUsualPackage();
+    openUsual();
+    const QString package = path(QStringLiteral("usual.zconf2"));
     for (QWidget* const pane : std::initializer_list<QWidget*>{
              &canvas(), pageList().viewport(), &panel(),
              child<QSpinBox>("xSpin")->findChild<QLineEdit*>(), m_window->statusBar()}) {
         m_window->statusBar()->clearMessage();
+        clickElement(0); // enables the number fields
         EXPECT_TRUE(drop(*pane, {package})) << pane->metaObject()->className();
         EXPECT_EQ(status(), QStringLiteral("Opened usual.zconf2 (3 pages)"));
     }
