@@ -6,9 +6,8 @@
 
 #include <pugixml.hpp>
 
-/// Names an element so that it can be recognised after records have moved in memory: by its XML
-/// node together with its name, because a node that was freed may come back in the same place as
-/// another.
+/// Identifies an element after records have moved in memory: by its XML node and its name, because
+/// the node's memory may be reused for another element.
 class ElementKey
 {
 public:
@@ -16,7 +15,7 @@ public:
     ElementKey() = default;
     explicit ElementKey(const DashElement& element) : m_node(element.node), m_name(element.name) {}
 
-    /// Where the element stands on that page, which may be null; -1 when it is not there.
+    /// The element's index on that page, which may be null; -1 when it is not there.
     [[nodiscard]] int indexIn(const DashPage* page) const;
 
 private:
