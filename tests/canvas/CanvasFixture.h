@@ -22,7 +22,7 @@
     return element;
 }
 
-/// A canvas on which a page of 800 x 480 stands at 1:1, its origin at (10, 10) of the widget, with
+/// A canvas that shows a page of 800 x 480 at 1:1, its origin at (10, 10) of the widget, with
 /// an undo stack; and the mouse and the shortcuts that it gets.
 class CanvasMouseFixture : public ::testing::Test
 {

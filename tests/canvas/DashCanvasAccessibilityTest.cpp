@@ -1,4 +1,4 @@
-// What the canvas tells assistive technology: the page, the selected element and its place.
+// What the canvas reports to assistive technology: the page, the selected element and its place.
 
 #include "tests/canvas/CanvasFixture.h"
 

@@ -12,7 +12,7 @@ using DashCanvasOnBarePage = CanvasFixture;
 
 } // namespace
 
-TEST_F(DashCanvasOnBarePage, RebindingKeepsTheSelectionThatIsAskedFor)
+TEST_F(DashCanvasOnBarePage, RebindingSelectsTheGivenElement)
 {
     add({100, 100, 50, 40});
     add({200, 100, 50, 40});
@@ -112,7 +112,7 @@ TEST_F(DashCanvasOnBarePage, TheRedoKeyLeavesADragAloneWhenThereIsNothingToRedo)
     EXPECT_EQ(m_stack.count(), 2);
 }
 
-TEST_F(DashCanvasOnBarePage, AFormerUndoStackIsNotHeardAnyMore)
+TEST_F(DashCanvasOnBarePage, AFormerUndoStackIsIgnored)
 {
     add({100, 100, 50, 40});
     drag(at(120, 120), at(140, 120));

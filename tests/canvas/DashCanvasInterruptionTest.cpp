@@ -1,5 +1,5 @@
-// What happens to a drag when page, document or undo history change under it; on a page of no
-// document, in a file of its own.
+// What happens to a drag when page, document or undo history change under it; a page of no document
+// has another file.
 
 #include "app/commands/DeleteCommand.h"
 #include "app/commands/NewPageCommand.h"

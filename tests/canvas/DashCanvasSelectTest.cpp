@@ -47,7 +47,7 @@ TEST_F(DashCanvasSelect, EmptyCanvasDeselectsOnceAndIsThenSilent)
     EXPECT_EQ(m_selected.count(), 2);
 }
 
-TEST_F(DashCanvasSelect, APressOutsideThePageHitsAnElementThatLiesThere)
+TEST_F(DashCanvasSelect, APressOutsideThePageHitsAnElementThere)
 {
     add({-8, 100, 50, 40});
     click({4, 120});

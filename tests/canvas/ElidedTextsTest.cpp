@@ -57,7 +57,7 @@ TEST(ElidedTexts, EverythingThatMattersIsTakenIntoAccount)
     }
 }
 
-TEST(ElidedTexts, AnotherBaseFontForgetsWhatWasKept)
+TEST(ElidedTexts, AnotherBaseFontEmptiesTheCache)
 {
     ElidedTexts texts;
     texts.setBaseFont(font(10));
@@ -69,14 +69,14 @@ TEST(ElidedTexts, AnotherBaseFontForgetsWhatWasKept)
     EXPECT_NE(texts.elided(kName, wide, 60), normal);
 }
 
-TEST(ElidedTexts, OfAVeryLongTextOnlyTheBeginningIsLookedAt)
+TEST(ElidedTexts, OnlyTheBeginningOfAVeryLongTextCounts)
 {
     ElidedTexts texts;
     const QString huge(10'000'000, u'x');
     EXPECT_EQ(texts.elided(huge, font(10), 60), cutOff(huge.left(500), font(10), 60));
 }
 
-TEST(ElidedTexts, StaysRightBeyondTheLimitOfWhatIsKept)
+TEST(ElidedTexts, StaysCorrectWhenTheCacheIsFull)
 {
     ElidedTexts texts;
     for (int i = 0; i < 120'000; ++i) {

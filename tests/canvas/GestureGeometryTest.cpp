@@ -47,7 +47,7 @@ TEST(GestureClamp, ANegativeUpperBoundWinsOverZeroOnlyFromAbove)
 
 // --- Handles -------------------------------------------------------------------------------------
 
-TEST(GestureHandles, StandOnCornersAndEdgeMiddlesInTheirNumbering)
+TEST(GestureHandles, AreOnCornersAndEdgeMiddlesInOrder)
 {
     EXPECT_EQ(handlePoint(kRect, handle(2)), QPointF(100, 200));
     EXPECT_EQ(handlePoint(kRect, handle(3)), QPointF(130, 200));

@@ -1,4 +1,4 @@
-// What the inspector shows; edits made in it have a file of their own.
+// What the property panel shows; edits made in it are in another file.
 
 #include "tests/canvas/PanelFixture.h"
 
@@ -27,7 +27,7 @@ std::vector<std::string> items(const QComboBox& box)
 
 // --- Layout --------------------------------------------------------------------------------------
 
-TEST_F(PropertyPanelTest, GroupsStandBelowEachOtherWithAStretchAtTheEnd)
+TEST_F(PropertyPanelTest, GroupsAreStackedWithAStretchAtTheEnd)
 {
     const auto* const layout = qobject_cast<QVBoxLayout*>(m_panel.layout());
     ASSERT_NE(layout, nullptr);
@@ -185,7 +185,7 @@ TEST_F(PropertyPanelTest, ShowingAnElementChangesAndEmitsNothing)
     EXPECT_EQ(m_element.valueFontSize, 7);
 }
 
-TEST_F(PropertyPanelTest, AnElementWithoutAChannelSaysSo)
+TEST_F(PropertyPanelTest, AnElementWithoutAChannelShowsNone)
 {
     m_element.channelLongName.clear();
     m_panel.setElement(&m_element);
@@ -304,7 +304,7 @@ TEST_F(PropertyPanelTest, AnInvalidColorIsShownAsBlack)
     EXPECT_EQ(button("valueColorButton").text(), QStringLiteral("#000000"));
 }
 
-TEST_F(PropertyPanelTest, TheNameStandsReadableOnItsColor)
+TEST_F(PropertyPanelTest, TheNameIsReadableOnItsColor)
 {
     m_panel.setElement(&m_element);
     EXPECT_EQ(button("valueColorButton").palette().color(QPalette::ButtonText), QColor(Qt::black));

@@ -33,7 +33,7 @@ TEST_F(InsertDialog, StartsAsDescribed)
     EXPECT_GT(m_channels->width(), m_types->width());
 }
 
-TEST_F(InsertDialog, TypesStandLeftOfTheChannelsAndShareTheWidthOneToTwo)
+TEST_F(InsertDialog, TypesAreLeftOfTheChannelsWithAThirdOfTheWidth)
 {
     openUsual();
     const auto* const layout = qobject_cast<QVBoxLayout*>(m_dialog->layout());
@@ -149,14 +149,14 @@ TEST_F(InsertDialog, GoingToTheChannelsByKeyboardChoosesNone)
     EXPECT_TRUE(m_summary->text().contains(QStringLiteral("<b>Engine Speed</b>")));
 }
 
-TEST_F(InsertDialog, ANewTypeTellsOfTheChannelsAgain)
+TEST_F(InsertDialog, ANewTypeReportsTheChannelSelectionAgain)
 {
     openUsual();
-    const QSignalSpy told(m_channels, &QListWidget::itemSelectionChanged);
+    const QSignalSpy reported(m_channels, &QListWidget::itemSelectionChanged);
     m_types->setCurrentRow(1);
-    EXPECT_EQ(told.count(), 1);
+    EXPECT_EQ(reported.count(), 1);
     m_types->setCurrentRow(-1);
-    EXPECT_EQ(told.count(), 1) << "no type, nothing to tell";
+    EXPECT_EQ(reported.count(), 1) << "no type, nothing to report";
 }
 
 TEST_F(InsertDialog, ARowThatNamesNoChannelOfTheDocumentIsNotInserted)
@@ -237,7 +237,7 @@ TEST_F(InsertDialog, WithoutDonorInsertStaysDisabled)
     EXPECT_TRUE(m_dialog->spec().templateLabel.isEmpty());
 }
 
-TEST_F(InsertDialog, WithoutChannelsThePlaceholderStands)
+TEST_F(InsertDialog, WithoutChannelsThereIsAPlaceholder)
 {
     open({barElement("bar.1")}, {});
     ASSERT_EQ(m_channels->count(), 1);

@@ -56,7 +56,7 @@ TEST(FindDonors, AnEmptyDocumentHasNone)
     EXPECT_TRUE(findDonors(DashboardDocument()).empty());
 }
 
-TEST_F(DonorDocument, FirstOfEachKindInDocumentOrderOnWhateverPage)
+TEST_F(DonorDocument, FirstOfEachKindInDocumentOrderOnAnyPage)
 {
     open({TestPackage::page("One", 800, 480,
                             {element({axis("RPM"), part("BargraphTrapezio"), part("Digit")})}),

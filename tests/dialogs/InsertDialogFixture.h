@@ -25,7 +25,7 @@
             {{"BargraphTrapezio", {}, {}, {}}}};
 }
 
-/// An insert dialog on a document of its own, shown and active.
+/// An insert dialog on a document, shown and active.
 class InsertDialog : public ::testing::Test
 {
 protected:

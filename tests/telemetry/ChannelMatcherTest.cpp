@@ -84,7 +84,7 @@ TEST(ChannelMatcher, PassesOverAnotherSide)
     EXPECT_EQ(matchOf("stbd rpm", recorded), u"Stbd_Engine_RPM"_s);
 }
 
-TEST(ChannelMatcher, PassesOverAChannelWithoutSideWhenASideIsAskedFor)
+TEST(ChannelMatcher, SkipsAChannelWithoutSideWhenTheNameHasOne)
 {
     EXPECT_EQ(matchOf("port rpm", names({"engine port rpm"})), kNone);
     EXPECT_EQ(matchOf("port rpm", names({"rpm", "zz port"})), kNone);
@@ -104,7 +104,7 @@ TEST(ChannelMatcher, SeesASideInTheFirstWholeWordOnly)
     EXPECT_EQ(matchOf("starboard rpm", names({"engine rpm x"})), u"engine rpm x"_s);
 }
 
-TEST(ChannelMatcher, PrefersNoSideWhenNoneIsAskedFor)
+TEST(ChannelMatcher, PrefersNoSideWhenTheNameHasNone)
 {
     EXPECT_EQ(matchOf("rpm", names({"Engine RPM Avg", "Port RPM"})), u"Engine RPM Avg"_s);
     // 10 - 3 = 7 is above 5, and above the 5 of a part of a word.

@@ -67,7 +67,7 @@ TEST_F(MatchTraceTest, ALineNamesTheLayoutChannelAndTheRecordedOne)
               QStringLiteral("OVERLAY: \"Gear_Pos\"  ->  XRK: \"GearPos\"\n"));
 }
 
-TEST_F(MatchTraceTest, AChannelWithoutAMatchSaysSo)
+TEST_F(MatchTraceTest, AChannelWithoutAMatchIsTracedAsSuch)
 {
     EXPECT_EQ(MatchTrace::line(QStringLiteral("star boost"), QString()),
               QStringLiteral("OVERLAY: \"star boost\"  ->  XRK: \"NO MATCH\"\n"));

@@ -165,7 +165,7 @@ TEST_P(EveryFamily, EndsDespiteACountOfChannelsThatCannotBe)
     EXPECT_THAT(keys(read(m_reader)), ElementsAre(u"a"_s, u"b"_s));
 }
 
-TEST_P(EveryFamily, IsAskedForNoMoreChannelsThanALoggerRecords)
+TEST_P(EveryFamily, IsReadUpToTheChannelLimit)
 {
     m_reader.claimedChannelCounts[GetParam()] = kGreatestCount;
     static_cast<void>(read(m_reader));

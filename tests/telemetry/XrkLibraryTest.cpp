@@ -35,7 +35,7 @@ constexpr std::array<const char*, 20> kNames = {
     "get_GPS_raw_channel_samples",
 };
 
-/// Whether each slot is filled, in the order in which the slots stand.
+/// Whether each slot is filled, in the order of the slots.
 std::array<bool, kNames.size()> filledSlots(const XrkLibrary& library)
 {
     return {

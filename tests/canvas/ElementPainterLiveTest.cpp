@@ -19,13 +19,13 @@
 
 namespace {
 
-class LiveValue : public CanvasFixture
+class ElementPainterLive : public CanvasFixture
 {
 public:
-    ~LiveValue() override { QDir::setCurrent(m_before); }
+    ~ElementPainterLive() override { QDir::setCurrent(m_before); }
 
 protected:
-    LiveValue() : m_before(QDir::currentPath())
+    ElementPainterLive() : m_before(QDir::currentPath())
     {
         QDir::setCurrent(m_folder.path()); // where the trace file would go
         m_reader.channels[ReaderHost::kPlain] = {
@@ -117,7 +117,7 @@ private:
 
 } // namespace
 
-TEST_F(LiveValue, ShowsTheValueAtTheReplayTime)
+TEST_F(ElementPainterLive, ShowsTheValueAtTheReplayTime)
 {
     addLive("Engine RPM");
     EXPECT_EQ(picture(), expected({"0.00"}));
@@ -129,7 +129,7 @@ TEST_F(LiveValue, ShowsTheValueAtTheReplayTime)
     EXPECT_EQ(picture(), expected({"20000"}));
 }
 
-TEST_F(LiveValue, DecimalsFollowTheMagnitude)
+TEST_F(ElementPainterLive, DecimalsFollowTheMagnitude)
 {
     addLive("Water Temp");
     addLive("Ratio", ElementKind::Digit, {300, 100, 150, 60});
@@ -138,7 +138,7 @@ TEST_F(LiveValue, DecimalsFollowTheMagnitude)
     EXPECT_EQ(picture(), expected({"57.3", "0.50", "1000.0", "-0.25"}));
 }
 
-TEST_F(LiveValue, OnlyAnalogValuesAreBold)
+TEST_F(ElementPainterLive, OnlyAnalogValuesAreBold)
 {
     int y = 10;
     for (const ElementKind kind : {ElementKind::Analog, ElementKind::Digit, ElementKind::Icon,
@@ -151,7 +151,7 @@ TEST_F(LiveValue, OnlyAnalogValuesAreBold)
     EXPECT_EQ(picture(), expected({"57.3", "57.3", "57.3", "57.3", "57.3", "57.3"}));
 }
 
-TEST_F(LiveValue, TheWidgetsOwnWeightDoesNotMatter)
+TEST_F(ElementPainterLive, TheWidgetsOwnWeightDoesNotMatter)
 {
     QFont bold = m_canvas.font();
     bold.setBold(true);
@@ -160,7 +160,7 @@ TEST_F(LiveValue, TheWidgetsOwnWeightDoesNotMatter)
     EXPECT_EQ(picture(), expected({"57.3"}));
 }
 
-TEST_F(LiveValue, TheElementsFontSizeAndColorAreUsed)
+TEST_F(ElementPainterLive, TheElementsFontSizeAndColorAreUsed)
 {
     addLive("Water Temp").valueFontSize = 30;
     element(0).valueColor = QColor(255, 0, 128);
@@ -171,7 +171,7 @@ TEST_F(LiveValue, TheElementsFontSizeAndColorAreUsed)
     EXPECT_EQ(picture(), expected({"57.3"}));
 }
 
-TEST_F(LiveValue, TheFontIsFittedToTheBox)
+TEST_F(ElementPainterLive, TheFontIsFittedToTheBox)
 {
     for (const ElementGeometry& geometry :
          {ElementGeometry{100, 100, 60, 100}, ElementGeometry{100, 100, 30, 100},
@@ -184,7 +184,7 @@ TEST_F(LiveValue, TheFontIsFittedToTheBox)
     }
 }
 
-TEST_F(LiveValue, TextsFollowTheScale)
+TEST_F(ElementPainterLive, TextsFollowTheScale)
 {
     addLive("Water Temp", ElementKind::Analog);
     for (const QSize size : {QSize(1620, 980), QSize(640, 417), QSize(400, 240)}) {
@@ -193,13 +193,13 @@ TEST_F(LiveValue, TextsFollowTheScale)
     }
 }
 
-TEST_F(LiveValue, ALongCaptionIsElided)
+TEST_F(ElementPainterLive, ALongCaptionIsElided)
 {
     addLive("Water Temp and quite a lot more than fits", ElementKind::Digit, {100, 100, 80, 60});
     EXPECT_EQ(picture(), expected({"57.3"}));
 }
 
-TEST_F(LiveValue, TheSpeedIsConvertedToTheChosenUnit)
+TEST_F(ElementPainterLive, TheSpeedIsConvertedToTheChosenUnit)
 {
     addLive("GPS Speed");
     EXPECT_EQ(picture(), expected({"36.0"}));
@@ -211,7 +211,7 @@ TEST_F(LiveValue, TheSpeedIsConvertedToTheChosenUnit)
     EXPECT_EQ(picture(), expected({"10.0"}));
 }
 
-TEST_F(LiveValue, DecimalsFollowTheConvertedSpeed)
+TEST_F(ElementPainterLive, DecimalsFollowTheConvertedSpeed)
 {
     for (const auto& [speed, texts] : {std::pair{0.5, std::array{"1.8", "1.1", "0.97"}},
                                        std::pair{0.25, std::array{"0.90", "0.56", "0.49"}},
@@ -229,20 +229,20 @@ TEST_F(LiveValue, DecimalsFollowTheConvertedSpeed)
     }
 }
 
-TEST_F(LiveValue, TheMatchedNameDecidesWhatIsASpeed)
+TEST_F(ElementPainterLive, TheMatchedNameDecidesWhatIsASpeed)
 {
     addLive("gps_speed");
     addLive("GPS Altitude", ElementKind::Digit, {300, 100, 150, 60});
     EXPECT_EQ(picture(), expected({"36.0", "10.0"}));
 }
 
-TEST_F(LiveValue, AChannelThatMatchesNothingShowsZero)
+TEST_F(ElementPainterLive, AChannelThatMatchesNothingShowsZero)
 {
     addLive("xyz");
     EXPECT_EQ(picture(), expected({"0.00"}));
 }
 
-TEST_F(LiveValue, AnElementWithoutAChannelShowsItsName)
+TEST_F(ElementPainterLive, AnElementWithoutAChannelShowsItsName)
 {
     addLive("");
     m_canvas.setReplayTime(5.0);
@@ -251,7 +251,7 @@ TEST_F(LiveValue, AnElementWithoutAChannelShowsItsName)
     EXPECT_EQ(picture(), live);
 }
 
-TEST_F(LiveValue, ANameAfterALiveValueIsNotBoldEvenOnABoldCanvas)
+TEST_F(ElementPainterLive, ANameAfterALiveValueIsNotBoldEvenOnABoldCanvas)
 {
     QFont bold = m_canvas.font();
     bold.setBold(true);
@@ -264,7 +264,7 @@ TEST_F(LiveValue, ANameAfterALiveValueIsNotBoldEvenOnABoldCanvas)
         << "the first element has the canvas's own weight";
 }
 
-TEST_F(LiveValue, AnEmptiedSessionShowsNamesAgain)
+TEST_F(ElementPainterLive, AnEmptiedSessionShowsNamesAgain)
 {
     addLive("Water Temp");
     m_canvas.setSession(nullptr);
@@ -275,7 +275,7 @@ TEST_F(LiveValue, AnEmptiedSessionShowsNamesAgain)
     EXPECT_EQ(picture(), names);
 }
 
-TEST_F(LiveValue, ReplayingCallsNothingInTheReader)
+TEST_F(ElementPainterLive, ReplayingCallsNothingInTheReader)
 {
     addLive("Engine RPM");
     addLive("xyz");
@@ -287,7 +287,7 @@ TEST_F(LiveValue, ReplayingCallsNothingInTheReader)
     EXPECT_EQ(m_reader.log.size(), calls);
 }
 
-TEST_F(LiveValue, EveryShownChannelIsTracedOnceARun)
+TEST_F(ElementPainterLive, EveryShownChannelIsTracedOnceARun)
 {
     QDir().mkpath(QFileInfo(FixedPaths::channelTraceFile()).path());
     addLive("water_temp"); // spelled as in no other test: names are traced once a run
@@ -301,7 +301,7 @@ TEST_F(LiveValue, EveryShownChannelIsTracedOnceARun)
                               "OVERLAY: \"zzz\"  ->  XRK: \"NO MATCH\"\n");
 }
 
-TEST_F(LiveValue, LayoutsWithoutARecordingTraceNothing)
+TEST_F(ElementPainterLive, LayoutsWithoutARecordingTraceNothing)
 {
     QDir().mkpath(QFileInfo(FixedPaths::channelTraceFile()).path());
     m_canvas.setSession(nullptr);
@@ -310,14 +310,14 @@ TEST_F(LiveValue, LayoutsWithoutARecordingTraceNothing)
     EXPECT_FALSE(QFileInfo::exists(FixedPaths::channelTraceFile()));
 }
 
-TEST_F(LiveValue, ABoxThatReachesFarBeyondThePageShowsItsValueInItsMiddle)
+TEST_F(ElementPainterLive, ABoxThatReachesFarBeyondThePageShowsItsValueInItsMiddle)
 {
     addLive("Water Temp", ElementKind::Digit, {-20'000, 100, 41'000, 60}); // its middle at 500
     addLive("Ratio", ElementKind::Digit, {100, -20'000, 150, 40'600}).valueFontSize = 30;
     EXPECT_EQ(picture(), expected({"57.3", "0.50"}));
 }
 
-TEST_F(LiveValue, TheValueOfABoxWhoseMiddleIsFarAwayIsNotSeen)
+TEST_F(ElementPainterLive, TheValueOfABoxWhoseMiddleIsFarAwayIsNotSeen)
 {
     addLive("Water Temp", ElementKind::Digit, {100, 100, 10'000, 60});
     const QImage far = picture();
@@ -328,7 +328,7 @@ TEST_F(LiveValue, TheValueOfABoxWhoseMiddleIsFarAwayIsNotSeen)
     }
 }
 
-TEST_F(LiveValue, AbsurdElementsAndValuesAreHarmless)
+TEST_F(ElementPainterLive, AbsurdElementsAndValuesAreHarmless)
 {
     constexpr int kMax = 2'147'483'647;
     m_reader.channels[ReaderHost::kPlain] = {

@@ -1,4 +1,4 @@
-// Random gestures on random pages, step by step beside a second transcription of the rules.
+// Random gestures on random pages, step by step against a second implementation of the rules.
 
 #include "canvas/DashCanvas.h"
 #include "tests/canvas/CanvasModel.h"

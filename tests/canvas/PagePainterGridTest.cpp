@@ -6,11 +6,11 @@
 
 namespace {
 
-using GridPainting = PaintingFixture;
+using PagePainterGridTest = PaintingFixture;
 
 } // namespace
 
-TEST_F(GridPainting, TheGridIsDrawnOnlyWhileSnapping)
+TEST_F(PagePainterGridTest, TheGridIsDrawnOnlyWhileSnapping)
 {
     const QImage without = pictureOf(m_canvas);
     m_canvas.setSnap(true, 10);
@@ -19,7 +19,7 @@ TEST_F(GridPainting, TheGridIsDrawnOnlyWhileSnapping)
     EXPECT_EQ(pictureOf(m_canvas), without);
 }
 
-TEST_F(GridPainting, GridLinesStandAtBothEndsToo)
+TEST_F(PagePainterGridTest, BothEndsHaveGridLines)
 {
     m_canvas.setSnap(true, 10);
     const QImage picture = pictureOf(m_canvas);
@@ -46,7 +46,7 @@ TEST_F(GridPainting, GridLinesStandAtBothEndsToo)
     EXPECT_EQ(rows.back(), 490);
 }
 
-TEST_F(GridPainting, WhereGridLinesCrossTheyAreBlendedTwice)
+TEST_F(PagePainterGridTest, WhereGridLinesCrossTheyAreBlendedTwice)
 {
     m_canvas.setSnap(true, 10);
     const QColor once = over(QColor(80, 80, 80, 100), Qt::black);
@@ -55,7 +55,7 @@ TEST_F(GridPainting, WhereGridLinesCrossTheyAreBlendedTwice)
     EXPECT_EQ(pixel(at(25, 25)), QColor(Qt::black));
 }
 
-TEST_F(GridPainting, APitchThatDoesNotDivideThePageStopsBeforeItsEnd)
+TEST_F(PagePainterGridTest, APitchThatDoesNotDivideThePageStopsBeforeItsEnd)
 {
     m_canvas.setSnap(true, 300);
     const QImage picture = pictureOf(m_canvas);
@@ -68,7 +68,7 @@ TEST_F(GridPainting, APitchThatDoesNotDivideThePageStopsBeforeItsEnd)
     EXPECT_EQ(columns, 3); // 0, 300, 600
 }
 
-TEST_F(GridPainting, APitchBelowTwoDrawsNoGrid)
+TEST_F(PagePainterGridTest, APitchBelowTwoDrawsNoGrid)
 {
     const QImage without = pictureOf(m_canvas);
     for (const int pitch : {1, 0, -10}) {
@@ -79,7 +79,7 @@ TEST_F(GridPainting, APitchBelowTwoDrawsNoGrid)
     EXPECT_NE(pictureOf(m_canvas), without);
 }
 
-TEST_F(GridPainting, TheGridLiesOverTheImageAndUnderTheElements)
+TEST_F(PagePainterGridTest, TheGridIsOverTheImageAndUnderTheElements)
 {
     m_page.image = QPixmap(1, 1);
     m_page.image.fill(Qt::red);
@@ -90,7 +90,7 @@ TEST_F(GridPainting, TheGridLiesOverTheImageAndUnderTheElements)
     EXPECT_EQ(pixel(at(120, 125)), over(QColor(40, 180, 60, 60), line));
 }
 
-TEST_F(GridPainting, AGridOfMoreLinesThanAnyDisplayHasIsLeftOut)
+TEST_F(PagePainterGridTest, AGridOfMoreLinesThanAnyDisplayHasIsLeftOut)
 {
     m_canvas.setSnap(true, 2);
     const QPoint middle = m_canvas.rect().center();
@@ -104,7 +104,7 @@ TEST_F(GridPainting, AGridOfMoreLinesThanAnyDisplayHasIsLeftOut)
     }
 }
 
-TEST_F(GridPainting, AScaledGridIsAsDrawnByHand)
+TEST_F(PagePainterGridTest, AScaledGridIsAsDrawnByHand)
 {
     m_page.width = 803; // not a multiple of any pitch below
     m_page.height = 477;

@@ -7,11 +7,11 @@
 
 namespace {
 
-using PagePainting = PaintingFixture;
+using PagePainterTest = PaintingFixture;
 
 } // namespace
 
-TEST_F(PagePainting, WithoutAPageAllIsBackdrop)
+TEST_F(PagePainterTest, WithoutAPageAllIsBackdrop)
 {
     m_canvas.setPage(nullptr);
     QImage expected(m_canvas.size(), QImage::Format_RGB32);
@@ -19,7 +19,7 @@ TEST_F(PagePainting, WithoutAPageAllIsBackdrop)
     EXPECT_EQ(pictureOf(m_canvas), expected);
 }
 
-TEST_F(PagePainting, AnEmptyPageIsBlackOnTheBackdrop)
+TEST_F(PagePainterTest, AnEmptyPageIsBlackOnTheBackdrop)
 {
     QImage expected(m_canvas.size(), QImage::Format_RGB32);
     expected.fill(kBackdrop);
@@ -29,7 +29,7 @@ TEST_F(PagePainting, AnEmptyPageIsBlackOnTheBackdrop)
     EXPECT_EQ(pictureOf(m_canvas), expected);
 }
 
-TEST_F(PagePainting, ThePageIsScaledAndCentred)
+TEST_F(PagePainterTest, ThePageIsScaledAndCentred)
 {
     m_page.width = 400; // twice 400 x 240 fills the height; the width is left over
     m_page.height = 480;
@@ -42,7 +42,7 @@ TEST_F(PagePainting, ThePageIsScaledAndCentred)
     EXPECT_EQ(picture.pixelColor(400, 10), QColor(Qt::black));
 }
 
-TEST_F(PagePainting, TheBackgroundImageIsStretchedOverThePage)
+TEST_F(PagePainterTest, TheBackgroundImageIsStretchedOverThePage)
 {
     QImage image(2, 2, QImage::Format_RGB32);
     image.setPixelColor(0, 0, Qt::red);
@@ -61,14 +61,14 @@ TEST_F(PagePainting, TheBackgroundImageIsStretchedOverThePage)
     EXPECT_EQ(picture.pixelColor(9, 10), kBackdrop);
 }
 
-TEST_F(PagePainting, ATransparentImageShowsThePageBehindIt)
+TEST_F(PagePainterTest, ATransparentImageShowsThePageBehindIt)
 {
     m_page.image = QPixmap(4, 4);
     m_page.image.fill(QColor(255, 255, 255, 128));
     EXPECT_EQ(pixel(at(5, 5)), over(QColor(255, 255, 255, 128), Qt::black));
 }
 
-TEST_F(PagePainting, TheImagesRectangleIsRoundedToWholePixels)
+TEST_F(PagePainterTest, TheImagesRectangleIsRoundedToWholePixels)
 {
     m_canvas.resize(433, 240); // scale 220/480, origin x 33.17
     m_page.image = QPixmap(1, 1);
@@ -84,7 +84,7 @@ TEST_F(PagePainting, TheImagesRectangleIsRoundedToWholePixels)
 
 // --- Elements ------------------------------------------------------------------------------------
 
-TEST_F(PagePainting, EveryKindHasItsTint)
+TEST_F(PagePainterTest, EveryKindHasItsTint)
 {
     struct Case
     {
@@ -102,7 +102,7 @@ TEST_F(PagePainting, EveryKindHasItsTint)
     }
 }
 
-TEST_F(PagePainting, LaterElementsLieOnTop)
+TEST_F(PagePainterTest, LaterElementsLieOnTop)
 {
     addBlank({100, 100, 50, 40}, ElementKind::Analog);
     addBlank({120, 110, 50, 40}, ElementKind::Icon);
@@ -112,7 +112,7 @@ TEST_F(PagePainting, LaterElementsLieOnTop)
     EXPECT_EQ(pixel(at(150, 125)), over(QColor(200, 180, 40, 60), QColor(200, 200, 200)));
 }
 
-TEST_F(PagePainting, AnElementWithAChannelHasASolidOutline)
+TEST_F(PagePainterTest, AnElementWithAChannelHasASolidOutline)
 {
     addBlank({100, 100, 50, 40});
     const QImage picture = pictureOf(m_canvas);
@@ -129,7 +129,7 @@ TEST_F(PagePainting, AnElementWithAChannelHasASolidOutline)
     EXPECT_NE(picture.pixelColor(at(101, 120)), QColor(200, 200, 200));
 }
 
-TEST_F(PagePainting, AnElementWithoutAChannelHasADashedGreyOutline)
+TEST_F(PagePainterTest, AnElementWithoutAChannelHasADashedGreyOutline)
 {
     addBlank({100, 100, 50, 40}, ElementKind::Other, QString());
     const QImage picture = pictureOf(m_canvas);
@@ -145,7 +145,7 @@ TEST_F(PagePainting, AnElementWithoutAChannelHasADashedGreyOutline)
     EXPECT_EQ(dashes + gaps, 50);
 }
 
-TEST_F(PagePainting, TheSelectedElementHasAYellowOutlineTwoPixelsWide)
+TEST_F(PagePainterTest, TheSelectedElementHasAYellowOutlineTwoPixelsWide)
 {
     addBlank({100, 100, 100, 80});
     click(at(150, 140));
@@ -158,7 +158,7 @@ TEST_F(PagePainting, TheSelectedElementHasAYellowOutlineTwoPixelsWide)
     EXPECT_EQ(yellow, (std::vector<int>{99, 100}));
 }
 
-TEST_F(PagePainting, SelectionWinsOverTheDashesOfAMissingChannel)
+TEST_F(PagePainterTest, SelectionWinsOverTheDashesOfAMissingChannel)
 {
     addBlank({100, 100, 100, 80}, ElementKind::Other, QString());
     click(at(150, 140));
@@ -167,7 +167,7 @@ TEST_F(PagePainting, SelectionWinsOverTheDashesOfAMissingChannel)
         EXPECT_EQ(picture.pixelColor(at(100, y)), kYellow);
 }
 
-TEST_F(PagePainting, OnlyTheSelectedElementIsYellow)
+TEST_F(PagePainterTest, OnlyTheSelectedElementIsYellow)
 {
     addBlank({100, 100, 100, 80});
     addBlank({300, 100, 100, 80});
@@ -176,7 +176,7 @@ TEST_F(PagePainting, OnlyTheSelectedElementIsYellow)
     EXPECT_EQ(pixel(at(300, 120)), kYellow);
 }
 
-TEST_F(PagePainting, EightHandlesOfSixPixelsStandOnTheOutline)
+TEST_F(PagePainterTest, EightHandlesOfSixPixelsAreOnTheOutline)
 {
     addBlank({100, 100, 100, 80});
     click(at(150, 140));
@@ -194,7 +194,7 @@ TEST_F(PagePainting, EightHandlesOfSixPixelsStandOnTheOutline)
     }
 }
 
-TEST_F(PagePainting, HandlesKeepTheirSizeAtAnyZoom)
+TEST_F(PagePainterTest, HandlesKeepTheirSizeAtAnyZoom)
 {
     m_canvas.resize(1600 + 20, 960 + 20);
     addBlank({100, 100, 100, 80});
@@ -207,7 +207,7 @@ TEST_F(PagePainting, HandlesKeepTheirSizeAtAnyZoom)
     EXPECT_NE(picture.pixelColor(corner + QPoint(3, 3)), kYellow);
 }
 
-TEST_F(PagePainting, HandlesLieOverElementsOnTopOfTheSelectedOne)
+TEST_F(PagePainterTest, HandlesLieOverElementsOnTopOfTheSelectedOne)
 {
     addBlank({100, 100, 100, 80});
     addBlank({180, 160, 100, 80});
@@ -215,7 +215,7 @@ TEST_F(PagePainting, HandlesLieOverElementsOnTopOfTheSelectedOne)
     EXPECT_EQ(pixel(at(198, 178)), kYellow);
 }
 
-TEST_F(PagePainting, WithoutASelectionThereAreNoHandles)
+TEST_F(PagePainterTest, WithoutASelectionThereAreNoHandles)
 {
     addBlank({100, 100, 100, 80});
     const QImage picture = pictureOf(m_canvas);
@@ -225,16 +225,16 @@ TEST_F(PagePainting, WithoutASelectionThereAreNoHandles)
     }
 }
 
-TEST_F(PagePainting, ASelectedElementThatIsGoneLeavesNoHandlesBehind)
+TEST_F(PagePainterTest, ASelectedElementThatIsGoneLeavesNoHandlesBehind)
 {
     const QImage empty = pictureOf(m_canvas);
     addBlank({100, 100, 100, 80});
     click(at(150, 140));
-    m_page.elements.clear(); // and nobody tells the canvas
+    m_page.elements.clear(); // without notice to the canvas
     EXPECT_EQ(pictureOf(m_canvas), empty);
 }
 
-TEST_F(PagePainting, AScaledElementIsAsDrawnByHand)
+TEST_F(PagePainterTest, AScaledElementIsAsDrawnByHand)
 {
     m_canvas.resize(640, 417); // an awkward scale
     addBlank({101, 53, 97, 61}, ElementKind::Icon);
@@ -250,7 +250,7 @@ TEST_F(PagePainting, AScaledElementIsAsDrawnByHand)
     EXPECT_EQ(pictureOf(m_canvas), expected);
 }
 
-TEST_F(PagePainting, AScaledSelectionIsAsDrawnByHand)
+TEST_F(PagePainterTest, AScaledSelectionIsAsDrawnByHand)
 {
     addBlank({101, 53, 97, 61}, ElementKind::Icon); // its middles lie between pixels
     for (const QSize size : {QSize(640, 417), QSize(1111, 500), QSize(823, 977)}) {
@@ -277,7 +277,7 @@ TEST_F(PagePainting, AScaledSelectionIsAsDrawnByHand)
 
 // --- Absurd pages and elements -------------------------------------------------------------------
 
-TEST_F(PagePainting, AbsurdPagesArePaintedInNoTime)
+TEST_F(PagePainterTest, AbsurdPagesArePaintedInNoTime)
 {
     constexpr int kMax = 2'147'483'647;
     add({0, 0, 50, 40});
@@ -296,7 +296,7 @@ TEST_F(PagePainting, AbsurdPagesArePaintedInNoTime)
     }
 }
 
-TEST_F(PagePainting, AnElementThatReachesAbsurdlyFarCoversWhatItCovers)
+TEST_F(PagePainterTest, AnElementThatReachesAbsurdlyFarCoversWhatItCovers)
 {
     constexpr int kMax = 2'147'483'647;
     addBlank({100, 100, kMax, kMax}, ElementKind::Analog);
@@ -307,7 +307,7 @@ TEST_F(PagePainting, AnElementThatReachesAbsurdlyFarCoversWhatItCovers)
     EXPECT_EQ(picture.pixelColor(at(799, 479)), QColor(9, 19, 47));
 }
 
-TEST_F(PagePainting, AnElementFarOutsideIsNotSeen)
+TEST_F(PagePainterTest, AnElementFarOutsideIsNotSeen)
 {
     constexpr int kMax = 2'147'483'647;
     const QImage empty = pictureOf(m_canvas);
@@ -317,7 +317,7 @@ TEST_F(PagePainting, AnElementFarOutsideIsNotSeen)
     EXPECT_EQ(pictureOf(m_canvas), empty);
 }
 
-TEST_F(PagePainting, ASelectionThatReachesAbsurdlyFarHasHandlesOnlyWhereTheyCanBeSeen)
+TEST_F(PagePainterTest, ASelectionThatReachesAbsurdlyFarHasHandlesOnlyWhereTheyCanBeSeen)
 {
     constexpr int kMax = 2'147'483'647;
     addBlank({100, 100, kMax, kMax});
@@ -330,7 +330,7 @@ TEST_F(PagePainting, ASelectionThatReachesAbsurdlyFarHasHandlesOnlyWhereTheyCanB
     }
 }
 
-TEST_F(PagePainting, ASelectionFarOutsideIsNotSeen)
+TEST_F(PagePainterTest, ASelectionFarOutsideIsNotSeen)
 {
     constexpr int kMax = 2'147'483'647;
     const QImage empty = pictureOf(m_canvas);

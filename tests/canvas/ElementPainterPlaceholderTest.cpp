@@ -8,7 +8,7 @@
 
 namespace {
 
-class PlaceholderText : public CanvasFixture
+class ElementPainterPlaceholder : public CanvasFixture
 {
 protected:
     /// What the canvas has to look like, painted by hand.
@@ -57,7 +57,7 @@ private:
 
 } // namespace
 
-TEST_F(PlaceholderText, ShowsChannelAndName)
+TEST_F(ElementPainterPlaceholder, ShowsChannelAndName)
 {
     add({100, 100, 150, 60});
     EXPECT_EQ(pictureOf(m_canvas), expected());
@@ -65,14 +65,14 @@ TEST_F(PlaceholderText, ShowsChannelAndName)
     EXPECT_EQ(pictureOf(m_canvas), expected());
 }
 
-TEST_F(PlaceholderText, WithoutAChannelShowsTheNameOnly)
+TEST_F(ElementPainterPlaceholder, WithoutAChannelShowsTheNameOnly)
 {
     m_page.elements.push_back(
         makeElement(QStringLiteral("mask.7"), {100, 100, 150, 60}, QString()));
     EXPECT_EQ(pictureOf(m_canvas), expected());
 }
 
-TEST_F(PlaceholderText, LongTextsAreElidedAtTheRight)
+TEST_F(ElementPainterPlaceholder, LongTextsAreElidedAtTheRight)
 {
     m_page.elements.push_back(makeElement(QStringLiteral("a name that is much too long"),
                                           {100, 100, 71, 60},
@@ -80,7 +80,7 @@ TEST_F(PlaceholderText, LongTextsAreElidedAtTheRight)
     EXPECT_EQ(pictureOf(m_canvas), expected());
 }
 
-TEST_F(PlaceholderText, GrowsWithTheScale)
+TEST_F(ElementPainterPlaceholder, GrowsWithTheScale)
 {
     add({100, 100, 150, 60});
     for (const QSize size : {QSize(1620, 980), QSize(1100, 700), QSize(640, 417)}) {
@@ -89,14 +89,14 @@ TEST_F(PlaceholderText, GrowsWithTheScale)
     }
 }
 
-TEST_F(PlaceholderText, IsAtLeastEightPixelsHigh)
+TEST_F(ElementPainterPlaceholder, IsAtLeastEightPixelsHigh)
 {
     m_canvas.resize(400, 240);
     add({100, 100, 150, 60});
     EXPECT_EQ(pictureOf(m_canvas), expected());
 }
 
-TEST_F(PlaceholderText, KeepsTheWeightOfTheCanvassFont)
+TEST_F(ElementPainterPlaceholder, KeepsTheWeightOfTheCanvassFont)
 {
     QFont bold = m_canvas.font();
     bold.setBold(true);
@@ -105,7 +105,7 @@ TEST_F(PlaceholderText, KeepsTheWeightOfTheCanvassFont)
     EXPECT_EQ(pictureOf(m_canvas), expected());
 }
 
-TEST_F(PlaceholderText, AnEmptyBoxIsHarmless)
+TEST_F(ElementPainterPlaceholder, AnEmptyBoxIsHarmless)
 {
     add({100, 100, 0, 0});
     add({200, 100, -50, -40});
@@ -113,7 +113,7 @@ TEST_F(PlaceholderText, AnEmptyBoxIsHarmless)
     EXPECT_EQ(pictureOf(m_canvas), expected());
 }
 
-TEST_F(PlaceholderText, ASessionWithoutARecordingShowsNamesToo)
+TEST_F(ElementPainterPlaceholder, ASessionWithoutARecordingShowsNamesToo)
 {
     TelemetrySession session;
     m_canvas.setSession(&session);
@@ -122,7 +122,7 @@ TEST_F(PlaceholderText, ASessionWithoutARecordingShowsNamesToo)
     m_canvas.setSession(nullptr);
 }
 
-TEST_F(PlaceholderText, NamesOfMegabytesCostNoTime)
+TEST_F(ElementPainterPlaceholder, NamesOfMegabytesCostNoTime)
 {
     const QString huge(10'000'000, u'x');
     m_page.elements.push_back(makeElement(huge, {100, 100, 150, 60}, huge));
