@@ -1,27 +1,21 @@
 #include "canvas/PropertyPanel.h"
 
 #include "canvas/GestureGeometry.h"
-#include "document/DisplayFonts.h"
+#include "canvas/StyleEditor.h"
+#include "document/DashPage.h"
 #include "document/ElementGeometry.h"
 #include "document/ShownText.h"
-#include "widgets/ElidedComboBox.h"
 #include "widgets/LiteralToolTip.h"
 
 #include <QColorDialog>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace {
-
-constexpr int kSmallestFont = 8; // pixels
-constexpr int kLargestFont = 300;
-constexpr QSize kColorButtonSize(60, 24);
-constexpr QSize kDefaultPage(800, 480); // until a page is shown
 
 template <typename Widget>
 Widget* named(const QString& name, Widget* widget)
@@ -33,9 +27,9 @@ Widget* named(const QString& name, Widget* widget)
 QLabel* readOnlyRow(QFormLayout* form, const QString& title, const QString& name)
 {
     auto* const label = named(name, new QLabel);
-    label->setTextFormat(Qt::PlainText); // names are text, whatever they look like
+    label->setTextFormat(Qt::PlainText); // a name may look like mark-up
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    // A long name is cut off rather than making the panel's form wider than the panel.
+    // Cut a long name off instead of making the form wider than the panel.
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     form->addRow(title, label);
     return label;
@@ -72,33 +66,6 @@ QString kindText(ElementKind kind)
 
 } // namespace
 
-void PropertyPanel::StyleEditor::show(const QString& family, int pixels, const QColor& shown) const
-{
-    // A family that is not in the list leaves the former one standing.
-    const int item = font->findText(family, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (item >= 0)
-        font->setCurrentIndex(item);
-    size->setValue(pixels);
-    showColor(shown);
-}
-
-void PropertyPanel::StyleEditor::showColor(const QColor& shown) const
-{
-    color->setStyleSheet(
-        QStringLiteral("background-color: %1; border: 1px solid gray;").arg(shown.name()));
-    color->setText(shown.name());
-    QPalette readable = color->palette();
-    readable.setColor(QPalette::ButtonText, qGray(shown.rgb()) < 128 ? Qt::white : Qt::black);
-    color->setPalette(readable);
-}
-
-void PropertyPanel::StyleEditor::setEnabled(bool enabled) const
-{
-    font->setEnabled(enabled);
-    size->setEnabled(enabled);
-    color->setEnabled(enabled);
-}
-
 PropertyPanel::PropertyPanel(QWidget* parent) : QWidget(parent)
 {
     auto* const layout = new QVBoxLayout(this);
@@ -106,13 +73,15 @@ PropertyPanel::PropertyPanel(QWidget* parent) : QWidget(parent)
     layout->addWidget(createElementGroup());
     layout->addWidget(createPositionGroup());
     layout->addWidget(createSizeGroup());
-    layout->addWidget(createStyleGroup(tr("Value Font"), QStringLiteral("value"), m_value));
-    m_labelGroup = named(QStringLiteral("labelGroup"),
-                         createStyleGroup(tr("Label Font"), QStringLiteral("label"), m_label));
-    layout->addWidget(m_labelGroup);
+    m_value = new StyleEditor(tr("Value Font"), QStringLiteral("value"));
+    layout->addWidget(m_value);
+    m_label = named(QStringLiteral("labelGroup"),
+                    new StyleEditor(tr("Label Font"), QStringLiteral("label")));
+    layout->addWidget(m_label);
     layout->addStretch();
 
-    setPageSize(kDefaultPage.width(), kDefaultPage.height());
+    const DashPage defaultPage; // until one is shown
+    setPageSize(defaultPage.width, defaultPage.height);
     connectEditors();
     clear();
 }
@@ -145,35 +114,14 @@ QGroupBox* PropertyPanel::createSizeGroup()
     return group;
 }
 
-QGroupBox* PropertyPanel::createStyleGroup(const QString& title, const QString& namePrefix,
-                                           StyleEditor& editor)
-{
-    auto* const group = new QGroupBox(title);
-    auto* const form = new QFormLayout(group);
-    editor.font = named(namePrefix + u"FontCombo", new ElidedComboBox);
-    editor.font->addItems(kDisplayFonts);
-    form->addRow(tr("Font:"), editor.font);
-    editor.size = pixelRow(form, tr("Size:"), namePrefix + u"SizeSpin");
-    editor.size->setRange(kSmallestFont, kLargestFont);
-    editor.color = named(namePrefix + u"ColorButton", new QPushButton);
-    editor.color->setFixedSize(kColorButtonSize);
-    form->addRow(tr("Color:"), editor.color);
-    editor.setEnabled(false);
-    return group;
-}
-
 void PropertyPanel::connectEditors()
 {
     for (QSpinBox* const box : {m_xSpin, m_ySpin, m_widthSpin, m_heightSpin})
         connect(box, &QSpinBox::valueChanged, this, &PropertyPanel::onSpinBoxChanged);
-    connect(m_value.font, &QComboBox::currentIndexChanged, this,
-            &PropertyPanel::onValueFontChanged);
-    connect(m_value.size, &QSpinBox::valueChanged, this, &PropertyPanel::onValueFontChanged);
-    connect(m_value.color, &QPushButton::clicked, this, &PropertyPanel::pickValueColor);
-    connect(m_label.font, &QComboBox::currentIndexChanged, this,
-            &PropertyPanel::onLabelFontChanged);
-    connect(m_label.size, &QSpinBox::valueChanged, this, &PropertyPanel::onLabelFontChanged);
-    connect(m_label.color, &QPushButton::clicked, this, &PropertyPanel::pickLabelColor);
+    connect(m_value, &StyleEditor::fontEdited, this, &PropertyPanel::onValueFontChanged);
+    connect(m_value, &StyleEditor::colorRequested, this, &PropertyPanel::pickValueColor);
+    connect(m_label, &StyleEditor::fontEdited, this, &PropertyPanel::onLabelFontChanged);
+    connect(m_label, &StyleEditor::colorRequested, this, &PropertyPanel::pickLabelColor);
 }
 
 void PropertyPanel::setElement(DashElement* element)
@@ -192,13 +140,13 @@ void PropertyPanel::setElement(DashElement* element)
     setGeometryEnabled(true);
 
     // Without a value font the widgets keep what they showed before.
-    m_value.setEnabled(!element->valueFont.isEmpty());
+    m_value->setEditable(!element->valueFont.isEmpty());
     if (!element->valueFont.isEmpty())
-        m_value.show(element->valueFont, element->valueFontSize, element->valueColor);
-    m_labelGroup->setVisible(element->hasLabel);
+        m_value->showStyle(element->valueFont, element->valueFontSize, element->valueColor);
+    m_label->setVisible(element->hasLabel);
     if (element->hasLabel) {
-        m_label.setEnabled(true);
-        m_label.show(element->labelFont, element->labelFontSize, element->labelColor);
+        m_label->setEditable(true);
+        m_label->showStyle(element->labelFont, element->labelFontSize, element->labelColor);
     }
 }
 
@@ -214,7 +162,7 @@ void PropertyPanel::rebindElement(DashElement* element)
 
 void PropertyPanel::clear()
 {
-    m_element = nullptr; // the editors change their values below, and write to nothing
+    m_element = nullptr; // so that the boxes below write to nothing
     for (QLabel* const label : {m_idLabel, m_channelLabel, m_typeLabel})
         showText(label, tr("--"));
     m_xSpin->setValue(0);
@@ -222,8 +170,8 @@ void PropertyPanel::clear()
     m_widthSpin->setValue(GestureGeometry::kMinimumSize);
     m_heightSpin->setValue(GestureGeometry::kMinimumSize);
     setGeometryEnabled(false);
-    m_value.setEnabled(false);
-    m_labelGroup->setVisible(false);
+    m_value->setEditable(false);
+    m_label->setVisible(false);
 }
 
 void PropertyPanel::refreshGeometry()
@@ -239,7 +187,7 @@ void PropertyPanel::refreshGeometry()
 
 void PropertyPanel::setPageSize(int width, int height)
 {
-    // A box may have to change its value: that must not reach an element of the page before.
+    // A box may clamp its value, which must not reach an element of the page before.
     const QScopedValueRollback updating(m_updating, true);
     m_xSpin->setRange(0, width);
     m_ySpin->setRange(0, height);
@@ -262,8 +210,8 @@ void PropertyPanel::onValueFontChanged()
 {
     if (m_updating || !m_element)
         return;
-    m_element->valueFont = m_value.font->currentText();
-    m_element->valueFontSize = m_value.size->value();
+    m_element->valueFont = m_value->family();
+    m_element->valueFontSize = m_value->pixels();
     Q_EMIT fontChanged();
 }
 
@@ -271,38 +219,32 @@ void PropertyPanel::onLabelFontChanged()
 {
     if (m_updating || !m_element)
         return;
-    m_element->labelFont = m_label.font->currentText();
-    m_element->labelFontSize = m_label.size->value();
+    m_element->labelFont = m_label->family();
+    m_element->labelFontSize = m_label->pixels();
     Q_EMIT fontChanged();
 }
 
 void PropertyPanel::pickValueColor()
 {
-    if (!m_element)
-        return;
-    const QColor color = pickColor(m_element->valueColor, tr("Value Color"));
-    if (!color.isValid() || !m_element) // the element may go while the dialog is open
-        return;
-    m_element->valueColor = color;
-    m_value.showColor(color);
-    Q_EMIT fontChanged();
+    pickColor(&DashElement::valueColor, *m_value, tr("Value Color"));
 }
 
 void PropertyPanel::pickLabelColor()
 {
-    if (!m_element)
-        return;
-    const QColor color = pickColor(m_element->labelColor, tr("Label Color"));
-    if (!color.isValid() || !m_element)
-        return;
-    m_element->labelColor = color;
-    m_label.showColor(color);
-    Q_EMIT fontChanged();
+    pickColor(&DashElement::labelColor, *m_label, tr("Label Color"));
 }
 
-QColor PropertyPanel::pickColor(const QColor& initial, const QString& title)
+void PropertyPanel::pickColor(QColor DashElement::*color, StyleEditor& editor, const QString& title)
 {
-    return QColorDialog::getColor(initial, this, title, QColorDialog::ShowAlphaChannel);
+    if (!m_element)
+        return;
+    const QColor picked =
+        QColorDialog::getColor(m_element->*color, this, title, QColorDialog::ShowAlphaChannel);
+    if (!picked.isValid() || !m_element) // the element may go while the dialog is open
+        return;
+    m_element->*color = picked;
+    editor.showColor(picked);
+    Q_EMIT fontChanged();
 }
 
 void PropertyPanel::setGeometryEnabled(bool enabled)

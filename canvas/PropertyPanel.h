@@ -4,15 +4,14 @@
 
 #include <QWidget>
 
-class QComboBox;
 class QGroupBox;
 class QLabel;
-class QPushButton;
 class QSpinBox;
+class StyleEditor;
 
-/// Inspector of the selected element. Edits go straight into the element's record, past the undo
-/// stack, and are announced by signals. Does not own the element: whoever frees or moves the record
-/// must call setElement, rebindElement or clear before the panel handles its next event.
+/// Shows the selected element and edits it: straight in its record, past the undo stack, announced
+/// by signals. Does not own the element: when its record moves or goes, call setElement,
+/// rebindElement or clear before the panel handles its next event.
 class PropertyPanel : public QWidget
 {
     Q_OBJECT
@@ -21,10 +20,9 @@ public:
     explicit PropertyPanel(QWidget* parent = nullptr);
 
     /// Shows an element; null is the same as clear(). A rectangle outside the ranges is shown
-    /// clamped and left as it is until a geometry box is touched.
+    /// clamped; the record stays unchanged until a geometry box is edited.
     void setElement(DashElement* element);
-    /// Shows the same element at its present place in memory: no widget but the geometry is
-    /// refilled.
+    /// Shows the same element again after its record moved in memory. Refills only the geometry.
     void rebindElement(DashElement* element);
     /// Shows no element.
     void clear();
@@ -50,26 +48,12 @@ Q_SIGNALS:
     void fontChanged();
 
 private:
-    /// The three widgets that edit one text style.
-    struct StyleEditor
-    {
-        QComboBox* font = nullptr;
-        QSpinBox* size = nullptr;
-        QPushButton* color = nullptr;
-
-        void show(const QString& family, int pixels, const QColor& shown) const;
-        void showColor(const QColor& shown) const;
-        void setEnabled(bool enabled) const;
-    };
-
     [[nodiscard]] QGroupBox* createElementGroup();
     [[nodiscard]] QGroupBox* createPositionGroup();
     [[nodiscard]] QGroupBox* createSizeGroup();
-    [[nodiscard]] QGroupBox* createStyleGroup(const QString& title, const QString& namePrefix,
-                                              StyleEditor& editor);
     void connectEditors();
     void setGeometryEnabled(bool enabled);
-    [[nodiscard]] QColor pickColor(const QColor& initial, const QString& title);
+    void pickColor(QColor DashElement::*color, StyleEditor& editor, const QString& title);
 
     DashElement* m_element = nullptr;
     bool m_updating = false; ///< the panel is filling its own widgets
@@ -81,7 +65,6 @@ private:
     QSpinBox* m_ySpin = nullptr;
     QSpinBox* m_widthSpin = nullptr;
     QSpinBox* m_heightSpin = nullptr;
-    StyleEditor m_value;
-    StyleEditor m_label;
-    QGroupBox* m_labelGroup = nullptr;
+    StyleEditor* m_value = nullptr;
+    StyleEditor* m_label = nullptr;
 };
