@@ -1,5 +1,5 @@
-// Loading a recording and looking up values in it, each beside the least that any program would
-// have to do: the reader's own copying into fresh memory; a search in the samples and a map lookup.
+// Loads a recording and looks up values in it. Each is compared with the least that any program has
+// to do: the reader's copying into fresh memory; a search in the samples and a map lookup.
 
 #include "telemetry/TelemetrySession.h"
 #include "telemetry/XrkLibrary.h"

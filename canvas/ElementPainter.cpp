@@ -15,8 +15,8 @@ constexpr QColor kUnboundColor(150, 150, 150);
 constexpr QColor kBoundColor(200, 200, 200);
 constexpr QColor kCaptionColor(160, 160, 160);
 
-// The raster engine and the elision of texts compute in 32 bits with a fraction: far enough beyond
-// this, they would wrap around.
+// The raster engine and text elision compute in 32-bit fixed point, which overflows far beyond
+// this.
 constexpr double kFarthestPixel = 16'384;
 
 QColor tint(ElementKind kind)
@@ -48,8 +48,7 @@ bool isFar(double coordinate)
     return coordinate < -kFarthestPixel || coordinate > kFarthestPixel;
 }
 
-/// The rectangle itself, or for one that reaches absurdly far what can be drawn of it. Those of its
-/// edges that can be seen stay where they are, its middle does not.
+/// The rectangle clamped to what can be drawn. Visible edges keep their place, the middle may not.
 QRectF drawable(const QRectF& rect)
 {
     if (!isFar(rect.left()) && !isFar(rect.right()) && !isFar(rect.top()) && !isFar(rect.bottom()))
@@ -138,7 +137,7 @@ void ElementPainter::drawPlaceholder(const QRectF& rect, const DashElement& elem
     drawName(rect, element.name, Qt::AlignRight | Qt::AlignBottom);
 }
 
-/// In the painter's font and pen, cut off to the box.
+/// In the painter's font and pen, elided to the box.
 void ElementPainter::drawName(const QRectF& rect, const QString& name, Qt::Alignment where) const
 {
     constexpr int kPadding = 4; // both sides together

@@ -9,12 +9,12 @@
 
 class QPainter;
 
-/// Draws elements as tinted, outlined boxes: with the live value and the name of their channel, or
-/// without a value with the names of channel and element. Lives for one painting; keeps references
-/// to what it is given.
+/// Draws elements as tinted, outlined boxes: with the channel's live value and name, or without a
+/// value with the names of channel and element. Keeps references to its arguments, for one
+/// painting.
 ///
-/// The painter's pen and font go on from element to element. So names without a value have the
-/// weight of the painter's own font until the first live value, and normal weight from then on.
+/// Pen and font of the painter carry over from element to element: names without a value have the
+/// weight of its initial font up to the first live value, and normal weight after it.
 class ElementPainter
 {
 public:

@@ -8,7 +8,7 @@ namespace GestureGeometry {
 
 namespace {
 
-/// What a drag moves along one axis: the edge at the lower coordinate, the one at the higher, both.
+/// What a drag moves along one axis: the edge at the lower coordinate, at the higher, or both.
 enum class Part
 {
     None,

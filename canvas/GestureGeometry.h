@@ -11,9 +11,8 @@
 
 #include <array>
 
-/// What the mouse does to an element's rectangle, as pure functions: which handle a point grabs,
-/// and where a drag takes the rectangle. Computed in 64 bits and saturated, so any rectangle is
-/// safe.
+/// What the mouse does to an element's rectangle, as pure functions: which handle a point grabs and
+/// where a drag takes the rectangle. Saturating 64-bit arithmetic: any rectangle is safe.
 namespace GestureGeometry {
 
 /// The handles are numbered in the order in which they are hit-tested.
@@ -35,8 +34,7 @@ inline constexpr std::array kHandles{DragMode::TopLeft, DragMode::Top,        Dr
                                      DragMode::Left,    DragMode::Right,      DragMode::BottomLeft,
                                      DragMode::Bottom,  DragMode::BottomRight};
 
-/// Side of a handle as it is drawn and, deliberately larger, as it is grabbed; widget pixels at any
-/// zoom.
+/// Side of a handle as drawn and, deliberately larger, as grabbed; widget pixels at any zoom.
 inline constexpr int kHandleSize = 6;
 inline constexpr int kHandleHitSize = 12;
 
@@ -50,12 +48,13 @@ inline constexpr int kMinimumSize = 10;
 /// The first handle whose hit square holds the point, edges included; Idle for none.
 [[nodiscard]] DragMode handleAt(const QRectF& rect, const QPoint& point);
 
-/// hi if the candidate is beyond it, else the candidate but at least 0. With a negative hi that is
-/// hi or 0: the order of the tests matters.
+/// hi if the candidate is greater, else the candidate but at least 0. So a negative hi gives hi or
+/// 0.
 [[nodiscard]] qint64 clampToRange(qint64 candidate, qint64 hi);
 
-/// Where a drag of that distance, measured from the press, takes the geometry that the element had
-/// at the press. Clamped first, snapped after, so that a snap may pass the page's edge.
+/// Where a drag takes the geometry that the element had at the press. Clamped first, then snapped,
+/// so a snap may cross the page's edge.
+/// @param distance from the press
 [[nodiscard]] ElementGeometry applyDrag(DragMode mode, const ElementGeometry& start,
                                         const PageTransform::Distance& distance, const QSize& page,
                                         const SnapGrid& grid);

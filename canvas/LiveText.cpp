@@ -17,7 +17,7 @@ constexpr double kCaptionSize = 8.0; // display pixels
 constexpr double kPlaceholderSize = 10.0;
 constexpr int kSidePadding = 6; // of the value, both sides together
 
-// Glyphs larger than any screen would cost seconds and gigabytes to outline.
+// Outlining glyphs larger than any screen costs seconds and gigabytes.
 constexpr int kLargestPixelSize = 8192;
 
 int pixelSize(double size, int smallest)

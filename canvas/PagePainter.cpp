@@ -12,7 +12,7 @@ constexpr QColor kBackdrop(50, 50, 50);
 constexpr QColor kPageColor(0, 0, 0);
 constexpr QColor kGridColor(80, 80, 80, 100);
 
-// No display is so large; a damaged file must not keep the painter busy for minutes.
+// More than any display needs; a damaged file must not keep the painter busy for minutes.
 constexpr int kMostGridLines = 20'000;
 
 void drawGrid(QPainter& painter, const QSize& page, const PageTransform& transform, int pitch)

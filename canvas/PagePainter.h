@@ -7,12 +7,12 @@
 
 class QPainter;
 
-/// Draws a page: backdrop, background image, grid, elements, handles of the selected element. Knows
-/// no widget; exact colours, without antialiasing.
+/// Draws a page: backdrop, background image, grid, elements, handles of the selected element.
+/// Without a widget; exact colours, no antialiasing.
 namespace PagePainter {
 
-/// @param area the whole canvas in widget pixels, filled even where the page does not reach
-/// @param texts kept by the caller from one painting to the next, to save work
+/// @param area the whole canvas in widget pixels, filled also around the page
+/// @param texts a cache that the caller keeps between paintings
 void paint(QPainter& painter, const QRect& area, const PageView& view, ElidedTexts& texts);
 
 } // namespace PagePainter

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Far beyond any page, and near enough that sums with 32-bit coordinates stay exact.
+/// Beyond any page, yet sums with 32-bit coordinates stay exact.
 constexpr qint64 kFarthest = qint64{1} << 48;
 
 } // namespace

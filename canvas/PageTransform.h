@@ -7,13 +7,13 @@
 #include <QRectF>
 #include <QSize>
 
-/// How the pixels of a page lie on the canvas: scaled to fit with a margin, and centred. A plain
-/// value without a widget. Without a page, or with one that has no area, everything is shown at its
-/// own size from the margin on.
+/// Maps display pixels to widget pixels: the page scaled to fit with a margin, and centred. A plain
+/// value without a widget. Without a page, or for one without area, the scale is 1 and the origin
+/// is at the margin.
 class PageTransform
 {
 public:
-    /// Widget pixels that stay free around the page on the side that decides the scale.
+    /// Widget pixels left free at the two edges that limit the scale.
     static constexpr int kMargin = 10;
 
     /// A distance in whole display pixels.

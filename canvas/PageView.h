@@ -7,7 +7,7 @@
 
 class TelemetrySession;
 
-/// Where live values come from. Owns nothing.
+/// Source of live values. Owns nothing.
 struct LiveView
 {
     const TelemetrySession* session = nullptr; ///< null for a layout without values
@@ -15,7 +15,7 @@ struct LiveView
     SpeedUnit speedUnit = SpeedUnit::KilometresPerHour;
 };
 
-/// Everything that one picture of a page depends on. Owns nothing; valid for one painting.
+/// All that one painting of a page depends on. Owns nothing; valid for that painting.
 struct PageView
 {
     const DashPage* page = nullptr; ///< null for an empty canvas

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <limits>
 
-/// Conversions to int that cannot overflow: a file may hold any 32-bit rectangle, and a scale can
-/// make any number of it.
+/// Conversions to int that cannot overflow: a file may hold any 32-bit rectangle, and a scale turns
+/// it into any number.
 namespace Saturate {
 
 /// The nearest int.
@@ -16,7 +16,7 @@ namespace Saturate {
                                                std::numeric_limits<int>::max()));
 }
 
-/// The value without its fraction (toward zero), within +-limit; 0 for something that is no number.
+/// The value truncated toward zero, within +-limit; 0 for NaN.
 [[nodiscard]] constexpr qint64 truncate(double value, qint64 limit)
 {
     if (!(value == value))
@@ -25,7 +25,7 @@ namespace Saturate {
     return static_cast<qint64>(std::clamp(value, -bound, bound));
 }
 
-/// The int without the fraction (toward zero).
+/// The value truncated toward zero, within the range of int; 0 for NaN.
 [[nodiscard]] constexpr int truncate(double value)
 {
     return static_cast<int>(truncate(value, std::numeric_limits<int>::max()));

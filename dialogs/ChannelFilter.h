@@ -6,8 +6,8 @@
 
 #include <vector>
 
-/// Finds channels by a part of their names or unit, without regard to case. The texts to search are
-/// lower-cased once, at construction, so that a search keeps up with typing.
+/// Finds channels by a part of their names or unit, ignoring case. Lower-cases the texts once, at
+/// construction, so that a search keeps up with typing.
 class ChannelFilter
 {
 public:

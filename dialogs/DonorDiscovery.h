@@ -13,14 +13,14 @@ class DashboardDocument;
 struct Donor
 {
     QString type; ///< name of the kind, as shown
-    QString hint; ///< whose copy it would be: channel (or element name) and size
+    QString hint; ///< channel (or element name) and size of the original
     pugi::xml_node node;
     int width = 0;  ///< display pixels
     int height = 0; ///< display pixels
 };
 
-/// Finds the elements that new ones can be copied from. New elements are always copies, because the
-/// editor understands only a part of what an element is made of.
+/// Finds the elements that new ones are copied from. New elements are always copies, because the
+/// editor models only a part of an element.
 namespace DonorDiscovery {
 
 /// The first element of each kind, in document order.

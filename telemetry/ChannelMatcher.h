@@ -3,8 +3,8 @@
 #include <QString>
 #include <QStringList>
 
-/// Finds the recorded channel that a layout channel means, although layout and logger spell names
-/// differently. Pure functions over names; the caller keeps the results.
+/// Finds the recorded channel that a layout channel means, where layout and logger spell names
+/// differently. Pure functions over names, without a cache.
 namespace ChannelMatcher {
 
 /// The rule that found a match, in the order in which they are tried.

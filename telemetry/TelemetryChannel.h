@@ -13,6 +13,6 @@ struct TelemetryChannel
     SampleArray values;
 
     /// The value at that time, linearly interpolated and held at both ends; 0 without samples.
-    /// Times that are not ascending or not finite give some value, never an error.
+    /// Times that do not ascend or are not finite give a meaningless value, never an error.
     [[nodiscard]] double valueAt(double seconds) const;
 };
