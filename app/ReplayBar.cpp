@@ -9,7 +9,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QSignalBlocker>
 
 #include <algorithm>
 
@@ -65,6 +64,7 @@ void ReplayBar::connectControls()
     connect(m_clock, &ReplayClock::maximumChanged, this, &ReplayBar::onMaximumChanged);
     connect(m_clock, &ReplayClock::positionChanged, this, &ReplayBar::onPositionChanged);
     connect(m_clock, &ReplayClock::playingChanged, this, &ReplayBar::onPlayingChanged);
+    // Ends at the clock when the value came from there: it is the clock's position already.
     connect(m_slider, &QSlider::valueChanged, m_clock, &ReplayClock::setPosition);
     connect(m_playButton, &QPushButton::clicked, m_clock, &ReplayClock::togglePlaying);
     connect(m_rateCombo, &QComboBox::currentIndexChanged, m_clock, &ReplayClock::setRate);
@@ -93,17 +93,15 @@ void ReplayBar::togglePlaying()
 
 void ReplayBar::onMaximumChanged(int maximum)
 {
-    const QSignalBlocker quiet(m_slider);
     m_slider->setMaximum(maximum);
     m_slider->setPageStep(std::max(maximum / kPagesPerRecording, ReplayClock::kTicksPerSecond));
 }
 
 void ReplayBar::onPositionChanged(int position)
 {
-    const QSignalBlocker quiet(m_slider);
-    m_slider->setValue(position);
     m_timeLabel->setText(ReplayText::timeText(position));
     Q_EMIT timeChanged(m_clock->seconds());
+    m_slider->setValue(position); // last, so that whoever follows the slider finds all in step
 }
 
 void ReplayBar::onPlayingChanged(bool playing)

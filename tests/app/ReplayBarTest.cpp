@@ -269,7 +269,20 @@ TEST_F(ReplayBarTest, SliderAndTimeTellTheRecordingVerbatim)
     EXPECT_TRUE(m_label->toolTip().isEmpty());
 }
 
-// What the slider shows comes from the clock and must not go back there.
+TEST_F(ReplayBarTest, WhoFollowsTheSliderFindsTheTimeInStep)
+{
+    m_bar.setDuration(100.0);
+    QStringList seen;
+    QObject::connect(m_slider, &QSlider::valueChanged, &m_bar, [&](int value) {
+        seen << QStringLiteral("%1 %2 %3")
+                    .arg(QString::number(value), m_label->text(),
+                         QString::number(m_times.constLast()[0].toDouble()));
+    });
+    tick();
+    m_slider->setValue(20);
+    EXPECT_EQ(seen, QStringList({QStringLiteral("1 00:00.1 0.1"), QStringLiteral("20 00:02.0 2")}));
+}
+
 TEST_F(ReplayBarTest, EveryMoveIsAnnouncedOnce)
 {
     m_bar.setDuration(100.0);
