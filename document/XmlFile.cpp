@@ -81,7 +81,7 @@ bool loadXmlFile(const QString& path, pugi::xml_document& document)
 
 Outcome saveXmlFile(const pugi::xml_document& document, const QString& path, bool indented)
 {
-    return replaceFile(path, [&](QIODevice& device) {
+    return replaceFileUnflushed(path, [&](QIODevice& device) {
         DeviceWriter writer(device);
         document.save(writer, "  ", indented ? pugi::format_indent : pugi::format_raw);
         return writer.ok() ? Outcome() : Outcome::failure(device.errorString());

@@ -27,6 +27,6 @@ inline constexpr qint64 kMostMemoryAByte = 100;
 /// and when it would take more memory than is reasonable.
 [[nodiscard]] bool loadXmlFile(const QString& path, pugi::xml_document& document);
 
-/// Writes the tree to path, indented by two blanks a level unless it must not be. On failure the
-/// file that was there is unchanged.
+/// Writes the tree to path, indented by two blanks a level unless it must not be, and does not wait
+/// for the disk. On failure the file that was there is unchanged.
 Outcome saveXmlFile(const pugi::xml_document& document, const QString& path, bool indented);

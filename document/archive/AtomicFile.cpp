@@ -6,6 +6,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QTemporaryFile>
+
+#include <filesystem>
+#include <system_error>
 
 #ifdef Q_OS_UNIX
 #include <cerrno>
@@ -76,7 +80,29 @@ Outcome writeInPlace(const QString& path, const QSaveFile& sibling, const Conten
     return file.exists() ? writeInPlace(file, write) : failureOf(sibling);
 }
 
+/// QSaveFile always waits for the disk. False when anything fails; then nothing has changed.
+bool renameUnflushed(const QString& path, const ContentWriter& write)
+{
+    QTemporaryFile sibling(path + QStringLiteral(".XXXXXX"));
+    if (!sibling.open() || !write(sibling) || !sibling.flush() ||
+        sibling.error() != QFileDevice::NoError ||
+        !sibling.setPermissions(QFile::permissions(path)))
+        return false;
+    std::error_code error;
+    std::filesystem::rename(QFileInfo(sibling).filesystemFilePath(),
+                            QFileInfo(path).filesystemFilePath(), error);
+    sibling.setAutoRemove(bool(error));
+    return !error;
+}
+
 } // namespace
+
+Outcome replaceFileUnflushed(const QString& path, const ContentWriter& write)
+{
+    const QFileInfo destination(path);
+    const bool plain = destination.isFile() && !destination.isSymLink();
+    return plain && renameUnflushed(path, write) ? Outcome() : replaceFile(path, write);
+}
 
 Outcome replaceFile(const QString& path, const ContentWriter& write)
 {

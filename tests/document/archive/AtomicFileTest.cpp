@@ -61,6 +61,20 @@ TEST_F(AtomicFileTest, ReplacesALongerFileCompletely)
     EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
 }
 
+TEST_F(AtomicFileTest, ReplacesWithoutWaitingForTheDisk)
+{
+    writeFile(m_path, "old and longer");
+    EXPECT_TRUE(replaceFileUnflushed(m_path, content("new")));
+    EXPECT_EQ(readFile(m_path), "new");
+    EXPECT_FALSE(replaceFileUnflushed(m_path, [this](QIODevice& device) {
+        device.write("half");
+        return outcomeOf(readFile(m_path) != "new");
+    }));
+    EXPECT_EQ(readFile(m_path), "new");
+    EXPECT_TRUE(replaceFileUnflushed(m_folder.filePath(QStringLiteral("other")), content("x")));
+    EXPECT_EQ(names(), (QStringList{QStringLiteral("file"), QStringLiteral("other")}));
+}
+
 TEST_F(AtomicFileTest, KeepsTheOldFileUntilTheNewOneIsComplete)
 {
     writeFile(m_path, "old");
