@@ -15,7 +15,6 @@
 #include "canvas/DashCanvas.h"
 #include "dialogs/AddElementDialog.h"
 #include "document/FixedPaths.h"
-#include "document/ShownText.h"
 #include "widgets/BusyCursor.h"
 #include "widgets/PlainMessage.h"
 
@@ -154,7 +153,7 @@ void MainWindow::travel(int command, void (QUndoStack::*step)(), const QString& 
     const DashPage* const page =
         m_document.pageCount() == pageCount ? m_document.pageAt(change->pageIndex()) : nullptr;
     const QString what =
-        page ? tr("%1 (page \"%2\")").arg(change->text(), shownText(page->name)) : change->text();
+        page ? tr("%1 (page \"%2\")").arg(change->text(), page->name) : change->text();
     statusBar()->showMessage(message.arg(what), kConfirmationTime);
 }
 
@@ -213,7 +212,7 @@ void MainWindow::insertOn(const DashPage& page, const InsertElementSpec& spec)
     if (page.elements.size() == before)
         return;
     statusBar()->showMessage(
-        tr("Inserted \"%1\" -> %2").arg(spec.templateLabel, shownText(spec.channelLongName)),
+        tr("Inserted \"%1\" -> %2").arg(spec.templateLabel, spec.channelLongName),
         kConfirmationTime);
 }
 
@@ -247,7 +246,7 @@ void MainWindow::clearPage()
     if (!page)
         return;
     const QString count = QString::number(page->elements.size());
-    const QString name = shownText(page->name);
+    const QString& name = page->name;
     if (page->elements.empty()) {
         statusBar()->showMessage(tr("Page is already empty"), kRefusalTime);
         return;

@@ -5,7 +5,6 @@
 #include "app/WindowTitle.h"
 #include "canvas/DashCanvas.h"
 #include "canvas/PropertyPanel.h"
-#include "document/ShownText.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -37,7 +36,7 @@ void MainWindow::syncPanes()
 
 void MainWindow::updateWindowTitle()
 {
-    const QString device = shownText(m_document.deviceType());
+    const QString& device = m_document.deviceType();
     setWindowTitle(mainWindowTitle(QFileInfo(m_currentFilePath).fileName(), device));
     m_targetDeviceBadge->setText(device);
     m_targetDeviceBadge->setToolTip(

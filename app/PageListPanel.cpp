@@ -1,6 +1,5 @@
 #include "app/PageListPanel.h"
 
-#include "document/ShownText.h"
 #include "widgets/LiteralToolTip.h"
 #include "widgets/ScaledPixmap.h"
 
@@ -55,7 +54,7 @@ void PageListPanel::setPages(const std::vector<DashPage>& pages)
     clear();
     const Thumbnails former = std::exchange(m_thumbnails, {});
     for (const DashPage& page : pages) {
-        const QString name = shownText(page.name);
+        const QString& name = page.name;
         auto* const item = new QListWidgetItem(name);
         item->setToolTip(literalToolTip(name));
         item->setData(kImageRole, page.image.cacheKey());
@@ -84,7 +83,7 @@ bool PageListPanel::shows(const std::vector<DashPage>& pages) const
     return std::ssize(pages) == count() &&
            std::all_of(pages.begin(), pages.end(), [&](const DashPage& page) {
                const QListWidgetItem* const shown = item(row++);
-               return shown->text() == shownText(page.name) &&
+               return shown->text() == page.name &&
                       shown->data(kImageRole).toLongLong() == page.image.cacheKey();
            });
 }

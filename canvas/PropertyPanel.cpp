@@ -4,7 +4,6 @@
 #include "canvas/StyleEditor.h"
 #include "document/DashPage.h"
 #include "document/ElementGeometry.h"
-#include "document/ShownText.h"
 #include "widgets/LiteralToolTip.h"
 
 #include <QColorDialog>
@@ -43,9 +42,8 @@ QSpinBox* pixelRow(QFormLayout* form, const QString& title, const QString& name)
     return box;
 }
 
-void showText(QLabel* label, const QString& whole)
+void showText(QLabel* label, const QString& text)
 {
-    const QString text = shownText(whole);
     label->setText(text);
     label->setToolTip(literalMarkup(text)); // it may be cut off
 }

@@ -1,7 +1,6 @@
 #include "dialogs/AddElementDialog.h"
 
 #include "document/DashboardDocument.h"
-#include "document/ShownText.h"
 #include "widgets/LiteralToolTip.h"
 
 #include <QDialogButtonBox>
@@ -131,7 +130,7 @@ void AddElementDialog::fillTypes()
 {
     for (const Donor& donor : m_donors) {
         auto* const item = new QListWidgetItem(donor.type, m_typeList);
-        item->setToolTip(literalToolTip(shownText(donor.hint)));
+        item->setToolTip(literalToolTip(donor.hint));
     }
     if (m_donors.empty())
         addPlaceholder(m_typeList, tr("(no donor elements found)"));
@@ -145,8 +144,8 @@ void AddElementDialog::fillChannels(const QString& filter)
     const QString format = tr("%1  (%2)  %3");
     for (const int index : m_filter.matching(filter)) {
         const ChannelDef& channel = m_document->channels()[static_cast<std::size_t>(index)];
-        auto* const item = new QListWidgetItem(format.arg(
-            shownText(channel.longName), shownText(channel.shortName), shownText(channel.uiv)));
+        auto* const item =
+            new QListWidgetItem(format.arg(channel.longName, channel.shortName, channel.uiv));
         item->setData(Qt::UserRole, index);
         m_channelList->addItem(item);
     }
@@ -221,10 +220,9 @@ void AddElementDialog::updateSummary()
         return;
     m_summaryLabel->setText(
         tr("<b>%1</b> bound to <b>%2</b> (%3 %4)&nbsp;&mdash; native size %5 &times; %6")
-            .arg(donor->type.toHtmlEscaped(), shownText(channel->longName).toHtmlEscaped(),
-                 shownText(channel->shortName).toHtmlEscaped(),
-                 shownText(channel->uiv).toHtmlEscaped(), QString::number(donor->width),
-                 QString::number(donor->height)));
+            .arg(donor->type.toHtmlEscaped(), channel->longName.toHtmlEscaped(),
+                 channel->shortName.toHtmlEscaped(), channel->uiv.toHtmlEscaped(),
+                 QString::number(donor->width), QString::number(donor->height)));
 }
 
 void AddElementDialog::onAccept()

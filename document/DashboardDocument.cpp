@@ -2,6 +2,7 @@
 
 #include "document/DashboardPackage.h"
 #include "document/DeviceReader.h"
+#include "document/DocumentText.h"
 #include "document/OverlayReader.h"
 #include "document/OverlaySchema.h"
 #include "document/OverlayWriter.h"
@@ -18,11 +19,47 @@ namespace Class = OverlaySchema::Class;
 
 bool DashboardDocument::open(const QString& packagePath)
 {
+    return report(readPackage(packagePath));
+}
+
+bool DashboardDocument::save(const QString& destPath)
+{
+    return report(writePackage(destPath));
+}
+
+bool DashboardDocument::keepEdits()
+{
+    return report(writeOverlay(m_overlayPath));
+}
+
+bool DashboardDocument::loadOverlay(const QString& path)
+{
+    return report(readOverlay(path));
+}
+
+bool DashboardDocument::loadDeviceFile(const QString& path)
+{
+    return report(readDeviceFile(path));
+}
+
+bool DashboardDocument::writeBack(const QString& xmlPath)
+{
+    return report(writeOverlay(xmlPath));
+}
+
+bool DashboardDocument::report(const Outcome& outcome)
+{
+    m_errorString = outcome.reason();
+    return bool(outcome);
+}
+
+Outcome DashboardDocument::readPackage(const QString& packagePath)
+{
     if (!QFileInfo::exists(packagePath))
-        return false;
+        return Outcome::failure(DocumentText::tr("There is no such file"));
     QTemporaryDir unpackDir;
     if (!unpackDir.isValid())
-        return false;
+        return Outcome::failure(unpackDir.errorString());
     // The unpacked files outlive the document and the program, on purpose.
     unpackDir.setAutoRemove(false);
 
@@ -31,38 +68,41 @@ bool DashboardDocument::open(const QString& packagePath)
     fresh.m_tempDir = unpackDir.path();
     fresh.m_device = m_device;
 
-    if (!fresh.m_package.unpack(packagePath, fresh.m_tempDir))
-        return false;
+    if (Outcome outcome = fresh.m_package.unpack(packagePath, fresh.m_tempDir); !outcome)
+        return outcome;
     fresh.m_overlayPath = DashboardPackage::findOverlayFile(fresh.m_tempDir);
-    if (fresh.m_overlayPath.isEmpty() || !fresh.loadOverlay(fresh.m_overlayPath))
-        return false;
+    if (fresh.m_overlayPath.isEmpty())
+        return Outcome::failure(DocumentText::tr("There is no overlay in it"));
+    if (Outcome outcome = fresh.readOverlay(fresh.m_overlayPath); !outcome)
+        return outcome;
     fresh.m_devicePath = DashboardPackage::findDeviceFile(fresh.m_tempDir);
-    // A package without a usable device file is complete all the same.
+    // A package without a usable device file is complete.
     if (!fresh.m_devicePath.isEmpty())
-        static_cast<void>(fresh.loadDeviceFile(fresh.m_devicePath));
+        static_cast<void>(fresh.readDeviceFile(fresh.m_devicePath));
 
     *this = std::move(fresh);
-    return true;
+    return {};
 }
 
-bool DashboardDocument::save(const QString& destPath)
+Outcome DashboardDocument::writePackage(const QString& destPath)
 {
     if (m_overlayPath.isEmpty() || m_tempDir.isEmpty())
-        return false;
+        return Outcome::failure(DocumentText::tr("No package is open"));
     // A cleaner of temporary files may have removed the folder; the package has the rest.
     QDir().mkpath(QFileInfo(m_overlayPath).absolutePath());
-    return writeBack(m_overlayPath) && bool(m_package.save(m_tempDir, destPath));
+    if (Outcome outcome = writeOverlay(m_overlayPath); !outcome)
+        return outcome;
+    return m_package.save(m_tempDir, destPath);
 }
 
-bool DashboardDocument::loadOverlay(const QString& path)
+Outcome DashboardDocument::readOverlay(const QString& path)
 {
     // A failed parse leaves a partial tree behind, so it must not touch the open one.
     pugi::xml_document parsed;
-    if (!loadXmlFile(path, parsed))
-        return false;
+    if (Outcome outcome = loadXmlFile(path, parsed); !outcome)
+        return outcome;
     m_pages.clear();
     m_overlayXml = std::move(parsed);
-    m_indented = !XmlTree::levelsExceed(m_overlayXml, kMostIndentedLevels);
     m_images = {};
 
     int ordinal = 0;
@@ -70,25 +110,28 @@ bool DashboardDocument::loadOverlay(const QString& path)
         if (XmlTree::hasClass(child, Class::kPage))
             readPage(child, ordinal++);
     }
-    return !m_pages.empty();
+    return m_pages.empty() ? Outcome::failure(DocumentText::tr("There is no page in the overlay"))
+                           : Outcome();
 }
 
-bool DashboardDocument::loadDeviceFile(const QString& path)
+Outcome DashboardDocument::readDeviceFile(const QString& path)
 {
     pugi::xml_document parsed;
-    if (!loadXmlFile(path, parsed) || !DeviceReader::readDevice(parsed, m_device))
-        return false;
+    if (Outcome outcome = loadXmlFile(path, parsed); !outcome)
+        return outcome;
+    if (!DeviceReader::readDevice(parsed, m_device))
+        return Outcome::failure(DocumentText::tr("There is no device in the device file"));
     OverlayReader::readDisplaySize(confNode(), m_device);
-    return true;
+    return {};
 }
 
-bool DashboardDocument::writeBack(const QString& xmlPath)
+Outcome DashboardDocument::writeOverlay(const QString& xmlPath)
 {
     const pugi::xml_node conf = confNode();
     if (!conf)
-        return false;
+        return Outcome::failure(DocumentText::tr("No overlay is open"));
     OverlayWriter::writeRecords(conf, m_pages);
-    return bool(saveXmlFile(m_overlayXml, xmlPath, m_indented));
+    return saveXmlFile(m_overlayXml, xmlPath);
 }
 
 int DashboardDocument::pageCount() const

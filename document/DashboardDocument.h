@@ -4,6 +4,7 @@
 #include "document/PageImages.h"
 #include "document/TargetDevice.h"
 #include "document/archive/OpenedPackage.h"
+#include "document/archive/Outcome.h"
 
 #include <QString>
 
@@ -16,7 +17,7 @@
 /// understand survives a save, and flat records of what it shows and edits.
 ///
 /// Records and XML are two views of one document, kept in step by position: the i-th page object is
-/// pages()[i], the j-th mask object of that page is its elements[j]. Every operation here keeps
+/// pages()[i], the j-th element node of that page is its elements[j]. Every operation here keeps
 /// that so. Element records hold non-owning handles into the XML, which the document owns.
 ///
 /// No operation shows a message or throws; failure is false, -1 or an empty node, and a failed
@@ -46,6 +47,10 @@ public:
     /// the values of the records, so that saving again writes the same.
     [[nodiscard]] bool save(const QString& destPath);
 
+    /// Writes all edits into the overlay file of the unpack directory, from which they can be
+    /// recovered after a crash. False when no package is open or the file cannot be written.
+    [[nodiscard]] bool keepEdits();
+
     /// Parses an overlay file and rebuilds the pages. A file that cannot be read changes nothing;
     /// one without a configuration object or without a page gives false and leaves no pages.
     [[nodiscard]] bool loadOverlay(const QString& path);
@@ -54,10 +59,14 @@ public:
     /// size from the overlay that is open. Channels are appended, never cleared.
     [[nodiscard]] bool loadDeviceFile(const QString& path);
 
-    /// Carries rectangles and text styles from the records into the XML and writes it to xmlPath,
-    /// which is replaced only when that succeeded; the XML has changed all the same. False without
-    /// a configuration object.
+    /// Writes the rectangles and text styles that were edited into the XML, and the XML to xmlPath.
+    /// All other values keep their text. xmlPath is replaced only on success; the XML changes in
+    /// any case. False without a configuration object.
     [[nodiscard]] bool writeBack(const QString& xmlPath);
+
+    /// Why the last of the functions above failed, one sentence for the user in plain text; empty
+    /// when it succeeded.
+    [[nodiscard]] const QString& errorString() const { return m_errorString; }
 
     // --- Access ----------------------------------------------------------------------------------
 
@@ -105,9 +114,9 @@ public:
     int addElementFromDonor(int pageIndex, pugi::xml_node donor, const ChannelDef& channel, int x,
                             int y, int w, int h, DashElement& created);
 
-    /// Puts a copy of source, a saved mask object, back right after the node after (before the
-    /// first mask object when after is empty) and element at position among the records, bound to
-    /// the copy.
+    /// Inserts a copy of source, a saved element node, right after the node `after` (before the
+    /// first element node when it is empty) and element at position among the records, bound to the
+    /// copy.
     bool insertElementCopy(int pageIndex, int position, const DashElement& element,
                            pugi::xml_node source, pugi::xml_node after, pugi::xml_node& newNode);
 
@@ -118,27 +127,30 @@ public:
 
     // --- Record readers --------------------------------------------------------------------------
 
-    /// Appends the record of a page object. The background image is resolved only while a
-    /// QGuiApplication exists, because a pixmap needs one; it stays null when it cannot be read or
-    /// when the images of all pages together would have more than 100 million pixels.
+    /// Appends the record of a page object. The background image is loaded only while a
+    /// QGuiApplication exists, because a pixmap needs one; it is null when it cannot be read.
+    /// Images beyond 100 million pixels for all pages are smaller than their file.
     void readPage(pugi::xml_node node, int ordinal);
     [[nodiscard]] static DashElement readElement(pugi::xml_node node);
 
 private:
-    /// Indentation grows with the square of the nesting: a file of 1 MB that nests 200,000 levels
-    /// would fill 80 GB. An overlay whose nodes stand on more levels together, some 64 MB of
-    /// blanks, is written without it. A layout of a thousand pages stays far below.
-    static constexpr std::int64_t kMostIndentedLevels = 16'000'000;
-
     DashboardDocument& operator=(DashboardDocument&&) = default;
+
+    /// Remembers the reason of a failure. @return whether it was a success.
+    [[nodiscard]] bool report(const Outcome& outcome);
+    Outcome readPackage(const QString& packagePath);
+    Outcome writePackage(const QString& destPath);
+    Outcome readOverlay(const QString& path);
+    Outcome readDeviceFile(const QString& path);
+    Outcome writeOverlay(const QString& xmlPath);
 
     std::vector<DashPage> m_pages;
     PageImages m_images;
     pugi::xml_document m_overlayXml;
-    bool m_indented = true;  ///< found out on reading: an edit adds an element's levels at most
     OpenedPackage m_package; ///< what a save copies unchanged members from
     QString m_tempDir;
     QString m_overlayPath;
     QString m_devicePath;
     TargetDevice m_device;
+    QString m_errorString;
 };

@@ -1,5 +1,4 @@
-// The part of DashboardDocument that changes its structure. Every operation changes XML and records
-// together.
+// Structural edits of DashboardDocument. Every operation changes XML and records together.
 
 #include "document/DashboardDocument.h"
 #include "document/OverlayReader.h"
@@ -63,6 +62,13 @@ pugi::xml_node copyElementInto(pugi::xml_node page, pugi::xml_node source, pugi:
     return first ? page.insert_copy_before(source, first) : page.append_copy(source);
 }
 
+/// Does nothing when the donor lacks the key.
+void setFirstNumber(pugi::xml_node object, const char* key, int value)
+{
+    if (const pugi::xml_node property = XmlTree::firstProperty(object, key))
+        XmlTree::setNumber(property, value);
+}
+
 bool inRange(int index, std::size_t size)
 {
     return index >= 0 && static_cast<std::size_t>(index) < size;
@@ -121,7 +127,7 @@ bool DashboardDocument::removePage(int index)
 {
     if (!inRange(index, m_pages.size()))
         return false;
-    XmlTree::removeSubtree(pageNode(index));
+    confNode().remove_child(pageNode(index));
     m_pages.erase(m_pages.begin() + index);
     return true;
 }
@@ -136,10 +142,10 @@ int DashboardDocument::addElementFromDonor(int pageIndex, pugi::xml_node donor,
     const pugi::xml_node copy = parent.append_copy(donor);
     if (!copy)
         return -1;
-    XmlTree::setFirstNumber(copy, Key::kXPos, x);
-    XmlTree::setFirstNumber(copy, Key::kYPos, y);
-    XmlTree::setFirstNumber(copy, Key::kWidth, w);
-    XmlTree::setFirstNumber(copy, Key::kHeight, h);
+    setFirstNumber(copy, Key::kXPos, x);
+    setFirstNumber(copy, Key::kYPos, y);
+    setFirstNumber(copy, Key::kWidth, w);
+    setFirstNumber(copy, Key::kHeight, h);
     const QString name = QStringLiteral("new.%1").arg(nextElementNumber());
     copy.attribute(XmlTree::kName).set_value(name.toUtf8().constData());
     writeChannelBinding(copy, channel);
@@ -183,7 +189,7 @@ bool DashboardDocument::removeElement(int pageIndex, int elementIndex)
     if (!page || !inRange(elementIndex, page->elements.size()))
         return false;
     const auto record = page->elements.begin() + elementIndex;
-    XmlTree::removeSubtree(record->node);
+    record->node.parent().remove_child(record->node);
     page->elements.erase(record);
     return true;
 }

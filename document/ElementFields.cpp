@@ -58,6 +58,18 @@ void writeValue(pugi::xml_node property, const QColor& value)
     XmlTree::setText(property, ColorText::format(value));
 }
 
+template <typename Value>
+bool isSame(const Value& left, const Value& right)
+{
+    return left == right;
+}
+
+/// As the file would have them: a colour is also known in other forms than red, green and blue.
+bool isSame(const QColor& left, const QColor& right)
+{
+    return left.isValid() == right.isValid() && left.rgba() == right.rgba();
+}
+
 /// Calls visit(property, field) for the properties of object that the table names.
 template <typename Visit>
 void forEachProperty(pugi::xml_node object, Fields fields, Visit visit)
@@ -100,11 +112,23 @@ void read(pugi::xml_node object, Fields fields, DashElement& element)
     });
 }
 
-void write(pugi::xml_node object, Fields fields, const DashElement& element)
+void writeChanges(pugi::xml_node object, Fields fields, const DashElement& asRead,
+                  const DashElement& element)
 {
-    forEachProperty(object, fields, [&element](pugi::xml_node property, const Field& field) {
-        std::visit([&](auto member) { writeValue(property, element.*member); }, field.member);
+    forEachProperty(object, fields, [&](pugi::xml_node property, const Field& field) {
+        std::visit(
+            [&](auto member) {
+                if (!isSame(asRead.*member, element.*member))
+                    writeValue(property, element.*member);
+            },
+            field.member);
     });
+}
+
+void copy(Fields fields, const DashElement& from, DashElement& to)
+{
+    for (const Field& field : fields)
+        std::visit([&](auto member) { to.*member = from.*member; }, field.member);
 }
 
 } // namespace ElementFields

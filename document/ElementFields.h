@@ -30,7 +30,11 @@ using Fields = std::span<const Field>;
 /// without a property keeps its value.
 void read(pugi::xml_node object, Fields fields, DashElement& element);
 
-/// Writes the fields into all properties of object that the table names; creates none.
-void write(pugi::xml_node object, Fields fields, const DashElement& element);
+/// Writes the fields of element that differ from asRead, into all properties of object that the
+/// table names; creates none. All others keep their text.
+void writeChanges(pugi::xml_node object, Fields fields, const DashElement& asRead,
+                  const DashElement& element);
+
+void copy(Fields fields, const DashElement& from, DashElement& to);
 
 } // namespace ElementFields

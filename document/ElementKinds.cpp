@@ -31,7 +31,7 @@ bool hasText(pugi::xml_node label)
 {
     for (const pugi::xml_node property : XmlTree::properties(label)) {
         if (XmlTree::same(XmlTree::keyOf(property), OverlaySchema::Key::kLabelText) &&
-            *property.child_value() != '\0')
+            !XmlTree::text(property).isEmpty())
             return true;
     }
     return false;

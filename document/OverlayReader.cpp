@@ -93,7 +93,7 @@ DashElement OverlayReader::readElement(pugi::xml_node node)
 {
     DashElement element;
     element.node = node;
-    element.name = QString::fromUtf8(node.attribute(XmlTree::kName).as_string());
+    element.name = XmlTree::decoded(node.attribute(XmlTree::kName).as_string());
     ElementFields::read(node, ElementFields::rectangle(), element);
     ElementFields::read(XmlTree::firstObject(node, Class::kAxis), ElementFields::channel(),
                         element);

@@ -1,6 +1,7 @@
 #include "document/OverlayWriter.h"
 
 #include "document/ElementFields.h"
+#include "document/OverlayReader.h"
 #include "document/OverlaySchema.h"
 #include "document/XmlTree.h"
 
@@ -10,12 +11,13 @@ namespace {
 
 void writeElement(pugi::xml_node node, const DashElement& element)
 {
-    ElementFields::write(node, ElementFields::rectangle(), element);
+    const DashElement asRead = OverlayReader::readElement(node);
+    ElementFields::writeChanges(node, ElementFields::rectangle(), asRead, element);
     for (const pugi::xml_node child : XmlTree::objects(node)) {
         if (XmlTree::hasClass(child, Class::kDigit) && !element.valueFont.isEmpty())
-            ElementFields::write(child, ElementFields::valueStyle(), element);
+            ElementFields::writeChanges(child, ElementFields::valueStyle(), asRead, element);
         else if (XmlTree::hasClass(child, Class::kLabel) && !element.labelFont.isEmpty())
-            ElementFields::write(child, ElementFields::labelStyle(), element);
+            ElementFields::writeChanges(child, ElementFields::labelStyle(), asRead, element);
     }
 }
 

@@ -1,11 +1,13 @@
 #include "document/XmlFile.h"
 
-#include "document/DashElement.h"
-#include "document/OverlaySchema.h"
+#include "document/DocumentLimits.h"
+#include "document/DocumentText.h"
+#include "document/XmlTree.h"
 #include "document/archive/AtomicFile.h"
 
 #include <QByteArray>
 #include <QFile>
+#include <QFileInfo>
 
 #include <memory>
 
@@ -17,9 +19,34 @@ struct Deallocate
 };
 using Buffer = std::unique_ptr<char[], Deallocate>; // of the kind the library can take over
 
-constexpr qint64 kAlwaysReasonable = 500'000'000;
+/// A value of blanks only survives; white space between elements does not.
+constexpr unsigned kParseOptions = pugi::parse_default | pugi::parse_ws_pcdata_single;
 
-/// Hands the library's output to a device and remembers whether every byte went through.
+/// The library does not keep comments, so the pieces around one would be saved as one text.
+void keepFirstPiece(pugi::xml_node property)
+{
+    const pugi::xml_node value = property.text().data();
+    while (value.type() == pugi::node_pcdata && value.next_sibling().type() == pugi::node_pcdata)
+        property.remove_child(value.next_sibling());
+}
+
+/// Visits every node of a parsed tree. Stops at an element that is nested too deeply, before
+/// anything recurses into it.
+class Intake : public pugi::xml_tree_walker
+{
+public:
+    bool for_each(pugi::xml_node& node) override
+    {
+        if (node.type() == pugi::node_element && depth() >= DocumentLimits::kXmlLevels)
+            return false;
+        if (XmlTree::same(node.name(), XmlTree::kProperty))
+            keepFirstPiece(node);
+        return true;
+    }
+};
+
+/// Passes the library's output on to a device. The library writes a carriage return in a text as it
+/// is, which would be a line feed when read again.
 class DeviceWriter : public pugi::xml_writer
 {
 public:
@@ -27,8 +54,11 @@ public:
 
     void write(const void* data, size_t size) override
     {
-        const auto length = static_cast<qint64>(size);
-        m_ok = m_ok && m_device.write(static_cast<const char*>(data), length) == length;
+        const auto length = static_cast<qsizetype>(size);
+        QByteArray bytes = QByteArray::fromRawData(static_cast<const char*>(data), length);
+        if (bytes.contains('\r'))
+            bytes.replace('\r', "&#13;");
+        m_ok = m_ok && m_device.write(bytes) == bytes.size();
     }
 
     [[nodiscard]] bool ok() const { return m_ok; }
@@ -38,52 +68,35 @@ private:
     bool m_ok = true;
 };
 
-bool fitsIntoMemory(const QByteArray& xml)
-{
-    // Counting would take a third of the time of reading, and no ordinary text is that long.
-    return xml.size() <= kAlwaysReasonable / kMostMemoryAByte ||
-           isReasonableMemory(memoryOnceParsed(xml), xml.size());
-}
-
 } // namespace
 
-qint64 memoryOnceParsed(const QByteArray& xml)
-{
-    constexpr qint64 kNode = 64;
-    constexpr qint64 kAttribute = 40;
-    constexpr qint64 kElement = sizeof(DashElement);
-    constexpr qint64 kPage = 1000; // not so much, but looking for its image takes time as well
-    const qint64 nodes = xml.count('<') - xml.count("</e>"); // texts end in "</" as well
-    return kNode * nodes + kAttribute * xml.count('=') +
-           kElement * xml.count(OverlaySchema::Class::kElement) +
-           kPage * xml.count(OverlaySchema::Class::kPage);
-}
-
-bool isReasonableMemory(qint64 memory, qint64 size)
-{
-    constexpr qint64 kNever = 4'000'000'000;
-    constexpr qint64 kHonestGrowth = 12; // empty elements take sixteen times their text
-    return memory <= kAlwaysReasonable || (memory <= kNever && memory <= kHonestGrowth * size);
-}
-
-bool loadXmlFile(const QString& path, pugi::xml_document& document)
+Outcome loadXmlFile(const QString& path, pugi::xml_document& document)
 {
     QFile file(path);
+    const QString name = QFileInfo(path).fileName();
     if (!file.open(QIODevice::ReadOnly))
-        return false;
+        return Outcome::failure(
+            DocumentText::tr("\"%1\" cannot be read: %2").arg(name, file.errorString()));
+    if (file.size() > DocumentLimits::kXmlBytes)
+        return Outcome::failure(DocumentText::tr("\"%1\" is larger than 64 MB").arg(name));
     const auto size = static_cast<std::size_t>(file.size());
     Buffer content(static_cast<char*>(pugi::get_memory_allocation_function()(size + 1)));
-    if (!content || file.read(content.get(), file.size()) != file.size() ||
-        !fitsIntoMemory(QByteArray::fromRawData(content.get(), file.size())))
-        return false;
-    return document.load_buffer_inplace_own(content.release(), size);
+    if (!content || file.read(content.get(), file.size()) != file.size())
+        return Outcome::failure(
+            DocumentText::tr("\"%1\" cannot be read: %2").arg(name, file.errorString()));
+    if (!document.load_buffer_inplace_own(content.release(), size, kParseOptions))
+        return Outcome::failure(DocumentText::tr("\"%1\" is not well-formed XML").arg(name));
+    Intake intake;
+    if (!document.traverse(intake))
+        return Outcome::failure(DocumentText::tr("\"%1\" is nested too deeply").arg(name));
+    return {};
 }
 
-Outcome saveXmlFile(const pugi::xml_document& document, const QString& path, bool indented)
+Outcome saveXmlFile(const pugi::xml_document& document, const QString& path)
 {
-    return replaceFileUnflushed(path, [&](QIODevice& device) {
+    return replaceFileUnflushed(path, [&document](QIODevice& device) {
         DeviceWriter writer(device);
-        document.save(writer, "  ", indented ? pugi::format_indent : pugi::format_raw);
+        document.save(writer, "  ", pugi::format_indent);
         return writer.ok() ? Outcome() : Outcome::failure(device.errorString());
     });
 }

@@ -1,43 +1,25 @@
 #include "document/XmlTree.h"
 
+#include "document/DocumentLimits.h"
+
 #include <QByteArray>
 #include <QString>
 
-#include <array>
-#include <charconv>
 #include <cstdlib>
-#include <limits>
+#include <string>
 
 namespace XmlTree {
 
 namespace {
 
-/// Stops the walk when the levels of the nodes add up to more than a limit.
-class LevelBudget : public pugi::xml_tree_walker
+bool isBlank(const char* bytes)
 {
-public:
-    explicit LevelBudget(std::int64_t limit) : m_left(limit) {}
-
-    bool for_each(pugi::xml_node&) override
-    {
-        m_left -= depth();
-        return m_left >= 0;
-    }
-
-private:
-    std::int64_t m_left;
-};
-
-bool holdsJust(pugi::xml_node property, const char* bytes)
-{
-    const pugi::xml_node child = property.first_child();
-    return child.type() == pugi::node_pcdata && !child.next_sibling() && same(child.value(), bytes);
+    return bytes[std::strspn(bytes, " \t\r\n")] == '\0';
 }
 
 void replaceContent(pugi::xml_node property, const char* bytes)
 {
-    while (const pugi::xml_node child = property.first_child())
-        removeSubtree(child);
+    property.remove_children();
     property.append_child(pugi::node_pcdata).set_value(bytes);
 }
 
@@ -52,6 +34,13 @@ pugi::xml_node nthObject(pugi::xml_node parent, const char* className, int index
     return {};
 }
 
+pugi::xml_node firstProperty(pugi::xml_node object, const char* key)
+{
+    return object.find_child([key](pugi::xml_node child) {
+        return same(child.name(), kProperty) && same(keyOf(child), key);
+    });
+}
+
 pugi::xml_node lastProperty(pugi::xml_node object, const char* key)
 {
     pugi::xml_node last;
@@ -62,9 +51,23 @@ pugi::xml_node lastProperty(pugi::xml_node object, const char* key)
     return last;
 }
 
+QString decoded(const char* bytes)
+{
+    if (isBlank(bytes))
+        return {};
+    constexpr qsizetype kMostBytes = 4 * DocumentLimits::kTextLength; // UTF-8 takes up to four
+    QString text = QString::fromUtf8(bytes, qstrnlen(bytes, kMostBytes));
+    if (text.size() <= DocumentLimits::kTextLength)
+        return text;
+    text.truncate(DocumentLimits::kTextLength);
+    if (text.back().isHighSurrogate())
+        text.chop(1); // half of a character
+    return text;
+}
+
 QString text(pugi::xml_node property)
 {
-    return QString::fromUtf8(property.child_value());
+    return decoded(property.child_value());
 }
 
 std::int32_t number(pugi::xml_node property)
@@ -74,30 +77,14 @@ std::int32_t number(pugi::xml_node property)
 
 void setText(pugi::xml_node property, const QString& value)
 {
-    QByteArray bytes = value.toUtf8();
-    if (holdsJust(property, bytes.constData()))
-        return;
-    if (text(property) == value) // then it keeps its bytes, also where they are not valid UTF-8
-        bytes = property.child_value();
+    const QByteArray bytes =
+        text(property) == value ? QByteArray(property.child_value()) : value.toUtf8();
     replaceContent(property, bytes.constData());
 }
 
 void setNumber(pugi::xml_node property, int value)
 {
-    std::array<char, std::numeric_limits<int>::digits10 + 3> digits{}; // sign, all digits, end
-    std::to_chars(digits.data(), digits.data() + digits.size() - 1, value);
-    if (!holdsJust(property, digits.data()))
-        replaceContent(property, digits.data());
-}
-
-void setFirstNumber(pugi::xml_node object, const char* key, int value)
-{
-    for (const pugi::xml_node property : properties(object)) {
-        if (same(keyOf(property), key)) {
-            setNumber(property, value);
-            return;
-        }
-    }
+    replaceContent(property, std::to_string(value).c_str());
 }
 
 void appendProperty(pugi::xml_node object, const char* key, const QString& value)
@@ -106,27 +93,6 @@ void appendProperty(pugi::xml_node object, const char* key, const QString& value
     property.append_attribute(kKey).set_value(key);
     if (!value.isEmpty())
         setText(property, value);
-}
-
-void removeSubtree(pugi::xml_node node)
-{
-    pugi::xml_node current = node;
-    while (true) {
-        while (const pugi::xml_node child = current.first_child())
-            current = child;
-        pugi::xml_node parent = current.parent();
-        const bool done = current == node;
-        parent.remove_child(current);
-        if (done)
-            return;
-        current = parent;
-    }
-}
-
-bool levelsExceed(pugi::xml_node root, std::int64_t limit)
-{
-    LevelBudget walker(limit);
-    return !root.traverse(walker);
 }
 
 } // namespace XmlTree

@@ -54,32 +54,29 @@ inline constexpr char kKey[] = "n";
     return nthObject(parent, className, 0);
 }
 
+/// The first property with that key, or an empty node.
+[[nodiscard]] pugi::xml_node firstProperty(pugi::xml_node object, const char* key);
+
 /// The last property with that key, or an empty node.
 [[nodiscard]] pugi::xml_node lastProperty(pugi::xml_node object, const char* key);
 
-/// The value text of a property as UTF-8 text.
+/// A text of the file as records have it: decoded from UTF-8, cut behind
+/// DocumentLimits::kTextLength characters; a text of blanks only counts as empty.
+[[nodiscard]] QString decoded(const char* bytes);
+
+/// The decoded value of a property.
 [[nodiscard]] QString text(pugi::xml_node property);
 
 /// The value of a property as the C library's atoi reads it: leading digits count, anything else is
 /// 0.
 [[nodiscard]] std::int32_t number(pugi::xml_node property);
 
-/// Replaces whatever the property holds by one text child, also when the text is empty.
+/// Replaces everything in the property by one text child, also when the text is empty. A text that
+/// reads the same keeps its bytes.
 void setText(pugi::xml_node property, const QString& value);
 void setNumber(pugi::xml_node property, int value);
 
-/// Sets the first property with that key; does nothing when there is none.
-void setFirstNumber(pugi::xml_node object, const char* key, int value);
-
 /// Appends a property; an empty value gets no text child.
 void appendProperty(pugi::xml_node object, const char* key, const QString& value);
-
-/// Removes a node with its subtree; does nothing for an empty node. The library's own removal
-/// recurses and overflows the stack on deeply nested input; this one does not.
-void removeSubtree(pugi::xml_node node);
-
-/// True when the levels at which the nodes stand below root (its children at 0) add up to more than
-/// limit: what indenting them would cost.
-[[nodiscard]] bool levelsExceed(pugi::xml_node root, std::int64_t limit);
 
 } // namespace XmlTree

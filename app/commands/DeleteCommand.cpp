@@ -1,7 +1,6 @@
 #include "app/commands/DeleteCommand.h"
 
 #include "app/commands/PageRef.h"
-#include "document/ShownText.h"
 
 DeleteCommand::DeleteCommand(DashboardDocument* document, int pageIndex, int elementIndex)
     : m_document(document),
@@ -15,7 +14,7 @@ DeleteCommand::DeleteCommand(DashboardDocument* document, int pageIndex, int ele
     }
     m_saved.add(*element);
     const bool bound = !element->channelLongName.isEmpty();
-    setText(tr("Delete %1").arg(shownText(bound ? element->channelLongName : element->name)));
+    setText(tr("Delete %1").arg(bound ? element->channelLongName : element->name));
 }
 
 DeleteCommand::~DeleteCommand() = default;

@@ -1,7 +1,5 @@
 #include "app/commands/InsertElementCommand.h"
 
-#include "document/ShownText.h"
-
 InsertElementCommand::InsertElementCommand(DashboardDocument* document, int pageIndex,
                                            const ChannelDef& channel, int x, int y, int w, int h,
                                            pugi::xml_node donor)
@@ -11,7 +9,7 @@ InsertElementCommand::InsertElementCommand(DashboardDocument* document, int page
       m_geometry{x, y, w, h}
 {
     m_donorXml.append_copy(donor);
-    setText(tr("Insert %1").arg(shownText(channel.longName)));
+    setText(tr("Insert %1").arg(channel.longName));
 }
 
 InsertElementCommand::~InsertElementCommand() = default;

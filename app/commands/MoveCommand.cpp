@@ -1,7 +1,5 @@
 #include "app/commands/MoveCommand.h"
 
-#include "document/ShownText.h"
-
 MoveCommand::MoveCommand(const PageRef& page, int elementIndex, const ElementGeometry& before,
                          const ElementGeometry& after)
     : m_page(page),
@@ -10,7 +8,7 @@ MoveCommand::MoveCommand(const PageRef& page, int elementIndex, const ElementGeo
       m_after(after)
 {
     const DashElement* const element = page.element(elementIndex);
-    setText(tr("Move/Resize %1").arg(element ? shownText(element->name) : QString()));
+    setText(tr("Move/Resize %1").arg(element ? element->name : QString()));
 }
 
 MoveCommand::~MoveCommand() = default;

@@ -320,3 +320,63 @@ TEST_F(DashboardDocumentTest, WithoutItsConfigurationObjectNothingIsSaved)
     EXPECT_EQ(TestPackage::readFile(file), old);
     EXPECT_EQ(TestPackage::readFile(m_document.overlayPath()), unpacked);
 }
+
+TEST_F(DashboardDocumentTest, SaysWhyItCouldNotOpen)
+{
+    const auto reason = [this](const QString& file) {
+        EXPECT_FALSE(m_document.open(file));
+        return m_document.errorString();
+    };
+    EXPECT_EQ(reason(path("missing.zconf2")), QStringLiteral("There is no such file"));
+    EXPECT_EQ(reason(package({{QStringLiteral("a.txt"), "x"}})),
+              QStringLiteral("There is no overlay in it"));
+    EXPECT_EQ(reason(package({{kOverlay, "<overlay_cli>"}})),
+              QStringLiteral("\"overlay.ov3.xml\" is not well-formed XML"));
+    EXPECT_EQ(reason(package({{kOverlay, TestPackage::overlayXml({})}})),
+              QStringLiteral("There is no page in the overlay"));
+    ASSERT_TRUE(TestPackage::writeFile(path("made.zconf2"), "no archive"));
+    EXPECT_FALSE(reason(path("made.zconf2")).isEmpty());
+
+    ASSERT_TRUE(m_document.open(package({{kOverlay, overlay("Race")}, {kDevice, "<broken"}})));
+    EXPECT_EQ(m_document.errorString(), QString()) << "it opens without a device";
+}
+
+TEST_F(DashboardDocumentTest, SaysWhyItCouldNotReadOrWriteAFile)
+{
+    EXPECT_FALSE(m_document.save(path("out.zconf2")));
+    EXPECT_EQ(m_document.errorString(), QStringLiteral("No package is open"));
+    EXPECT_FALSE(m_document.writeBack(path("out.xml")));
+    EXPECT_EQ(m_document.errorString(), QStringLiteral("No overlay is open"));
+
+    ASSERT_TRUE(m_document.open(package({{kOverlay, overlay("Race")}})));
+    EXPECT_FALSE(m_document.writeBack(m_folder.path()));
+    EXPECT_EQ(m_document.errorString(), QStringLiteral("The destination is not an ordinary file"));
+    EXPECT_FALSE(m_document.save(m_folder.path()));
+    EXPECT_FALSE(m_document.errorString().isEmpty());
+    ASSERT_TRUE(m_document.save(path("out.zconf2")));
+    EXPECT_EQ(m_document.errorString(), QString());
+
+    EXPECT_FALSE(m_document.loadOverlay(path("missing.xml")));
+    EXPECT_EQ(m_document.errorString(),
+              QStringLiteral("\"missing.xml\" cannot be read: No such file or directory"));
+    ASSERT_TRUE(TestPackage::writeFile(path("other.aimcfg"), "<other/>"));
+    EXPECT_FALSE(m_document.loadDeviceFile(path("other.aimcfg")));
+    EXPECT_EQ(m_document.errorString(), QStringLiteral("There is no device in the device file"));
+}
+
+TEST_F(DashboardDocumentTest, KeepsEditsInTheUnpackFolder)
+{
+    EXPECT_FALSE(m_document.keepEdits()) << "nothing is open";
+    const QString file = package({{kOverlay, overlay("Race")}});
+    const QByteArray before = TestPackage::readFile(file);
+    ASSERT_TRUE(m_document.open(file));
+    m_document.pageAt(0)->elements[0].x = 77;
+    ASSERT_EQ(m_document.addBlankPage(QStringLiteral("Kept")), 2);
+    ASSERT_TRUE(m_document.keepEdits());
+    EXPECT_EQ(TestPackage::readFile(file), before) << "the package stays as it is";
+
+    DashboardDocument recovered;
+    ASSERT_TRUE(recovered.loadOverlay(m_document.overlayPath()));
+    EXPECT_EQ(recovered.pages()[0].elements[0].x, 77);
+    EXPECT_EQ(recovered.pages()[2].name, QStringLiteral("Kept"));
+}

@@ -77,6 +77,7 @@ TEST(ElementKinds, AnyTextPropertyOfALabelQualifies)
 {
     EXPECT_EQ(kindOf({{"Label", {}, {{"TEXT", ""}, {"TEXT", "second"}}, {}}}), Kind::StaticLabel);
     EXPECT_EQ(kindOf({{"Label", {}, {{"OTHER", "text"}}, {}}}), std::nullopt);
+    EXPECT_EQ(kindOf({label(" ")}), std::nullopt) << "blanks are no text";
 }
 
 TEST(ElementKinds, LabelsBoundToAChannelAreNoDonor)

@@ -82,11 +82,12 @@ TEST(OverlayWriter, WritesEveryOccurrenceOfAStyleKey)
 
 TEST(OverlayWriter, WritesStylesIntoEveryDigitAndLabel)
 {
-    LoadedOverlay overlay = withElement(
-        R"(<e c="Digit"><p n="COLORE">0x00000000</p><p n="OTHER">1</p></e>)"
-        R"(<e c="Label"><p n="CHARSET_DIM">1</p><p n="CHAR_SET_ID_2">a</p><p n="COLORE">x</p></e>)"
-        R"(<e c="Icon"><p n="CHARSET_DIM">1</p><p n="COLORE">0x00000000</p></e>)"
-        R"(<e c="Digit"><p n="CHARSET_DIM">1</p><p n="CHAR_SET_ID_2">a</p></e>)");
+    LoadedOverlay overlay =
+        withElement(R"(<e c="Digit"><p n="COLORE">0x00000000</p><p n="OTHER">1</p></e>)"
+                    R"(<e c="Label"><p n="CHARSET_DIM">1</p><p n="CHAR_SET_ID_2">a</p>)"
+                    R"(<p n="COLORE">0xffffffff</p></e>)"
+                    R"(<e c="Icon"><p n="CHARSET_DIM">1</p><p n="COLORE">0x00000000</p></e>)"
+                    R"(<e c="Digit"><p n="CHARSET_DIM">1</p><p n="CHAR_SET_ID_2">a</p></e>)");
     DashElement& element = overlay.element(0, 0);
     element.valueFont = QStringLiteral("V\u00e9 & <sons>");
     element.valueFontSize = 24;
@@ -114,6 +115,101 @@ TEST(OverlayWriter, WritesStylesIntoEveryDigitAndLabel)
                                                 R"( &amp; &lt;sons&gt;</p>
           </e>
 )"));
+}
+
+TEST(OverlayWriter, LeavesTextsAloneThatNobodyEdited)
+{
+    const QByteArray children = R"(          <p n="XPOS">12.7</p>
+          <p n="YPOS" />
+          <p n="WIDTH">0x40</p>
+          <p n="HEIGHT">1</p>
+          <p n="HEIGHT">+02</p>
+          <e c="Digit">
+            <p n="CHARSET_DIM"> 9pt</p>
+            <p n="CHAR_SET_ID_2">a)"
+                                "\xff"
+                                R"(</p>
+            <p n="COLORE">0XFFAABBCC</p>
+          </e>
+          <e c="Label">
+            <p n="CHAR_SET_ID_2">A</p>
+            <p n="COLORE">0xff8000</p>
+          </e>
+          <e c="Label">
+            <p n="CHARSET_DIM">7</p>
+            <p n="CHAR_SET_ID_2">B</p>
+            <p n="COLORE"> </p>
+          </e>
+)";
+    EXPECT_EQ(withElement(children).written(), writtenElement(children));
+}
+
+TEST(OverlayWriter, WritesOnlyTheValueThatWasEdited)
+{
+    LoadedOverlay overlay = withElement(
+        R"(<p n="XPOS">1.5</p><p n="YPOS">2.5</p>)"
+        R"(<e c="Label"><p n="CHARSET_DIM">7px</p><p n="CHAR_SET_ID_2">A</p></e>)"
+        R"(<e c="Label"><p n="CHARSET_DIM">9px</p><p n="CHAR_SET_ID_2">B</p><p n="COLORE"/></e>)");
+    overlay.element(0, 0).x = 3;
+    overlay.element(0, 0).labelColor = Qt::red;
+    EXPECT_EQ(overlay.written(), writtenElement(R"(          <p n="XPOS">3</p>
+          <p n="YPOS">2.5</p>
+          <e c="Label">
+            <p n="CHARSET_DIM">7px</p>
+            <p n="CHAR_SET_ID_2">A</p>
+          </e>
+          <e c="Label">
+            <p n="CHARSET_DIM">9px</p>
+            <p n="CHAR_SET_ID_2">B</p>
+            <p n="COLORE">0xffff0000</p>
+          </e>
+)"));
+}
+
+TEST(OverlayWriter, ComparesWithTheLastOccurrenceAndWritesAll)
+{
+    LoadedOverlay overlay =
+        withElement(R"(<p n="XPOS">1a</p><p n="XPOS">2b</p><p n="YPOS">1a</p><p n="YPOS">2b</p>)");
+    overlay.element(0, 0).x = 2;
+    overlay.element(0, 0).y = 1;
+    EXPECT_EQ(overlay.written(), writtenElement(R"(          <p n="XPOS">1a</p>
+          <p n="XPOS">2b</p>
+          <p n="YPOS">1</p>
+          <p n="YPOS">1</p>
+)"));
+}
+
+TEST(OverlayWriter, AColorInAnotherFormIsNoEdit)
+{
+    const QByteArray children = R"(          <e c="Digit">
+            <p n="CHAR_SET_ID_2">A</p>
+            <p n="COLORE">0xFF00FF00</p>
+          </e>
+)";
+    LoadedOverlay overlay = withElement(children);
+    overlay.element(0, 0).valueColor = QColor(Qt::green).toHsv();
+    EXPECT_EQ(overlay.written(), writtenElement(children));
+}
+
+TEST(OverlayWriter, BlackOverAColorThatCannotBeReadIsAnEdit)
+{
+    LoadedOverlay overlay =
+        withElement(R"(<e c="Digit"><p n="CHAR_SET_ID_2">A</p><p n="COLORE">red</p></e>)");
+    overlay.element(0, 0).valueColor = Qt::black;
+    EXPECT_TRUE(overlay.written().contains(R"(<p n="COLORE">0xff000000</p>)"));
+}
+
+TEST(OverlayWriter, ATextLongerThanItsRecordIsNotCut)
+{
+    const QByteArray font(10'001, 'F');
+    LoadedOverlay overlay = withElement(R"(<e c="Digit"><p n="CHARSET_DIM">1</p>)"
+                                        R"(<p n="CHAR_SET_ID_2">)" +
+                                        font + "</p></e>");
+    EXPECT_EQ(overlay.element(0, 0).valueFont.size(), 10'000);
+    overlay.element(0, 0).valueFontSize = 2;
+    const QByteArray written = overlay.written();
+    EXPECT_TRUE(written.contains(font));
+    EXPECT_TRUE(written.contains(R"(<p n="CHARSET_DIM">2</p>)"));
 }
 
 TEST(OverlayWriter, AStyleWithoutAFontIsLeftAlone)
@@ -193,12 +289,15 @@ TEST(OverlayWriter, LeavesObjectsWithoutARecordUnchanged)
     page.append_copy(page.last_child());
     pugi::xml_node conf = overlay.document.confNode();
     conf.append_copy(conf.last_child());
+    overlay.element(0, 0).x = 4;
+    overlay.element(0, 1).x = 5;
+    overlay.element(1, 0).x = 6;
 
     const QByteArray written = overlay.written();
-    EXPECT_EQ(written.count(R"(<p n="XPOS">1</p>)"), 1);
-    EXPECT_EQ(written.count(R"(<p n="XPOS">2</p>)"), 1);
+    EXPECT_EQ(written.count(R"(<p n="XPOS">4</p>)"), 1);
+    EXPECT_EQ(written.count(R"(<p n="XPOS">5</p>)"), 1);
     EXPECT_EQ(written.count(R"(<p n="XPOS">2a</p>)"), 1);
-    EXPECT_EQ(written.count(R"(<p n="XPOS">3</p>)"), 1) << "the next page is still written";
+    EXPECT_EQ(written.count(R"(<p n="XPOS">6</p>)"), 1) << "the next page is still written";
     EXPECT_EQ(written.count(R"(<p n="XPOS">3a</p>)"), 1);
 }
 
@@ -217,7 +316,7 @@ TEST(OverlayWriter, WithoutAConfigurationObjectItWritesNothing)
 
 TEST(OverlayWriter, AnUnwritablePathFailsAndKeepsTheEdits)
 {
-    LoadedOverlay overlay = withElement(R"(<p n="XPOS">1</p>)");
+    LoadedOverlay overlay = withElement(R"(<p n="XPOS">4</p>)");
     overlay.element(0, 0).x = 9;
     const QTemporaryDir folder;
     EXPECT_FALSE(overlay.document.writeBack(folder.path())) << "a folder";
@@ -235,22 +334,4 @@ TEST(OverlayWriter, WritingTwiceGivesTheSameBytes)
     EXPECT_EQ(overlay.written(), first);
     ASSERT_TRUE(overlay.load(first));
     EXPECT_EQ(overlay.written(), first);
-}
-
-TEST(OverlayWriter, IndentsEveryNestingThatALayoutCouldHave)
-{
-    constexpr qsizetype kLevels = 300;
-    LoadedOverlay overlay =
-        withElement(QByteArray("<e>").repeated(kLevels) + QByteArray("</e>").repeated(kLevels));
-    const QByteArray innermost = '\n' + QByteArray((kLevels + 4) * 2, ' ') + "<e />";
-    EXPECT_TRUE(overlay.written().contains(innermost));
-}
-
-TEST(OverlayWriter, LeavesOutAnIndentationThatWouldFillTheDisk)
-{
-    constexpr int kLevels = 20'000;
-    const QByteArray children =
-        QByteArray("<e>").repeated(kLevels) + QByteArray("</e>").repeated(kLevels);
-    LoadedOverlay overlay = withElement(children);
-    EXPECT_LT(overlay.written().size(), 2 * children.size());
 }

@@ -1,6 +1,5 @@
 #include "document/XmlFile.h"
 
-#include "document/DashPage.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
 
@@ -13,16 +12,27 @@ namespace {
 class XmlFileTest : public testing::Test
 {
 protected:
-    bool load(const QByteArray& bytes)
+    Outcome load(const QByteArray& bytes)
     {
         EXPECT_TRUE(TestPackage::writeFile(m_path, bytes));
         return loadXmlFile(m_path, m_document);
     }
 
-    /// A document that holds the text so many times.
-    bool loadRepeated(const char* text, qsizetype times)
+    /// The file that saving the document gives, without the declaration.
+    [[nodiscard]] QByteArray saved() const
     {
-        return load("<r>" + QByteArray(text).repeated(times) + "</r>");
+        EXPECT_TRUE(saveXmlFile(m_document, m_path));
+        return TestPackage::readFile(m_path).mid(qstrlen("<?xml version=\"1.0\"?>\n"));
+    }
+
+    /// A document of an element with that content, loaded, saved and loaded again.
+    QByteArray savedTwice(const QByteArray& content)
+    {
+        EXPECT_TRUE(load("<r>" + content + "</r>"));
+        const QByteArray once = saved();
+        EXPECT_TRUE(load(once));
+        EXPECT_EQ(saved(), once);
+        return once;
     }
 
     QTemporaryDir m_folder{FolderTools::memoryTemplate()};
@@ -40,59 +50,69 @@ TEST_F(XmlFileTest, ReadsAFileOfAnyName)
 
 TEST_F(XmlFileTest, RefusesWhatIsNoXml)
 {
-    EXPECT_FALSE(load(""));
-    EXPECT_FALSE(load("text"));
-    EXPECT_FALSE(load("<r>"));
-    EXPECT_FALSE(loadXmlFile(m_folder.path(), m_document));
-    EXPECT_FALSE(loadXmlFile(m_folder.filePath(QStringLiteral("missing")), m_document));
+    const QString reason =
+        QString::fromUtf8("\"\xC3\xA9 \xE8\xB5\x9B.xml\" is not well-formed XML");
+    EXPECT_EQ(load("").reason(), reason);
+    EXPECT_EQ(load("text").reason(), reason);
+    EXPECT_EQ(load("<r>").reason(), reason);
+}
+
+TEST_F(XmlFileTest, SaysWhyAFileCannotBeRead)
+{
+    const QString missing = m_folder.filePath(QStringLiteral("missing"));
+    EXPECT_EQ(loadXmlFile(missing, m_document).reason(),
+              QStringLiteral("\"missing\" cannot be read: No such file or directory"));
+    EXPECT_FALSE(loadXmlFile(m_folder.path(), m_document)) << "a folder";
     EXPECT_FALSE(loadXmlFile({}, m_document));
 }
 
-TEST_F(XmlFileTest, RefusesWhatWouldFillTheMemoryOnceParsed)
+TEST_F(XmlFileTest, RefusesAFileOfMoreThan64Megabytes)
 {
-    constexpr qsizetype kTooMany = 8'000'000;
-    EXPECT_TRUE(load(QByteArray("<r/>").leftJustified(4 * kTooMany))) << "size alone is no harm";
-    EXPECT_FALSE(loadRepeated("<a/>", kTooMany));
+    const QByteArray largest = QByteArray("<r/>").leftJustified(64'000'000);
+    EXPECT_TRUE(load(largest));
+    EXPECT_TRUE(load(largest + ' ').reason().endsWith(QStringLiteral(" is larger than 64 MB")));
 }
 
-TEST(XmlMemory, IsThatOfNodesAttributesAndRecords)
+TEST_F(XmlFileTest, RefusesMoreThanAHundredLevels)
 {
-    constexpr int kNode = 64;
-    constexpr int kAttribute = 40;
-    EXPECT_EQ(memoryOnceParsed("<a/>"), kNode);
-    EXPECT_EQ(memoryOnceParsed("<e></e>"), kNode) << "an end adds nothing";
-    EXPECT_EQ(memoryOnceParsed("<a b='' c=''/>"), kNode + 2 * kAttribute);
-    EXPECT_GE(memoryOnceParsed("<e c='GMaskParam'/>"),
-              kNode + kAttribute + qint64{sizeof(DashElement)});
-    EXPECT_GE(memoryOnceParsed("<e c='GPageParam'/>"),
-              kNode + kAttribute + qint64{sizeof(DashPage)});
+    const auto nested = [](int levels, const QByteArray& innermost) -> QByteArray {
+        return QByteArray("<e>").repeated(levels) + innermost + QByteArray("</e>").repeated(levels);
+    };
+    EXPECT_TRUE(load(nested(100, "text"))) << "texts do not count";
+    EXPECT_TRUE(load(nested(101, {})).reason().endsWith(QStringLiteral(" is nested too deeply")));
+    EXPECT_FALSE(load("<r/>" + nested(101, {}))) << "wherever they are";
 }
 
-TEST(XmlMemory, IsAtMostAHundredTimesTheText)
+TEST_F(XmlFileTest, AValueOfBlanksSurvivesASave)
 {
-    for (const QByteArray token : {"<", "=", "GMaskParam", "GPageParam"})
-        EXPECT_LE(memoryOnceParsed(token), kMostMemoryAByte * token.size()) << token.constData();
+    EXPECT_EQ(savedTwice("<p> </p><p>\n\t</p><p/>"),
+              "<r>\n  <p> </p>\n  <p>\n\t</p>\n  <p />\n</r>\n");
 }
 
-TEST(XmlMemory, IsReasonableUpToTwelveTimesTheText)
+TEST_F(XmlFileTest, BlanksBetweenElementsBecomeIndentation)
 {
-    constexpr qint64 kMegabyte = 1'000'000;
-    EXPECT_TRUE(isReasonableMemory(500 * kMegabyte, 0));
-    EXPECT_FALSE(isReasonableMemory(500 * kMegabyte + 1, 0));
-    EXPECT_TRUE(isReasonableMemory(1200 * kMegabyte, 100 * kMegabyte));
-    EXPECT_FALSE(isReasonableMemory(1200 * kMegabyte + 1, 100 * kMegabyte));
-    EXPECT_TRUE(isReasonableMemory(4000 * kMegabyte, 4000 * kMegabyte));
-    EXPECT_FALSE(isReasonableMemory(4000 * kMegabyte + 1, 4000 * kMegabyte));
+    EXPECT_EQ(savedTwice(" \n <p>1</p>   <p>2</p>\t"), "<r>\n  <p>1</p>\n  <p>2</p>\n</r>\n");
 }
 
-TEST(XmlMemory, SufficesForAMillionElementsWithFewOrManyProperties)
+TEST_F(XmlFileTest, ACarriageReturnSurvivesASave)
 {
-    constexpr int kMillion = 1'000'000;
-    for (const int properties : {0, 1, 4, 20}) {
-        const QByteArray element = "<e c='GMaskParam' i='e1'>" +
-                                   QByteArray("<p n='WIDTH'>10</p>").repeated(properties) + "</e>";
-        EXPECT_TRUE(
-            isReasonableMemory(kMillion * memoryOnceParsed(element), kMillion * element.size()))
-            << properties;
-    }
+    EXPECT_EQ(savedTwice("<p>a&#13;b&#13;&#10;c</p><p i=\"&#13;\"/><p>&#13;</p>"),
+              "<r>\n  <p>a&#13;b&#13;\nc</p>\n  <p i=\"&#13;\" />\n  <p>&#13;</p>\n</r>\n");
+    EXPECT_EQ(savedTwice("<p>a\r\nb</p>"), "<r>\n  <p>a\nb</p>\n</r>\n") << "as XML has it";
+}
+
+TEST_F(XmlFileTest, AValueInPiecesIsSavedAsItReads)
+{
+    EXPECT_EQ(savedTwice("<p>1<!-- -->2<?x?>3</p>"), "<r>\n  <p>1</p>\n</r>\n");
+    EXPECT_EQ(savedTwice("<p><x/>1<!-- -->2</p>"), "<r>\n  <p>\n    <x />1</p>\n</r>\n");
+    EXPECT_EQ(savedTwice("<p><![CDATA[1]]>2</p>"), "<r>\n  <p><![CDATA[1]]>2</p>\n</r>\n");
+    EXPECT_EQ(savedTwice("<p>1<![CDATA[2]]>3</p>"), "<r>\n  <p>1<![CDATA[2]]>3</p>\n</r>\n");
+    EXPECT_EQ(savedTwice("a<!-- -->b"), "<r>ab</r>\n") << "no value";
+}
+
+TEST_F(XmlFileTest, AFailedSaveSaysWhy)
+{
+    ASSERT_TRUE(load("<r/>"));
+    EXPECT_EQ(saveXmlFile(m_document, m_folder.path()).reason(),
+              QStringLiteral("The destination is not an ordinary file"));
 }

@@ -115,13 +115,33 @@ TEST_F(XmlTreeTest, SetTextKeepsTheBytesOfTextThatStaysTheSame)
     EXPECT_EQ(text(), "<p>a\xff</p>") << "one text child all the same";
 }
 
-TEST_F(XmlTreeTest, SetFirstNumberTouchesTheFirstPropertyOfThatKeyOnly)
+TEST_F(XmlTreeTest, FindsTheFirstAndTheLastPropertyOfAKey)
 {
     const pugi::xml_node node =
-        load(R"(<e><x n="K">1</x><p n="k">2</p><p n="K">3</p><p n="K">4</p></e>)");
-    XmlTree::setFirstNumber(node, "K", 9);
-    XmlTree::setFirstNumber(node, "missing", 9);
-    EXPECT_EQ(text(), R"(<e><x n="K">1</x><p n="k">2</p><p n="K">9</p><p n="K">4</p></e>)");
+        load(R"(<e><x n="K">1</x><p n="k">2</p><p n="K">3</p><p n="K">4</p><p m="K">5</p></e>)");
+    EXPECT_EQ(XmlTree::number(XmlTree::firstProperty(node, "K")), 3);
+    EXPECT_EQ(XmlTree::number(XmlTree::lastProperty(node, "K")), 4);
+    EXPECT_FALSE(XmlTree::firstProperty(node, "missing"));
+    EXPECT_FALSE(XmlTree::lastProperty(node, "missing"));
+}
+
+TEST_F(XmlTreeTest, ATextOfBlanksCountsAsEmpty)
+{
+    for (const char* const blank : {"", " ", "\t", "\r", "\n", " \r\n\t "})
+        EXPECT_TRUE(XmlTree::decoded(blank).isEmpty()) << '"' << blank << '"';
+    EXPECT_EQ(XmlTree::decoded(" a "), QStringLiteral(" a "));
+    EXPECT_EQ(XmlTree::decoded("\xc2\xa0"), QStringLiteral("\u00a0")) << "no blank in XML";
+}
+
+TEST_F(XmlTreeTest, CutsLongTextsBetweenCharacters)
+{
+    constexpr int kMost = 10'000;
+    EXPECT_EQ(XmlTree::decoded(std::string(kMost, 'x').c_str()).size(), kMost);
+    EXPECT_EQ(XmlTree::decoded(std::string(kMost + 1, 'x').c_str()).size(), kMost);
+    const QString wide = QStringLiteral("\u8d5b").repeated(kMost); // three bytes each
+    EXPECT_EQ(XmlTree::decoded(wide.toUtf8()), wide);
+    const QString pairs = u'x' + QString::fromUtf8("\xf0\x9f\x8f\x81").repeated(kMost);
+    EXPECT_EQ(XmlTree::decoded(pairs.toUtf8()), pairs.left(kMost - 1));
 }
 
 TEST_F(XmlTreeTest, AppendPropertyGivesAnEmptyValueNoTextChild)
@@ -130,38 +150,4 @@ TEST_F(XmlTreeTest, AppendPropertyGivesAnEmptyValueNoTextChild)
     XmlTree::appendProperty(node, "A", QStringLiteral("1"));
     XmlTree::appendProperty(node, "B", QString());
     EXPECT_EQ(text(), R"(<e><p n="A">1</p><p n="B"/></e>)");
-}
-
-TEST_F(XmlTreeTest, RemovesAndReplacesSubtreesOfAnyDepth)
-{
-    constexpr int kLevels = 300'000; // more than the library's own removal survives
-    std::string deep;
-    for (int i = 0; i < kLevels; ++i)
-        deep += "<a>";
-    for (int i = 0; i < kLevels; ++i)
-        deep += "</a>";
-    pugi::xml_node root = load(("<r>" + deep + "<p>" + deep + "</p></r>").c_str());
-    XmlTree::removeSubtree(root.child("a"));
-    XmlTree::setText(root.child("p"), QStringLiteral("1"));
-    EXPECT_EQ(text(), "<r><p>1</p></r>");
-}
-
-TEST_F(XmlTreeTest, RemoveSubtreeRemovesThatSubtreeOnly)
-{
-    const pugi::xml_node root = load("<r><a><b/><c>text<d/></c></a><a2><b/></a2></r>");
-    XmlTree::removeSubtree(root.child("a"));
-    EXPECT_EQ(text(), "<r><a2><b/></a2></r>");
-    XmlTree::removeSubtree(root.child("missing"));
-    EXPECT_EQ(text(), "<r><a2><b/></a2></r>");
-    XmlTree::removeSubtree(root.child("a2"));
-    EXPECT_EQ(text(), "<r/>");
-}
-
-TEST_F(XmlTreeTest, MeasuresNesting)
-{
-    const pugi::xml_node flat = load("<r/>");
-    EXPECT_FALSE(XmlTree::levelsExceed(flat, 0));
-    const pugi::xml_node root = load("<r><a/><b><c/><d><e/></d></b><f/></r>");
-    EXPECT_TRUE(XmlTree::levelsExceed(root, 3));
-    EXPECT_FALSE(XmlTree::levelsExceed(root, 4)) << "c and d stand at 1, e at 2";
 }

@@ -31,6 +31,10 @@ QByteArray ByteSource::xmlText()
                                 "\xff\xfe not UTF-8",
                                 "&unknown;",
                                 "12abc",
+                                "12.7",
+                                " ",
+                                "one&#13;&#10;two&#13;",
+                                "first<!-- lost -->second",
                                 "0x80FF0000",
                                 "-2147483648"};
     return kTexts.at(static_cast<std::size_t>(below(static_cast<int>(kTexts.size()))));

@@ -5,18 +5,44 @@
 #include "app/commands/InsertElementCommand.h"
 #include "app/commands/MoveCommand.h"
 #include "app/commands/NewPageCommand.h"
+#include "document/ElementFields.h"
+#include "document/ElementGeometry.h"
+#include "document/OverlayReader.h"
+#include "document/XmlTree.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/InStep.h"
 #include "tests/support/PackageBuilder.h"
 #include "tests/support/RandomOverlay.h"
 
 #include <array>
+#include <sstream>
 
 namespace {
 
+/// A name as a user or a device file may give it.
 QString text(ByteSource& source)
 {
-    return QString::fromUtf8(source.xmlText());
+    return XmlTree::decoded(source.xmlText());
+}
+
+/// The overlay XML with plain numbers in all rectangles: a move that is undone after a save leaves
+/// "12" where the file had "12.7".
+QByteArray plainRectangles(const DashboardDocument& document)
+{
+    pugi::xml_document copy;
+    for (const pugi::xml_node child : document.confNode().root().children())
+        copy.append_copy(child);
+    for (const pugi::xml_node page : XmlTree::objects(OverlayReader::confNode(copy))) {
+        for (const pugi::xml_node element : XmlTree::objects(page)) {
+            const DashElement asRead = OverlayReader::readElement(element);
+            DashElement other = asRead;
+            setGeometry(other, {~asRead.x, ~asRead.y, ~asRead.w, ~asRead.h});
+            ElementFields::writeChanges(element, ElementFields::rectangle(), other, asRead);
+        }
+    }
+    std::ostringstream text;
+    copy.print(text, "  ", pugi::format_indent);
+    return QByteArray::fromStdString(text.str());
 }
 
 } // namespace
@@ -183,7 +209,8 @@ EditingWalk::State EditingWalk::currentState()
 {
     if (m_saved && !m_document.writeBack(m_folder.filePath(QStringLiteral("saved.xml"))))
         fail("cannot write back");
-    return {InStep::overlayText(m_document), InStep::recordsText(m_document)};
+    return {m_saved ? plainRectangles(m_document) : InStep::overlayText(m_document),
+            InStep::recordsText(m_document)};
 }
 
 int EditingWalk::anyPage()
