@@ -5,6 +5,40 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QImageReader>
+#include <QScopeGuard>
+#include <QScreen>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// What an image counts against the limit of pixels.
+qint64 countedPixels(const QSize& size, QImage::Format format)
+{
+    constexpr int kOrdinaryDepth = 32;
+    const bool deep = QImage::toPixelFormat(format).bitsPerPixel() > kOrdinaryDepth;
+    return qint64{size.width()} * size.height() * (deep ? 2 : 1);
+}
+
+/// The toolkit's scaled decoding loses the colours of such images.
+bool hasColorTable(QImage::Format format)
+{
+    return format == QImage::Format_Mono || format == QImage::Format_MonoLSB ||
+           format == QImage::Format_Indexed8;
+}
+
+QImage scaledTo(const QImage& image, const QSize& size)
+{
+    // Smooth scaling needs four bytes a pixel, so most of the way is done without. It also loses
+    // the colours of images with a colour table.
+    constexpr int kSmoothFactor = 2;
+    return image.scaled((kSmoothFactor * size).boundedTo(image.size()))
+        .convertToFormat(QImage::Format_ARGB32_Premultiplied)
+        .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+} // namespace
 
 void PageImages::load(DashPage& page, const QString& rawPath, const QString& overlayFolder)
 {
@@ -18,13 +52,59 @@ void PageImages::load(DashPage& page, const QString& rawPath, const QString& ove
 
 void PageImages::loadFile(DashPage& page, const QString& candidate)
 {
-    if (!QFileInfo(candidate).isFile())
+    const QFileInfo file(candidate);
+    if (!file.isFile())
         return;
     page.imagePath = candidate;
-    QImageReader reader(candidate);
+    const QString key = file.canonicalFilePath();
+    auto known = m_decoded.constFind(key);
+    if (known == m_decoded.constEnd()) {
+        QImageReader reader(candidate);
+        known = m_decoded.insert(key, QPixmap::fromImage(decode(reader)));
+    }
+    page.image = *known;
+}
+
+QImage PageImages::decode(QImageReader& reader)
+{
+    const int oldLimit = QImageReader::allocationLimit();
+    // The toolkit counts four bytes a pixel also for images that take one at most.
+    QImageReader::setAllocationLimit(DocumentLimits::kImageDecodingMebibytes *
+                                     (hasColorTable(reader.imageFormat()) ? 4 : 1));
+    const auto restoreLimit =
+        qScopeGuard([oldLimit] { QImageReader::setAllocationLimit(oldLimit); });
+
     const QSize size = reader.size();
-    if (qint64{size.width()} * size.height() > m_pixelsLeft)
-        return;
-    page.image = QPixmap::fromImageReader(&reader);
-    m_pixelsLeft -= qint64{page.image.width()} * page.image.height();
+    if (!size.isValid() || countedPixels(size, reader.imageFormat()) > m_pixelsLeft)
+        return decodeReduced(reader);
+    QImage image = reader.read();
+    m_pixelsLeft -= countedPixels(image.size(), image.format());
+    return image;
+}
+
+QImage PageImages::decodeReduced(QImageReader& reader)
+{
+    if (reader.size().isValid() && !hasColorTable(reader.imageFormat()))
+        reader.setScaledSize(reducedSize(reader.size()));
+    QImage image = reader.read();
+    if (image.isNull())
+        return image;
+    if (image.size() != reader.scaledSize())
+        image = scaledTo(image, reducedSize(image.size()));
+    m_reducedPixelsLeft -= countedPixels(image.size(), image.format());
+    return image;
+}
+
+QSize PageImages::reducedSize(const QSize& size) const
+{
+    // Each takes at most an eighth of the pixels that are left, so that every further one gets
+    // some.
+    constexpr double kShare = 8;
+    const double area = static_cast<double>(size.width()) * size.height();
+    const double share = static_cast<double>(std::max<qint64>(m_reducedPixelsLeft, 0)) / kShare;
+    const QSize screen = QGuiApplication::primaryScreen()->size();
+    const double factor =
+        std::min({1.0, std::sqrt(share / area), double(screen.width()) / size.width(),
+                  double(screen.height()) / size.height()});
+    return (size * factor).expandedTo({1, 1});
 }

@@ -1,24 +1,33 @@
 #pragma once
 
 #include "document/DashPage.h"
+#include "document/DocumentLimits.h"
 
+#include <QHash>
+#include <QPixmap>
 #include <QString>
 
-/// Loads the background images of a document's pages within one budget of pixels.
+class QImage;
+class QImageReader;
+class QSize;
+
+/// Loads the background images of a document's pages. Each file is decoded once and shared by the
+/// pages that use it. Images beyond the limit of pixels are decoded smaller.
 class PageImages
 {
 public:
     /// Sets imagePath and image of the page: the file rawPath below the maker's image folder, else
-    /// the one in overlayFolder that has the page's number. An image beyond the budget stays null.
+    /// the one in overlayFolder that has the page's number. An image that cannot be read is null.
     /// Does nothing without a QGuiApplication, because a pixmap needs one.
     void load(DashPage& page, const QString& rawPath, const QString& overlayFolder);
 
 private:
-    /// All images of a document together; four bytes each once decoded. A package of a few
-    /// kilobytes can hold images that would fill the memory of any computer.
-    static constexpr qint64 kMostPixels = 100'000'000;
-
     void loadFile(DashPage& page, const QString& candidate);
+    [[nodiscard]] QImage decode(QImageReader& reader);
+    [[nodiscard]] QImage decodeReduced(QImageReader& reader);
+    [[nodiscard]] QSize reducedSize(const QSize& size) const;
 
-    qint64 m_pixelsLeft = kMostPixels;
+    QHash<QString, QPixmap> m_decoded; // by canonical path
+    qint64 m_pixelsLeft = DocumentLimits::kImagePixels;
+    qint64 m_reducedPixelsLeft = DocumentLimits::kReducedImagePixels;
 };
