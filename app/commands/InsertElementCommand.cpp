@@ -1,12 +1,40 @@
 #include "app/commands/InsertElementCommand.h"
 
+#include "app/commands/PageRef.h"
+#include "document/ElementFields.h"
+
+namespace {
+
+/// The record of an element node; nothing when the document has none for it.
+std::optional<DashElement> recordOf(const DashboardDocument* document, pugi::xml_node node)
+{
+    if (!document || !node)
+        return std::nullopt;
+    for (const DashPage& page : document->pages()) {
+        for (const DashElement& element : page.elements) {
+            if (element.node == node)
+                return element;
+        }
+    }
+    return std::nullopt;
+}
+
+void copyStyles(const DashElement& from, DashElement& to)
+{
+    ElementFields::copy(ElementFields::valueStyle(), from, to);
+    ElementFields::copy(ElementFields::labelStyle(), from, to);
+}
+
+} // namespace
+
 InsertElementCommand::InsertElementCommand(DashboardDocument* document, int pageIndex,
                                            const ChannelDef& channel, int x, int y, int w, int h,
                                            pugi::xml_node donor)
     : m_document(document),
       m_pageIndex(pageIndex),
       m_channel(channel),
-      m_geometry{x, y, w, h}
+      m_geometry{x, y, w, h},
+      m_donor(recordOf(document, donor))
 {
     m_donorXml.append_copy(donor);
     setText(tr("Insert %1").arg(channel.longName));
@@ -38,6 +66,11 @@ void InsertElementCommand::insertFromDonor()
                                                       m_geometry.w, m_geometry.h, created);
     if (index < 0)
         return; // a later redo tries again
+    if (m_donor) {
+        DashElement& element = *PageRef(m_document, m_pageIndex).element(index);
+        copyStyles(*m_donor, element);
+        created = element;
+    }
     m_insertedIndex = index;
     m_inserted.add(created);
 }

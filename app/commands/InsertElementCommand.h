@@ -6,8 +6,11 @@
 
 #include <QCoreApplication>
 
-/// Inserts a copy of a donor element, bound to a channel. The first redo makes the element; every
-/// later one puts the very same element back, with the same name and properties.
+#include <optional>
+
+/// Inserts a copy of a donor element, bound to a channel. The copy has the text styles that the
+/// donor has on the screen. The first redo makes the element; every later one restores it, with the
+/// same name and properties.
 /// The document is not owned and may be null, which makes redo and undo do nothing.
 class InsertElementCommand : public PageCommand
 {
@@ -31,6 +34,7 @@ private:
     ChannelDef m_channel;
     ElementGeometry m_geometry;
     pugi::xml_document m_donorXml;
+    std::optional<DashElement> m_donor; // its styles may have changed since they were in the XML
     int m_insertedIndex = -1;
     SavedElements m_inserted; // empty until the first successful redo
 };

@@ -56,6 +56,27 @@ TEST_F(InsertElementCommandTest, UndoesExactlyAndComesBackWithTheSameName)
     EXPECT_EQ(record(0, 6).name, name);
 }
 
+TEST_F(InsertElementCommandTest, TheCopyLooksAsItsDonorDoesOnTheScreen)
+{
+    DashElement& donor = record(0, 0);
+    donor.valueFont = QStringLiteral("Restyled");
+    donor.valueFontSize = 77;
+    donor.valueColor = Qt::magenta;
+    donor.labelFont = QStringLiteral("Restyled label");
+    donor.labelFontSize = 78;
+    donor.labelColor = Qt::cyan;
+    pushAndTravel(insert(0, donor.node));
+    const DashElement& element = record(0, 5);
+    EXPECT_EQ(element.valueFont, QStringLiteral("Restyled"));
+    EXPECT_EQ(element.valueFontSize, 77);
+    EXPECT_EQ(element.valueColor, QColor(Qt::magenta));
+    EXPECT_EQ(element.labelFont, QStringLiteral("Restyled label"));
+    EXPECT_EQ(element.labelFontSize, 78);
+    EXPECT_EQ(element.labelColor, QColor(Qt::cyan));
+    EXPECT_EQ(element.x, 10) << "its own place";
+    EXPECT_EQ(element.channelLongName, m_channel.longName) << "its own channel";
+}
+
 TEST_F(InsertElementCommandTest, TheDonorMayGo)
 {
     QUndoCommand* const command = insert(0, record(1, 0).node);
