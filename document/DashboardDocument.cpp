@@ -2,6 +2,7 @@
 
 #include "document/DashboardPackage.h"
 #include "document/DeviceReader.h"
+#include "document/DocumentLimits.h"
 #include "document/DocumentText.h"
 #include "document/OverlayReader.h"
 #include "document/OverlaySchema.h"
@@ -13,6 +14,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <utility>
 
 namespace Class = OverlaySchema::Class;
@@ -101,13 +103,19 @@ Outcome DashboardDocument::readOverlay(const QString& path)
     pugi::xml_document parsed;
     if (Outcome outcome = loadXmlFile(path, parsed); !outcome)
         return outcome;
+    const auto objects = XmlTree::objects(OverlayReader::confNode(parsed));
+    const auto isPage = [](pugi::xml_node object) {
+        return XmlTree::hasClass(object, Class::kPage);
+    };
+    if (std::count_if(objects.begin(), objects.end(), isPage) > DocumentLimits::kPages)
+        return Outcome::failure(DocumentText::tr("The overlay has more than 100,000 pages"));
     m_pages.clear();
     m_overlayXml = std::move(parsed);
     m_images = {};
 
     int ordinal = 0;
     for (const pugi::xml_node child : XmlTree::objects(confNode())) {
-        if (XmlTree::hasClass(child, Class::kPage))
+        if (isPage(child))
             readPage(child, ordinal++);
     }
     return m_pages.empty() ? Outcome::failure(DocumentText::tr("There is no page in the overlay"))

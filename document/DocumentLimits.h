@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+#include <cstddef>
+
 /// How much of what a package holds is read. No real layout comes near; a package of a few
 /// kilobytes can ask for more memory than a computer has. Checked where a file or text is read, and
 /// nowhere else.
@@ -13,6 +15,9 @@ inline constexpr qint64 kXmlBytes = 64'000'000;
 /// Levels of nested elements in these files; layouts have seven. The XML library recurses when it
 /// removes a node, and indentation grows with the depth.
 inline constexpr int kXmlLevels = 100;
+
+/// Pages of an overlay. The search for its image makes a page more expensive than any element.
+inline constexpr std::ptrdiff_t kPages = 100'000;
 
 /// Characters of a text in a record, which end up in widgets. Laying out megabytes takes minutes.
 /// The XML keeps the whole text.
@@ -26,7 +31,7 @@ inline constexpr qint64 kImagePixels = 100'000'000;
 inline constexpr qint64 kReducedImagePixels = 10'000'000;
 
 /// Memory for decoding one image, in the toolkit's unit of 1024 * 1024 bytes: enough for
-/// kImagePixels. The toolkit's own limit is smaller.
+/// kImagePixels. The toolkit's own limit is lower.
 inline constexpr int kImageDecodingMebibytes = 400;
 
 } // namespace DocumentLimits

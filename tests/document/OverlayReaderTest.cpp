@@ -64,6 +64,17 @@ TEST(OverlayReader, WithoutAPageThereIsNoDocument)
     }
 }
 
+TEST(OverlayReader, MoreThanAHundredThousandPagesAreRefused)
+{
+    const QByteArray most = QByteArray(R"(<e c="GPageParam"/>)").repeated(100'000);
+    LoadedOverlay overlay(LoadedOverlay::around(most));
+    EXPECT_EQ(overlay.document.pageCount(), 100'000);
+    EXPECT_FALSE(overlay.load(LoadedOverlay::around(most + R"(<e c="GPageParam"/>)")));
+    EXPECT_EQ(overlay.document.errorString(),
+              QStringLiteral("The overlay has more than 100,000 pages"));
+    EXPECT_EQ(overlay.document.pageCount(), 100'000) << "the open one stays";
+}
+
 TEST(OverlayReader, AFailedParseLeavesEverythingAsItWas)
 {
     LoadedOverlay overlay(LoadedOverlay::around(
