@@ -31,7 +31,7 @@ bool DashboardDocument::save(const QString& destPath)
 
 bool DashboardDocument::keepEdits()
 {
-    return report(writeOverlay(m_overlayPath));
+    return report(writeUnpackedOverlay());
 }
 
 bool DashboardDocument::loadOverlay(const QString& path)
@@ -88,13 +88,18 @@ Outcome DashboardDocument::readPackage(const QString& packagePath)
 
 Outcome DashboardDocument::writePackage(const QString& destPath)
 {
-    if (m_overlayPath.isEmpty() || m_tempDir.isEmpty())
+    if (Outcome outcome = writeUnpackedOverlay(); !outcome)
+        return outcome;
+    return m_package.save(m_tempDir, destPath);
+}
+
+Outcome DashboardDocument::writeUnpackedOverlay()
+{
+    if (m_overlayPath.isEmpty())
         return Outcome::failure(DocumentText::tr("No package is open"));
     // A cleaner of temporary files may have removed the folder; the package has the rest.
     QDir().mkpath(QFileInfo(m_overlayPath).absolutePath());
-    if (Outcome outcome = writeOverlay(m_overlayPath); !outcome)
-        return outcome;
-    return m_package.save(m_tempDir, destPath);
+    return writeOverlay(m_overlayPath);
 }
 
 Outcome DashboardDocument::readOverlay(const QString& path)

@@ -140,6 +140,7 @@ private:
     [[nodiscard]] bool report(const Outcome& outcome);
     Outcome readPackage(const QString& packagePath);
     Outcome writePackage(const QString& destPath);
+    Outcome writeUnpackedOverlay();
     Outcome readOverlay(const QString& path);
     Outcome readDeviceFile(const QString& path);
     Outcome writeOverlay(const QString& xmlPath);
