@@ -51,7 +51,7 @@ void MainWindow::openPackage(const QString& path)
     m_canvas->cancelDrag();
     if (!runBusy([&] { return m_document.open(path); })) {
         tellPlainly(this, QMessageBox::Critical, tr("Error"),
-                    tr("Failed to open file:\n%1").arg(path));
+                    tr("Failed to open file:\n%1").arg(path), m_document.errorString());
         return;
     }
     // Everything that the panes show is gone: nothing may run before they are in step.
@@ -91,7 +91,7 @@ bool MainWindow::saveTo(const QString& path)
         statusBar()->showMessage(tr("Saved %1").arg(fileNameOf(path)));
     else
         tellPlainly(this, QMessageBox::Critical, tr("Error"),
-                    tr("Failed to save file:\n%1").arg(path));
+                    tr("Failed to save file:\n%1").arg(path), m_document.errorString());
     return saved;
 }
 
@@ -108,8 +108,7 @@ void MainWindow::loadRecording(const QString& path)
 {
     m_canvas->cancelDrag();
     // The reader library is foreign code. When it crashes, the edits are in the unpack folder.
-    if (!m_document.overlayPath().isEmpty())
-        static_cast<void>(m_document.writeBack(m_document.overlayPath()));
+    static_cast<void>(m_document.keepEdits());
     const QString library = FixedPaths::readerLibrary();
     if (!runBusy([&] { return m_telemetry.load(path, library); })) {
         m_canvas->update(); // the former recording is gone, and its values with it

@@ -67,6 +67,28 @@ TEST_F(MainWindowFiles, AFailedOpenSaysSoAndChangesNothing)
     EXPECT_EQ(status(), QStringLiteral("Saved usual.zconf2"));
 }
 
+TEST_F(MainWindowFiles, AFailedOpenOrSaveSaysWhy)
+{
+    const auto expectReason = [this] {
+        m_dialogs.expect<QMessageBox>([this](QMessageBox& box) {
+            EXPECT_FALSE(box.informativeText().isEmpty());
+            EXPECT_EQ(box.informativeText(), m_window->document().errorString());
+            ModalDriver::press(box, QMessageBox::Ok);
+        });
+    };
+    const QString bad = path(QStringLiteral("bad.zconf2"));
+    ASSERT_TRUE(TestPackage::writeFile(bad, "no archive"));
+    m_dialogs.chooseFile(bad);
+    expectReason();
+    trigger("openAction");
+
+    openUsual();
+    ASSERT_TRUE(QFile::remove(path(QStringLiteral("usual.zconf2"))));
+    ASSERT_TRUE(QDir().mkdir(path(QStringLiteral("usual.zconf2"))));
+    expectReason();
+    trigger("saveAction");
+}
+
 TEST_F(MainWindowFiles, OpenWhileALaterPageWasShownGoesToTheFirst)
 {
     openUsual();

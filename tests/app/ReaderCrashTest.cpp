@@ -152,7 +152,9 @@ TEST_F(MainWindowFixture, ARecordingLoadsThoughTheEditsCannotBeKept)
 {
     ScriptedReader reader;
     openUsual();
-    FolderTools::remove(m_window->document().tempDir());
+    const QString folder = m_window->document().tempDir();
+    FolderTools::remove(folder);
+    ASSERT_TRUE(TestPackage::writeFile(folder, "in the way"));
     const QString recording = path(QStringLiteral("lap.xrk"));
     ASSERT_TRUE(TestPackage::writeFile(recording, "recording"));
     m_dialogs.chooseFile(recording);
