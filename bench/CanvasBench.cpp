@@ -172,7 +172,7 @@ public:
     {
         const PageTransform transform(kCanvas, {m_page.width, m_page.height});
         for (int frame = 0; frame < (session ? kFrames : 1); ++frame) {
-            m_views.push_back({&m_page, transform, -1, {}, {session, secondsOf(frame), 0}});
+            m_views.push_back({&m_page, transform, -1, {}, {session, secondsOf(frame), {}}});
             m_ready.push_back(makeReady(m_views.back()));
         }
     }
