@@ -12,8 +12,11 @@ check_metadata() {
         assets/icon.svg "$build/packaging/gaugewright.metainfo.xml"
     desktop-file-validate packaging/linux/gaugewright.desktop
     appstreamcli validate --no-net "$build/packaging/gaugewright.metainfo.xml"
-    LC_ALL=C.UTF-8 man --warnings --local-file "$build/packaging/gaugewright.1" 2>"$work/man" >/dev/null
-    [ ! -s "$work/man" ] || die "Man page: $(cat "$work/man")"
+    local page
+    for page in gaugewright.1 gaugewright-cli.1; do
+        LC_ALL=C.UTF-8 man --warnings --local-file "$build/packaging/$page" 2>"$work/man" >/dev/null
+        [ ! -s "$work/man" ] || die "Man page $page: $(cat "$work/man")"
+    done
 }
 
 # The file type must be known, and as an archive, on a desktop that knows nothing but this package.
@@ -29,7 +32,7 @@ check_file_type() {
         die "*.zconf2 is not known as an archive"
 }
 
-# Only the editor belongs into a package, not what it is tried and tested with.
+# Only the two programs belong into a package, not what it is tried and tested with.
 check_contents() {
     local deb=$1 tgz=$2 strangers
     strangers=$({ dpkg-deb --fsys-tarfile "$deb" | tar t; tar tf "$tgz"; } |
@@ -44,7 +47,31 @@ check_archive_runs() {
     [ -f "$(dirname "$(readlink -f "$work/bin/gaugewright")")/assets/icon.png" ] ||
         die "No icon beside the executable"
     stays_open "$work/bin/gaugewright"
+    [ "$("$work/bin/gaugewright-cli" --version)" = "gaugewright-cli $(version)" ] ||
+        die "gaugewright-cli does not run"
 }
+
+# Every option of the completion must be one that the program knows, and the other way round.
+check_completion() {
+    local subcommand
+    for subcommand in show diff check render channels recover; do
+        diff <("$work/bin/gaugewright-cli" "$subcommand" --help | grep -o '^  --[a-z-]*' | tr -d ' ' | sort) \
+            <(completions gaugewright-cli "$subcommand" --) ||
+            die "The completion of $subcommand does not fit its help"
+    done
+    [ "$(completions gaugewright-cli check --severity w)" = warning ] || die "No value is completed"
+}
+
+# completions WORD...: what the last word is completed to, one a line, sorted.
+completions() (
+    compopt() { :; } # works in a completion only
+    # shellcheck source=packaging/linux/gaugewright-cli.bash
+    source "$work/share/bash-completion/completions/gaugewright-cli"
+    # shellcheck disable=SC2034 # the completion reads them
+    COMP_WORDS=("$@") COMP_CWORD=$(($# - 1))
+    _gaugewright_cli
+    printf '%s\n' "${COMPREPLY[@]}" | sort
+)
 
 check_windows() {
     cmake -S tests/project/windows -B "$work/windows" -G Ninja \
@@ -79,5 +106,6 @@ check_metadata
 check_file_type
 check_contents "$deb" "$tgz"
 check_archive_runs "$tgz"
+check_completion
 check_windows
 echo "Packages, metadata and Windows resources are sound."

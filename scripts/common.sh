@@ -9,7 +9,7 @@ source scripts/packages.sh
 jobs=$(nproc)
 # The folders whose code is shipped.
 # shellcheck disable=SC2034 # used by the scripts that source this one
-shipped=(app canvas dialogs document telemetry widgets)
+shipped=(app canvas cli dialogs document review telemetry widgets)
 
 # say TEXT: a heading between the outputs of the tools.
 say() {

@@ -12,10 +12,10 @@ build_packages=(
 )
 
 # Tests and benchmarks. mount, e2fsprogs and strace serve the tests that inject faults, the last line
-# those that exchange packages with other tools.
+# those that exchange packages with other tools; jsonschema checks the answers of gaugewright-cli.
 test_packages=(
     libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev
-    e2fsprogs mount strace
+    e2fsprogs mount python3-jsonschema strace
     libarchive-tools p7zip-full python3 unzip zip
 )
 

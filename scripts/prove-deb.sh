@@ -21,6 +21,8 @@ say "Installing $(echo "$packages"/*.deb)"
 
 say "Starting the installed program"
 stays_open "${in_bare_root[@]}" env QT_QPA_PLATFORM=offscreen gaugewright
+[ "$("${in_bare_root[@]}" gaugewright-cli --version)" = "gaugewright-cli $(version)" ] ||
+    die "gaugewright-cli does not run"
 
 say "Removing it"
 "${in_bare_root[@]}" apt-get remove -q -y gaugewright </dev/null

@@ -1,5 +1,5 @@
-# The layout on Linux. The editor looks for its icon beside its executable, so both stand in a folder of
-# their own, and the folder of commands holds a link. Desktops pick up the shared files by themselves:
+# The layout on Linux. The programs look for icon and reader library next to their executables, so all are
+# in a private folder, and the folder of commands holds links. Desktops pick up the shared files by themselves:
 # the distribution's triggers refresh their caches.
 include(GNUInstallDirs)
 
@@ -18,14 +18,20 @@ function(compressed in out)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${in}")
 endfunction()
 
-install(TARGETS gaugewright RUNTIME DESTINATION "${private_dir}")
+install(TARGETS gaugewright gaugewright-cli RUNTIME DESTINATION "${private_dir}")
 install(FILES "${assets}/icon.png" DESTINATION "${private_dir}/assets")
 file(RELATIVE_PATH link_target "${CMAKE_INSTALL_FULL_BINDIR}"
-  "${CMAKE_INSTALL_FULL_LIBEXECDIR}/gaugewright/gaugewright")
+  "${CMAKE_INSTALL_FULL_LIBEXECDIR}/gaugewright")
 install(CODE "
   set(bin \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
   file(MAKE_DIRECTORY \"\${bin}\")
-  file(CREATE_LINK \"${link_target}\" \"\${bin}/gaugewright\" SYMBOLIC)")
+  foreach(program gaugewright gaugewright-cli)
+    file(CREATE_LINK \"${link_target}/\${program}\" \"\${bin}/\${program}\" SYMBOLIC)
+  endforeach()")
+install(FILES "${GAUGEWRIGHT_SOURCE_DIR}/cli/gaugewright-cli.schema.json"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/gaugewright")
+install(FILES linux/gaugewright-cli.bash
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME gaugewright-cli)
 
 install(FILES linux/gaugewright.desktop DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES linux/gaugewright.xml DESTINATION "${CMAKE_INSTALL_DATADIR}/mime/packages")
@@ -36,9 +42,11 @@ install(FILES linux/application-x-zconf2.svg DESTINATION "${icon_dir}/scalable/m
 configure_file(linux/gaugewright.metainfo.xml.in gaugewright.metainfo.xml @ONLY)
 install(FILES "${made}/gaugewright.metainfo.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
 
-configure_file(linux/gaugewright.1.in gaugewright.1 @ONLY)
-compressed("${made}/gaugewright.1" "${made}/gaugewright.1.gz")
-install(FILES "${made}/gaugewright.1.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+foreach(page gaugewright.1 gaugewright-cli.1)
+  configure_file(linux/${page}.in ${page} @ONLY)
+  compressed("${made}/${page}" "${made}/${page}.gz")
+  install(FILES "${made}/${page}.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+endforeach()
 
 execute_process(COMMAND date --utc --rfc-email "--date=${GAUGEWRIGHT_RELEASE_DATE}"
   OUTPUT_VARIABLE GAUGEWRIGHT_RELEASE_TIME OUTPUT_STRIP_TRAILING_WHITESPACE

@@ -8,11 +8,11 @@ set(plugins_imageformats QGifPlugin QICOPlugin QJpegPlugin)
 
 install(FILES "${GAUGEWRIGHT_SOURCE_DIR}/assets/icon.png" DESTINATION bin/assets)
 install(FILES "${GAUGEWRIGHT_SOURCE_DIR}/LICENSE" "${GAUGEWRIGHT_SOURCE_DIR}/CHANGELOG.md"
-  DESTINATION .)
+  "${GAUGEWRIGHT_SOURCE_DIR}/cli/gaugewright-cli.schema.json" DESTINATION .)
 
 if(CMAKE_CROSSCOMPILING)
   # CMake finds no run-time dependencies when cross-compiling: they are listed.
-  install(TARGETS gaugewright RUNTIME DESTINATION bin)
+  install(TARGETS gaugewright gaugewright-cli RUNTIME DESTINATION bin)
   install(IMPORTED_RUNTIME_ARTIFACTS Qt6::Core Qt6::Gui Qt6::Widgets RUNTIME DESTINATION bin)
   foreach(library libstdc++-6 libgcc_s_seh-1 libwinpthread-1)
     execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${library}.dll"
@@ -25,7 +25,7 @@ if(CMAKE_CROSSCOMPILING)
     install(FILES "${path}" DESTINATION bin)
   endforeach()
 else()
-  install(TARGETS gaugewright RUNTIME_DEPENDENCY_SET libraries RUNTIME DESTINATION bin)
+  install(TARGETS gaugewright gaugewright-cli RUNTIME_DEPENDENCY_SET libraries RUNTIME DESTINATION bin)
   set(CMAKE_INSTALL_SYSTEM_RUNTIME_DESTINATION bin)
   include(InstallRequiredSystemLibraries) # those of the compiler
 endif()

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "cli/Subcommands.h"
+
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class Console;
+class QJsonObject;
+
+/// The arguments of one subcommand. Every subcommand knows --help, --quiet and --format.
+class Arguments
+{
+public:
+    Arguments(const QString& command, const QString& description);
+
+    void addFile(const QString& name, const QString& description);
+    /// After all other files.
+    void addOptionalFile(const QString& name, const QString& description);
+    void addFlag(const QString& name, const QString& description);
+    /// @param valueName as the help shows it
+    void addOption(const QString& name, const QString& valueName, const QString& description);
+
+    /// Parses what follows the subcommand's name. Nothing when the subcommand is to go on; the
+    /// status to end with after help was printed or a wrong usage reported.
+    [[nodiscard]] std::optional<ExitStatus> parse(const QStringList& arguments, Console& console);
+
+    /// Reports a wrong usage. @return the status to end with.
+    [[nodiscard]] ExitStatus refuse(Console& console, const QString& reason) const;
+
+    /// The index-th file; empty for an optional one that was not given.
+    [[nodiscard]] QString file(int index) const { return m_files.value(index); }
+    [[nodiscard]] bool isSet(const QString& option) const { return m_parser.isSet(option); }
+    [[nodiscard]] QString value(const QString& option) const { return m_parser.value(option); }
+    [[nodiscard]] QStringList values(const QString& option) const
+    {
+        return m_parser.values(option);
+    }
+    /// The finite number that an option was given, or fallback when it was not; nothing when the
+    /// value is no such number.
+    [[nodiscard]] std::optional<double> number(const QString& option, double fallback) const;
+
+    [[nodiscard]] bool wantsJson() const;
+    /// The answer's frame: the format's version and the subcommand.
+    [[nodiscard]] QJsonObject jsonFrame() const;
+
+private:
+    [[nodiscard]] QString help() const;
+
+    QString m_command;
+    QString m_synopsis;
+    QCommandLineParser m_parser;
+    QStringList m_required;
+    int m_mostFiles = 0;
+    QStringList m_files;
+};

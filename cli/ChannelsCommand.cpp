@@ -1,0 +1,80 @@
+#include "cli/Arguments.h"
+#include "cli/Console.h"
+#include "cli/RecordingFile.h"
+#include "review/FactText.h"
+#include "telemetry/TelemetrySession.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <cmath>
+
+namespace {
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("ChannelsCommand", text);
+}
+
+double lengthOf(const TelemetryChannel& channel)
+{
+    return channel.times.empty() ? 0.0 : channel.times.back();
+}
+
+QString lineOf(const TelemetryChannel& channel)
+{
+    return FactText::quoted(channel.name) + QStringLiteral(" unit ") +
+           FactText::quoted(channel.units) + u' ' + QString::number(channel.times.size()) +
+           QStringLiteral(" samples ") + QString::number(lengthOf(channel), 'f', 3) +
+           QStringLiteral(" s");
+}
+
+/// JSON has no infinity.
+QJsonValue numberOrNull(double number)
+{
+    return std::isfinite(number) ? QJsonValue(number) : QJsonValue();
+}
+
+QJsonObject objectOf(const TelemetryChannel& channel)
+{
+    return {{QStringLiteral("name"), channel.name},
+            {QStringLiteral("unit"), channel.units},
+            {QStringLiteral("samples"), static_cast<qint64>(channel.times.size())},
+            {QStringLiteral("length"), numberOrNull(lengthOf(channel))}};
+}
+
+} // namespace
+
+ExitStatus Subcommands::channels(const QStringList& arguments, Console& console)
+{
+    Arguments parsed(QStringLiteral("channels"),
+                     translated(QT_TRANSLATE_NOOP(
+                         "ChannelsCommand",
+                         "Lists the channels of a recording: name, unit, number of samples, time "
+                         "of the last one.")));
+    parsed.addFile(QStringLiteral("FILE.xrk"),
+                   translated(QT_TRANSLATE_NOOP("ChannelsCommand", "The recording.")));
+    if (const auto status = parsed.parse(arguments, console))
+        return *status;
+
+    TelemetrySession session;
+    const QString path = parsed.file(0);
+    if (!loadRecording(session, path, console))
+        return ExitStatus::Trouble;
+    QJsonArray list;
+    for (const auto& [key, channel] : session.channels()) {
+        if (parsed.wantsJson())
+            list.append(objectOf(channel));
+        else
+            console.print(lineOf(channel));
+    }
+    if (parsed.wantsJson()) {
+        QJsonObject answer = parsed.jsonFrame();
+        answer.insert(QStringLiteral("recording"), path);
+        answer.insert(QStringLiteral("length"), numberOrNull(session.duration()));
+        answer.insert(QStringLiteral("channels"), list);
+        console.print(answer);
+    }
+    return ExitStatus::Clean;
+}

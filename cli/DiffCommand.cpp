@@ -1,0 +1,88 @@
+#include "cli/Arguments.h"
+#include "cli/Console.h"
+#include "cli/Workspace.h"
+#include "document/DashboardDocument.h"
+#include "review/Differences.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("DiffCommand", text);
+}
+
+/// The key that the subject's name goes under, null when the difference has none.
+const char* subjectKey(Difference::Change change)
+{
+    using Change = Difference::Change;
+    if (change >= Change::FileAdded)
+        return "file";
+    if (change >= Change::ElementAdded)
+        return "element";
+    if (change >= Change::ChannelAdded && change <= Change::ChannelChanged)
+        return "channel";
+    return nullptr;
+}
+
+QJsonObject objectOf(const Difference& difference)
+{
+    QJsonObject object{{QStringLiteral("id"), identifier(difference.change)},
+                       {QStringLiteral("message"), sentence(difference)},
+                       {QStringLiteral("before"), difference.before},
+                       {QStringLiteral("after"), difference.after}};
+    if (difference.page > 0) {
+        object.insert(QStringLiteral("page"), difference.page);
+        object.insert(QStringLiteral("pageName"), difference.pageName);
+    }
+    if (const char* const key = subjectKey(difference.change))
+        object.insert(QLatin1String(key), difference.subject);
+    return object;
+}
+
+void print(const std::vector<Difference>& found, const Arguments& parsed, Console& console)
+{
+    QJsonArray list;
+    for (const Difference& difference : found) {
+        if (parsed.wantsJson())
+            list.append(objectOf(difference));
+        else
+            console.print(sentence(difference));
+    }
+    if (!parsed.wantsJson())
+        return;
+    QJsonObject answer = parsed.jsonFrame();
+    answer.insert(QStringLiteral("old"), parsed.file(0));
+    answer.insert(QStringLiteral("new"), parsed.file(1));
+    answer.insert(QStringLiteral("differences"), list);
+    console.print(answer);
+}
+
+} // namespace
+
+ExitStatus Subcommands::diff(const QStringList& arguments, Console& console)
+{
+    Arguments parsed(QStringLiteral("diff"),
+                     translated(QT_TRANSLATE_NOOP(
+                         "DiffCommand", "Tells what changed from one package to another. Ends with "
+                                        "status 1 when something did.")));
+    parsed.addFile(QStringLiteral("OLD"),
+                   translated(QT_TRANSLATE_NOOP("DiffCommand", "The former package.")));
+    parsed.addFile(QStringLiteral("NEW"),
+                   translated(QT_TRANSLATE_NOOP("DiffCommand", "The present package.")));
+    if (const auto status = parsed.parse(arguments, console))
+        return *status;
+
+    const Workspace workspace;
+    DashboardDocument former;
+    DashboardDocument present;
+    if (!workspace.open(former, parsed.file(0), console) ||
+        !workspace.open(present, parsed.file(1), console))
+        return ExitStatus::Trouble;
+    const std::vector<Difference> found = differences(former, present);
+    print(found, parsed, console);
+    return found.empty() ? ExitStatus::Clean : ExitStatus::Findings;
+}

@@ -1,0 +1,102 @@
+#include "cli/Arguments.h"
+#include "cli/Console.h"
+#include "cli/Interruption.h"
+#include "review/FactText.h"
+#include "review/UnpackFolders.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("RecoverCommand", text);
+}
+
+QString lineOf(const UnpackFolder& folder)
+{
+    QStringList pages;
+    for (const QString& page : folder.pages)
+        pages.append(FactText::quoted(page));
+    return folder.changed.toString(Qt::ISODate) + u' ' + FactText::oneLine(folder.path) +
+           QStringLiteral(" pages ") + pages.join(QStringLiteral(", "));
+}
+
+QJsonObject objectOf(const UnpackFolder& folder)
+{
+    return {{QStringLiteral("folder"), folder.path},
+            {QStringLiteral("changed"), folder.changed.toUTC().toString(Qt::ISODate)},
+            {QStringLiteral("pages"), QJsonArray::fromStringList(folder.pages)}};
+}
+
+ExitStatus list(const Arguments& parsed, Console& console)
+{
+    QJsonArray folders;
+    for (const UnpackFolder& folder : unpackFolders(QDir::tempPath())) {
+        if (parsed.wantsJson())
+            folders.append(objectOf(folder));
+        else
+            console.print(lineOf(folder));
+    }
+    if (parsed.wantsJson()) {
+        QJsonObject answer = parsed.jsonFrame();
+        answer.insert(QStringLiteral("folders"), folders);
+        console.print(answer);
+    }
+    return ExitStatus::Clean;
+}
+
+ExitStatus recover(const Arguments& parsed, Console& console)
+{
+    const QString folder = parsed.file(0);
+    const QString package = parsed.value(QStringLiteral("output"));
+    if (QFileInfo::exists(package) && !parsed.isSet(QStringLiteral("force"))) {
+        console.fail(package, translated(QT_TRANSLATE_NOOP("RecoverCommand",
+                                                           "It exists; --force writes over it")));
+        return ExitStatus::Trouble;
+    }
+    const Interruption::Pause untilWritten;
+    if (const Outcome outcome = recoverPackage(folder, package); !outcome) {
+        console.fail(folder, outcome.reason());
+        return ExitStatus::Trouble;
+    }
+    if (parsed.wantsJson()) {
+        QJsonObject answer = parsed.jsonFrame();
+        answer.insert(QStringLiteral("folder"), folder);
+        answer.insert(QStringLiteral("package"), package);
+        console.print(answer);
+    } else {
+        console.print(FactText::oneLine(package));
+    }
+    return ExitStatus::Clean;
+}
+
+} // namespace
+
+ExitStatus Subcommands::recover(const QStringList& arguments, Console& console)
+{
+    Arguments parsed(QStringLiteral("recover"),
+                     translated(QT_TRANSLATE_NOOP(
+                         "RecoverCommand",
+                         "Makes a package of a folder that the editor unpacked one to. Without "
+                         "FOLDER lists those in the folder for temporary files, the newest "
+                         "first.")));
+    parsed.addOptionalFile(QStringLiteral("FOLDER"),
+                           translated(QT_TRANSLATE_NOOP("RecoverCommand", "The folder.")));
+    parsed.addOption(QStringLiteral("output"), QStringLiteral("PACKAGE"),
+                     translated(QT_TRANSLATE_NOOP("RecoverCommand", "The package to write.")));
+    parsed.addFlag(QStringLiteral("force"),
+                   translated(QT_TRANSLATE_NOOP("RecoverCommand", "Writes over a file.")));
+    if (const auto status = parsed.parse(arguments, console))
+        return *status;
+    if (parsed.file(0).isEmpty() != !parsed.isSet(QStringLiteral("output"))) {
+        return parsed.refuse(
+            console, translated(QT_TRANSLATE_NOOP("RecoverCommand",
+                                                  "FOLDER and --output PACKAGE belong together")));
+    }
+    return parsed.file(0).isEmpty() ? list(parsed, console) : ::recover(parsed, console);
+}

@@ -1,0 +1,66 @@
+#include "cli/Workspace.h"
+
+#include "cli/Console.h"
+#include "cli/Interruption.h"
+#include "document/DashboardDocument.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QScopeGuard>
+
+namespace {
+
+/// Names the folder for temporary files, where documents unpack to and leave everything behind.
+#ifdef Q_OS_WIN
+constexpr char kFolderVariable[] = "TMP";
+#else
+constexpr char kFolderVariable[] = "TMPDIR";
+#endif
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("Workspace", text);
+}
+
+} // namespace
+
+Workspace::Workspace()
+{
+    const Interruption::Pause pause;
+    m_folder.emplace(QDir::tempPath() + QStringLiteral("/gaugewright-cli-XXXXXX"));
+    Interruption::setFolder(m_folder->path());
+}
+
+Workspace::~Workspace()
+{
+    const Interruption::Pause pause;
+    m_folder.reset();
+    Interruption::setFolder({});
+}
+
+bool Workspace::open(DashboardDocument& document, const QString& packagePath,
+                     Console& console) const
+{
+    console.progress(translated(QT_TRANSLATE_NOOP("Workspace", "Opening %1")).arg(packagePath));
+    if (!m_folder->isValid())
+        console.fail(m_folder->path(), m_folder->errorString());
+    else if (unpack(document, packagePath))
+        return true;
+    else
+        console.fail(packagePath, document.errorString());
+    return false;
+}
+
+bool Workspace::unpack(DashboardDocument& document, const QString& packagePath) const
+{
+    const QByteArray former = qgetenv(kFolderVariable);
+    const auto restore = qScopeGuard([&former] {
+        if (former.isNull())
+            qunsetenv(kFolderVariable);
+        else
+            qputenv(kFolderVariable, former);
+    });
+    qputenv(kFolderVariable, QFile::encodeName(m_folder->path()));
+    return document.open(packagePath);
+}

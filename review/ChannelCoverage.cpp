@@ -1,0 +1,68 @@
+#include "review/ChannelCoverage.h"
+
+#include "document/DashboardDocument.h"
+#include "review/FactText.h"
+#include "telemetry/ChannelMatcher.h"
+
+#include <QCoreApplication>
+#include <QSet>
+
+namespace {
+
+using ChannelMatcher::Match;
+using ChannelMatcher::Rule;
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("ChannelCoverage", text);
+}
+
+QString ruleText(Rule rule)
+{
+    switch (rule) {
+    case Rule::Case:
+        return translated(QT_TRANSLATE_NOOP("ChannelCoverage", "equal but for case"));
+    case Rule::Spelling:
+        return translated(
+            QT_TRANSLATE_NOOP("ChannelCoverage", "equal but for case, \"_\" and blanks"));
+    case Rule::Words:
+        return translated(QT_TRANSLATE_NOOP("ChannelCoverage", "most words in common"));
+    case Rule::None:
+        break;
+    }
+    return {};
+}
+
+QString messageOf(const QString& channel, const Match& match)
+{
+    if (match.rule == Rule::None) {
+        return translated(QT_TRANSLATE_NOOP("ChannelCoverage",
+                                            "channel %1 matches nothing recorded and shows 0.00"))
+            .arg(FactText::quoted(channel));
+    }
+    return translated(QT_TRANSLATE_NOOP("ChannelCoverage", "channel %1 shows recorded %2 (%3)"))
+        .arg(FactText::quoted(channel), FactText::quoted(match.name), ruleText(match.rule));
+}
+
+} // namespace
+
+std::vector<Finding> channelCoverage(const DashboardDocument& document, const QStringList& recorded)
+{
+    std::vector<Finding> found;
+    QSet<QString> seen;
+    int number = 0;
+    for (const DashPage& page : document.pages()) {
+        ++number;
+        for (const DashElement& element : page.elements) {
+            const QString& channel = element.channelLongName;
+            if (channel.isEmpty() || seen.contains(channel))
+                continue;
+            seen.insert(channel);
+            const Match match = ChannelMatcher::explainedMatch(channel, recorded);
+            found.push_back(
+                {match.rule == Rule::None ? Finding::Rule::NoMatch : Finding::Rule::Match, number,
+                 page.name, element.name, messageOf(channel, match)});
+        }
+    }
+    return found;
+}

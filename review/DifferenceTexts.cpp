@@ -1,0 +1,155 @@
+// How differences are called and described.
+
+#include "review/Differences.h"
+#include "review/FactText.h"
+
+#include <QCoreApplication>
+
+#include <array>
+
+namespace {
+
+using Change = Difference::Change;
+
+constexpr char kContext[] = "Differences";
+
+/// The facts that a text mentions, in their order.
+enum class Facts
+{
+    None,
+    Former,
+    Present,
+    Both,
+    BothNames // to be quoted
+};
+
+struct Texts
+{
+    Change change;
+    const char* id;
+    const char* text;
+    Facts facts;
+};
+
+constexpr std::array kTexts{
+    Texts{Change::Device, "device-changed",
+          QT_TRANSLATE_NOOP("Differences", "device changed from %1 to %2"), Facts::Both},
+    Texts{Change::Display, "display-changed",
+          QT_TRANSLATE_NOOP("Differences", "display changed from %1 to %2"), Facts::Both},
+    Texts{Change::LayoutSettings, "layout-settings-changed",
+          QT_TRANSLATE_NOOP("Differences", "other settings of the layout changed"), Facts::None},
+    Texts{Change::ChannelAdded, "channel-added", QT_TRANSLATE_NOOP("Differences", "added: %1"),
+          Facts::Present},
+    Texts{Change::ChannelRemoved, "channel-removed",
+          QT_TRANSLATE_NOOP("Differences", "removed: %1"), Facts::Former},
+    Texts{Change::ChannelChanged, "channel-changed",
+          QT_TRANSLATE_NOOP("Differences", "changed from %1 to %2"), Facts::Both},
+    Texts{Change::PageAdded, "page-added", QT_TRANSLATE_NOOP("Differences", "added"), Facts::None},
+    Texts{Change::PageRemoved, "page-removed", QT_TRANSLATE_NOOP("Differences", "removed"),
+          Facts::None},
+    Texts{Change::PageRenamed, "page-renamed",
+          QT_TRANSLATE_NOOP("Differences", "renamed from %1 to %2"), Facts::BothNames},
+    Texts{Change::PageOrder, "page-reordered",
+          QT_TRANSLATE_NOOP("Differences", "order changed from place %1 to %2"), Facts::Both},
+    Texts{Change::PageSize, "page-resized",
+          QT_TRANSLATE_NOOP("Differences", "resized from %1 to %2"), Facts::Both},
+    Texts{Change::PageImage, "page-image-changed",
+          QT_TRANSLATE_NOOP("Differences", "background image changed from %1 to %2"),
+          Facts::BothNames},
+    Texts{Change::PageSettings, "page-settings-changed",
+          QT_TRANSLATE_NOOP("Differences", "other settings changed"), Facts::None},
+    Texts{Change::ElementAdded, "element-added", QT_TRANSLATE_NOOP("Differences", "added: %1"),
+          Facts::Present},
+    Texts{Change::ElementRemoved, "element-removed",
+          QT_TRANSLATE_NOOP("Differences", "removed: %1"), Facts::Former},
+    Texts{Change::ElementRenamed, "element-renamed",
+          QT_TRANSLATE_NOOP("Differences", "renamed from %1 to %2"), Facts::BothNames},
+    Texts{Change::ElementOrder, "element-reordered",
+          QT_TRANSLATE_NOOP("Differences", "order changed from place %1 to %2"), Facts::Both},
+    Texts{Change::ElementKind, "element-kind-changed",
+          QT_TRANSLATE_NOOP("Differences", "kind changed from %1 to %2"), Facts::Both},
+    Texts{Change::ElementMoved, "element-moved",
+          QT_TRANSLATE_NOOP("Differences", "moved from %1 to %2"), Facts::Both},
+    Texts{Change::ElementResized, "element-resized",
+          QT_TRANSLATE_NOOP("Differences", "resized from %1 to %2"), Facts::Both},
+    Texts{Change::ElementChannel, "element-rebound",
+          QT_TRANSLATE_NOOP("Differences", "bound to another channel, from %1 to %2"), Facts::Both},
+    Texts{Change::ElementValueStyle, "element-value-restyled",
+          QT_TRANSLATE_NOOP("Differences", "value restyled from %1 to %2"), Facts::Both},
+    Texts{Change::ElementLabelStyle, "element-label-restyled",
+          QT_TRANSLATE_NOOP("Differences", "label restyled from %1 to %2"), Facts::Both},
+    Texts{Change::ElementTexts, "element-text-changed",
+          QT_TRANSLATE_NOOP("Differences", "text changed from %1 to %2"), Facts::Both},
+    Texts{Change::ElementSettings, "element-settings-changed",
+          QT_TRANSLATE_NOOP("Differences", "other settings changed"), Facts::None},
+    Texts{Change::FileAdded, "file-added", QT_TRANSLATE_NOOP("Differences", "added: %1"),
+          Facts::Present},
+    Texts{Change::FileRemoved, "file-removed", QT_TRANSLATE_NOOP("Differences", "removed: %1"),
+          Facts::Former},
+    Texts{Change::FileChanged, "file-changed",
+          QT_TRANSLATE_NOOP("Differences", "changed from %1 to %2"), Facts::Both},
+};
+
+constexpr bool isInOrder()
+{
+    for (std::size_t i = 0; i < kTexts.size(); ++i) {
+        if (static_cast<std::size_t>(kTexts[i].change) != i)
+            return false;
+    }
+    return kTexts.back().change == Change::FileChanged;
+}
+static_assert(isInOrder(), "a text for every change, in their order");
+
+const Texts& textsOf(Change change)
+{
+    return kTexts.at(static_cast<std::size_t>(change));
+}
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate(kContext, text);
+}
+
+/// What the difference is about; empty for the layout as a whole.
+QString about(const Difference& difference)
+{
+    const Change change = difference.change;
+    const QString subject = FactText::quoted(difference.subject);
+    if (change >= Change::FileAdded)
+        return translated(QT_TRANSLATE_NOOP("Differences", "file %1")).arg(subject);
+    if (change >= Change::ChannelAdded && change <= Change::ChannelChanged)
+        return translated(QT_TRANSLATE_NOOP("Differences", "channel %1")).arg(subject);
+    if (difference.page == 0)
+        return {};
+    const QString number = QString::number(difference.page);
+    const QString name = FactText::quoted(difference.pageName);
+    if (change < Change::ElementAdded)
+        return translated(QT_TRANSLATE_NOOP("Differences", "page %1 %2")).arg(number, name);
+    return translated(QT_TRANSLATE_NOOP("Differences", "page %1 %2, element %3"))
+        .arg(number, name, subject);
+}
+
+} // namespace
+
+QString identifier(Difference::Change change)
+{
+    return QString::fromLatin1(textsOf(change).id);
+}
+
+QString sentence(const Difference& difference)
+{
+    const Texts& texts = textsOf(difference.change);
+    const QString& before = difference.before;
+    const QString& after = difference.after;
+    QString text = translated(texts.text);
+    if (texts.facts == Facts::Former)
+        text = text.arg(before);
+    else if (texts.facts == Facts::Present)
+        text = text.arg(after);
+    else if (texts.facts == Facts::Both)
+        text = text.arg(before, after);
+    else if (texts.facts == Facts::BothNames)
+        text = text.arg(FactText::quoted(before), FactText::quoted(after));
+    const QString subject = about(difference);
+    return subject.isEmpty() ? text : subject + QStringLiteral(": ") + text;
+}

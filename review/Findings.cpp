@@ -1,0 +1,282 @@
+#include "review/Findings.h"
+
+#include "document/DashboardDocument.h"
+#include "document/DisplayFonts.h"
+#include "document/FixedPaths.h"
+#include "document/OverlayReader.h"
+#include "review/ElementFacts.h"
+#include "review/FactText.h"
+#include "review/PageNodes.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QSet>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using Rule = Finding::Rule;
+
+struct RuleEntry
+{
+    Rule rule;
+    const char* id;
+    Severity severity;
+    bool aboutElement;
+};
+
+constexpr std::array kRules{
+    RuleEntry{Rule::OutsidePage, "outside-page", Severity::Warning, true},
+    RuleEntry{Rule::NoArea, "no-area", Severity::Error, true},
+    RuleEntry{Rule::Covered, "covered", Severity::Warning, true},
+    RuleEntry{Rule::DuplicateName, "duplicate-name", Severity::Warning, true},
+    RuleEntry{Rule::UnknownChannel, "unknown-channel", Severity::Error, true},
+    RuleEntry{Rule::NoDevice, "no-device", Severity::Information, false},
+    RuleEntry{Rule::UnknownFont, "unknown-font", Severity::Warning, true},
+    RuleEntry{Rule::MissingImage, "missing-image", Severity::Warning, false},
+    RuleEntry{Rule::PageSize, "page-size", Severity::Warning, false},
+    RuleEntry{Rule::NoMatch, "no-match", Severity::Warning, true},
+    RuleEntry{Rule::Match, "match", Severity::Information, true},
+};
+
+const RuleEntry& entryOf(Rule rule)
+{
+    return *std::find_if(kRules.begin(), kRules.end(),
+                         [rule](const RuleEntry& entry) { return entry.rule == rule; });
+}
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("Findings", text);
+}
+
+/// An element's rectangle in coordinates that cannot overflow.
+struct Box
+{
+    explicit Box(const DashElement& element)
+        : left(element.x),
+          top(element.y),
+          right(left + element.w),
+          bottom(top + element.h)
+    {
+    }
+    Box(qint64 width, qint64 height) : right(width), bottom(height) {}
+
+    [[nodiscard]] bool hasArea() const { return right > left && bottom > top; }
+    [[nodiscard]] bool holds(const Box& other) const
+    {
+        return left <= other.left && top <= other.top && right >= other.right &&
+               bottom >= other.bottom;
+    }
+    [[nodiscard]] bool meets(const Box& other) const
+    {
+        return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
+    }
+
+    qint64 left = 0;
+    qint64 top = 0;
+    qint64 right = 0;
+    qint64 bottom = 0;
+};
+
+/// Looks at one page.
+class PageCheck
+{
+public:
+    PageCheck(const DashPage& page, int number, std::vector<Finding>& found)
+        : m_page(page),
+          m_number(number),
+          m_found(found)
+    {
+    }
+
+    void checkSize(int width, int height)
+    {
+        if (m_page.width == width && m_page.height == height)
+            return;
+        add(Rule::PageSize, {},
+            translated(QT_TRANSLATE_NOOP("Findings", "is %1, the display %2"))
+                .arg(FactText::size(m_page.width, m_page.height), FactText::size(width, height)));
+    }
+
+    void checkImage(const QString& rawPath, const QString& overlayFolder)
+    {
+        if (rawPath.isEmpty())
+            return;
+        const QString fallback =
+            overlayFolder + u'/' + QString::number(m_page.index) + QStringLiteral(".png");
+        for (const QString& path : {QString(FixedPaths::imageRoot() + rawPath), fallback}) {
+            if (QFileInfo(path).isFile() && QImageReader(path).canRead())
+                return;
+        }
+        add(Rule::MissingImage, {},
+            translated(
+                QT_TRANSLATE_NOOP("Findings", "has no background image, although it names %1"))
+                .arg(FactText::quoted(rawPath)));
+    }
+
+    void checkRectangles()
+    {
+        const Box page(m_page.width, m_page.height);
+        for (const DashElement& element : m_page.elements) {
+            const Box box(element);
+            if (!box.hasArea()) {
+                add(Rule::NoArea, element.name,
+                    translated(QT_TRANSLATE_NOOP("Findings", "has no area: %1"))
+                        .arg(FactText::size(element.w, element.h)));
+            } else if (!page.holds(box)) {
+                add(Rule::OutsidePage, element.name,
+                    page.meets(box)
+                        ? translated(QT_TRANSLATE_NOOP("Findings", "reaches beyond its page"))
+                        : translated(QT_TRANSLATE_NOOP("Findings", "is outside its page")));
+            }
+        }
+    }
+
+    void checkCovered()
+    {
+        /// A page shows some dozens of elements; a damaged one may hold a million.
+        constexpr std::size_t kMostCompared = 1000;
+        const std::vector<DashElement>& elements = m_page.elements;
+        for (std::size_t i = 0; i < elements.size(); ++i) {
+            const Box box(elements[i]);
+            const auto first = elements.begin() + static_cast<std::ptrdiff_t>(i) + 1;
+            const auto last = elements.begin() + static_cast<std::ptrdiff_t>(
+                                                     std::min(elements.size(), i + kMostCompared));
+            const auto covering =
+                std::find_if(std::min(first, last), last,
+                             [&](const DashElement& later) { return Box(later).holds(box); });
+            if (box.hasArea() && covering != last) {
+                add(Rule::Covered, elements[i].name,
+                    translated(QT_TRANSLATE_NOOP("Findings", "is covered by element %1"))
+                        .arg(FactText::quoted(covering->name)));
+            }
+        }
+    }
+
+    void checkNames()
+    {
+        QSet<QString> names;
+        QSet<QString> reported;
+        for (const DashElement& element : m_page.elements) {
+            if (element.name.isEmpty() || !names.contains(element.name)) {
+                names.insert(element.name);
+            } else if (!reported.contains(element.name)) {
+                reported.insert(element.name);
+                add(Rule::DuplicateName, element.name,
+                    translated(QT_TRANSLATE_NOOP("Findings", "shares its name with another")));
+            }
+        }
+    }
+
+    void checkChannels(const QSet<QString>& known)
+    {
+        for (const DashElement& element : m_page.elements) {
+            const QString& channel = element.channelLongName;
+            if (!channel.isEmpty() && !known.contains(channel)) {
+                add(Rule::UnknownChannel, element.name,
+                    translated(QT_TRANSLATE_NOOP("Findings",
+                                                 "is bound to %1, which the device does not have"))
+                        .arg(FactText::quoted(channel)));
+            }
+        }
+    }
+
+    void checkFonts()
+    {
+        for (const DashElement& element : m_page.elements) {
+            for (const QString& font : ElementFacts::fonts(element)) {
+                if (!kDisplayFonts.contains(font)) {
+                    add(Rule::UnknownFont, element.name,
+                        translated(QT_TRANSLATE_NOOP(
+                                       "Findings", "uses font %1, which the display does not have"))
+                            .arg(FactText::quoted(font)));
+                }
+            }
+        }
+    }
+
+private:
+    void add(Rule rule, const QString& element, const QString& message)
+    {
+        m_found.push_back({rule, m_number, m_page.name, element, message});
+    }
+
+    const DashPage& m_page;
+    int m_number;
+    std::vector<Finding>& m_found;
+};
+
+QSet<QString> channelNames(const DashboardDocument& document)
+{
+    QSet<QString> names;
+    for (const ChannelDef& channel : document.channels())
+        names.insert(channel.longName);
+    return names;
+}
+
+} // namespace
+
+Severity severityOf(Finding::Rule rule)
+{
+    return entryOf(rule).severity;
+}
+
+bool isAboutElement(Finding::Rule rule)
+{
+    return entryOf(rule).aboutElement;
+}
+
+QString identifier(Finding::Rule rule)
+{
+    return QString::fromLatin1(entryOf(rule).id);
+}
+
+QString identifier(Severity severity)
+{
+    static constexpr std::array kNames{"information", "warning", "error"};
+    return QString::fromLatin1(kNames.at(static_cast<std::size_t>(severity)));
+}
+
+std::vector<Finding::Rule> allRules()
+{
+    std::vector<Rule> rules;
+    for (const RuleEntry& entry : kRules)
+        rules.push_back(entry.rule);
+    return rules;
+}
+
+std::vector<Finding> findings(const DashboardDocument& document)
+{
+    std::vector<Finding> found;
+    const bool hasDevice = !document.deviceType().isEmpty() || !document.channels().empty();
+    if (!hasDevice) {
+        found.push_back(
+            {Rule::NoDevice,
+             0,
+             {},
+             {},
+             translated(QT_TRANSLATE_NOOP(
+                 "Findings", "no usable device file: channels and page sizes are not checked"))});
+    }
+    const QSet<QString> known = channelNames(document);
+    const std::vector<pugi::xml_node> nodes = pageNodes(document);
+    const QString overlayFolder = QFileInfo(document.overlayPath()).path();
+    for (int i = 0; i < document.pageCount(); ++i) {
+        PageCheck check(*document.pageAt(i), i + 1, found);
+        if (hasDevice)
+            check.checkSize(document.displayWidth(), document.displayHeight());
+        check.checkImage(OverlayReader::readImagePath(nodes[static_cast<std::size_t>(i)]),
+                         overlayFolder);
+        check.checkRectangles();
+        check.checkCovered();
+        check.checkNames();
+        if (hasDevice)
+            check.checkChannels(known);
+        check.checkFonts();
+    }
+    return found;
+}

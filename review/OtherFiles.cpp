@@ -1,0 +1,50 @@
+#include "review/OtherFiles.h"
+
+#include "document/DashboardDocument.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+
+#include <zlib.h>
+
+#include <array>
+
+namespace {
+
+quint32 crcOf(QFile& file)
+{
+    constexpr qint64 kChunkSize = 64 * 1024;
+    static std::array<char, kChunkSize> chunk; // too large for the stack
+    uLong crc = crc32(0, nullptr, 0);
+    for (qint64 count = 0; (count = file.read(chunk.data(), kChunkSize)) > 0;)
+        crc = crc32(crc, reinterpret_cast<const Bytef*>(chunk.data()), static_cast<uInt>(count));
+    return static_cast<quint32>(crc);
+}
+
+} // namespace
+
+QStringList allFilesBelow(const QString& folder)
+{
+    const QDir root(folder);
+    QStringList paths;
+    QDirIterator entry(folder, QDir::Files | QDir::Hidden | QDir::System | QDir::NoSymLinks,
+                       QDirIterator::Subdirectories);
+    while (entry.hasNext())
+        paths.append(root.relativeFilePath(entry.next()));
+    paths.sort();
+    return paths;
+}
+
+std::vector<PackageFile> otherFiles(const DashboardDocument& document)
+{
+    const QDir root(document.tempDir());
+    const QString overlay = root.relativeFilePath(document.overlayPath());
+    std::vector<PackageFile> files;
+    for (const QString& path : allFilesBelow(root.path())) {
+        QFile file(root.filePath(path));
+        if (path != overlay && file.open(QIODevice::ReadOnly))
+            files.push_back({path, file.size(), crcOf(file)});
+    }
+    return files;
+}

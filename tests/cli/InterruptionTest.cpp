@@ -1,0 +1,90 @@
+// The program in the middle of its work, ended by a signal.
+
+#include "tests/support/FolderTools.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Waits for a recording that never comes, the package unpacked.
+class Interruption : public ::testing::TestWithParam<int>
+{
+protected:
+    Interruption()
+    {
+        EXPECT_EQ(mkfifo(QFile::encodeName(m_recording).constData(), 0600), 0);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"TMPDIR"_s, m_temporary.path());
+        m_program.setProcessEnvironment(environment);
+    }
+    ~Interruption() override
+    {
+        m_program.kill();
+        m_program.waitForFinished();
+    }
+
+    void start(const QString& before = {})
+    {
+        const QString command =
+            before + QStringLiteral("exec '%1' check '%2' --recording '%3'")
+                         .arg(QStringLiteral(CLI_PROGRAM),
+                              QStringLiteral(SAMPLES_DIR "/compact.zconf2"), m_recording);
+        m_program.start(u"/bin/sh"_s, {u"-c"_s, command});
+        QElapsedTimer timer;
+        timer.start();
+        while (!isUnpacked() && timer.elapsed() < 30'000)
+            QThread::msleep(5);
+        ASSERT_TRUE(isUnpacked());
+    }
+
+    [[nodiscard]] bool isUnpacked() const
+    {
+        return QDirIterator(m_temporary.path(), {u"*.aimcfg"_s}, QDir::Files,
+                            QDirIterator::Subdirectories)
+            .hasNext();
+    }
+
+    void send(int signal) { ::kill(static_cast<pid_t>(m_program.processId()), signal); }
+
+    const QTemporaryDir m_folder;
+    const QTemporaryDir m_temporary;
+    const QString m_recording = m_folder.filePath(u"never.xrk"_s);
+    QProcess m_program;
+};
+
+} // namespace
+
+TEST_P(Interruption, RemovesTheUnpackFolder)
+{
+    start();
+    send(GetParam());
+    ASSERT_TRUE(m_program.waitForFinished());
+    EXPECT_EQ(m_program.exitStatus(), QProcess::CrashExit) << "ended by the signal";
+    EXPECT_EQ(m_program.exitCode(), GetParam());
+    EXPECT_EQ(FolderTools::names(m_temporary.path()), QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, Interruption, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
+
+TEST_F(Interruption, IsIgnoredWhereTheCallerWantsThat)
+{
+    start(u"trap '' HUP; "_s);
+    send(SIGHUP);
+    EXPECT_FALSE(m_program.waitForFinished(200));
+    EXPECT_TRUE(isUnpacked());
+    send(SIGTERM);
+    ASSERT_TRUE(m_program.waitForFinished());
+    EXPECT_EQ(FolderTools::names(m_temporary.path()), QStringList());
+}
