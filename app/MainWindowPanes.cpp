@@ -27,10 +27,8 @@ void MainWindow::syncPanes()
     // The panel's ranges before its element, whose numbers they clamp.
     if (page)
         m_propertyPanel->setPageSize(page->width, page->height);
-    if (selected < 0)
-        m_propertyPanel->clear();
-    else
-        m_propertyPanel->rebindElement(&page->elements[static_cast<std::size_t>(selected)]);
+    m_propertyPanel->rebindElement(
+        page && selected >= 0 ? &page->elements[static_cast<std::size_t>(selected)] : nullptr);
     updateWindowTitle();
 }
 

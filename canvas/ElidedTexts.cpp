@@ -27,7 +27,7 @@ QString ElidedTexts::elided(const QString& text, const QFont& font, int width)
     const Key key{text.left(kLongestShownText), width, font.pixelSize(), font.weight()};
     if (const QString* const known = m_results.object(key))
         return *known;
-    const QString result = QFontMetrics(font).elidedText(key.text, Qt::ElideRight, width);
+    QString result = QFontMetrics(font).elidedText(key.text, Qt::ElideRight, width);
     m_results.insert(key, new QString(result));
     return result;
 }

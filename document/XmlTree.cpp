@@ -56,7 +56,7 @@ QString decoded(const char* bytes)
     if (isBlank(bytes))
         return {};
     constexpr qsizetype kMostBytes = 4 * DocumentLimits::kTextLength; // UTF-8 takes up to four
-    QString text = QString::fromUtf8(bytes, qstrnlen(bytes, kMostBytes));
+    QString text = QString::fromUtf8(bytes, static_cast<qsizetype>(qstrnlen(bytes, kMostBytes)));
     if (text.size() <= DocumentLimits::kTextLength)
         return text;
     text.truncate(DocumentLimits::kTextLength);
