@@ -8,8 +8,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -94,7 +92,7 @@ TEST(TelemetrySession, HandsOverPathsInUtf8)
     ScriptedReader reader;
     const QTemporaryDir folder;
     const QString copy = folder.filePath(u"Lesegerät.so"_s);
-    std::filesystem::copy_file(ScriptedReader::path(), copy.toUtf8().toStdString());
+    ASSERT_TRUE(QFile::copy(QString::fromStdString(ScriptedReader::path()), copy));
     TelemetrySession session;
     EXPECT_TRUE(session.load(u"/Aufnahme-Nürburg.xrk"_s, copy));
     EXPECT_EQ(reader.calls("open_file(/Aufnahme-Nürburg.xrk)"), 1);
