@@ -1,4 +1,5 @@
 #include "tests/document/OpenPackageFixture.h"
+#include "tests/support/AwkwardNames.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
 
@@ -8,23 +9,10 @@
 #include <gtest/gtest.h>
 
 #ifdef Q_OS_WIN
-#define NOMINMAX
-#include <windows.h>
+#include "tests/support/HeldFile.h"
 #endif
 
 namespace {
-
-/// Longest path that programs for Windows may use unless they ask for more, characters.
-constexpr qsizetype kShortPathLimit = 260;
-
-/// A folder below root whose path is longer than that.
-QString longFolder(const QString& root)
-{
-    QString folder = root;
-    while (folder.size() <= kShortPathLimit)
-        folder += u'/' + QString(50, u'f');
-    return folder;
-}
 
 class FileNames : public OpenPackageFixture, public testing::WithParamInterface<const char*>
 {
@@ -53,14 +41,7 @@ TEST_P(FileNames, MemberSurvivesASave)
     EXPECT_EQ(TestPackage::readPackage(m_package)[member], "content");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    OfEveryScript, FileNames,
-    testing::Values("plain", "with blanks & signs !#$%'()+,;=@[]{}~",
-                    "Gr\u00F6\u00DFe \u00E6\u0142\u0151", "\u0395\u03BB\u03BB\u03AC\u03B4\u03B1",
-                    "\u041C\u043E\u0441\u043A\u0432\u0430", "\u05E2\u05D1\u05E8\u05D9\u05EA",
-                    "\u0645\u0631\u062D\u0628\u0627", "\u0939\u093F\u0928\u094D\u0926\u0940",
-                    "\u0E44\u0E17\u0E22", "\u65E5\u672C\u8A9E", "\uD55C\uAD6D\uC5B4",
-                    "e\u0301 combined", "\U0001F3C1 \U00020BB7"));
+INSTANTIATE_TEST_SUITE_P(OfEveryScript, FileNames, testing::ValuesIn(AwkwardNames::kEveryScript));
 
 class LongPaths : public OpenPackageFixture
 {
@@ -68,7 +49,7 @@ class LongPaths : public OpenPackageFixture
 
 TEST_F(LongPaths, PackageIsSavedAndOpened)
 {
-    const QString folder = longFolder(m_folder);
+    const QString folder = AwkwardNames::longFolder(m_folder);
     ASSERT_TRUE(QDir().mkpath(folder));
     const QString path = folder + QStringLiteral("/race.zconf2");
     ASSERT_TRUE(m_document->save(path));
@@ -79,7 +60,8 @@ TEST_F(LongPaths, PackageIsSavedAndOpened)
 TEST_F(LongPaths, MemberSurvivesASave)
 {
     auto files = members("Race", kUnmoved);
-    const QString member = longFolder(QStringLiteral("images")) + QStringLiteral("/0.png");
+    const QString member =
+        AwkwardNames::longFolder(QStringLiteral("images")) + QStringLiteral("/0.png");
     files[member] = "content";
     ASSERT_TRUE(TestPackage::writePackage(m_package, files));
     reopen();
@@ -88,24 +70,6 @@ TEST_F(LongPaths, MemberSurvivesASave)
 }
 
 #ifdef Q_OS_WIN
-
-/// A file that another program holds open. Windows checks what is shared by handle, not by process.
-class HeldFile
-{
-public:
-    HeldFile(const QString& path, DWORD shared)
-        : m_handle(CreateFileW(QDir::toNativeSeparators(path).toStdWString().c_str(), GENERIC_READ,
-                               shared, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr))
-    {
-        EXPECT_NE(m_handle, INVALID_HANDLE_VALUE);
-    }
-    HeldFile(const HeldFile&) = delete;
-    HeldFile& operator=(const HeldFile&) = delete;
-    ~HeldFile() { CloseHandle(m_handle); }
-
-private:
-    HANDLE m_handle;
-};
 
 using HeldFiles = LongPaths;
 
@@ -145,6 +109,8 @@ TEST_F(ReadOnlyFiles, SaveOverOneFailsAndLosesNothing)
 {
     QFile file(m_package);
     ASSERT_TRUE(file.setPermissions(QFile::ReadOwner | QFile::ReadUser));
+    if (QFile(m_package).open(QIODevice::ReadWrite))
+        GTEST_SKIP() << "the administrator of the system below Wine may write any file";
     EXPECT_FALSE(m_document->save(m_package));
     ASSERT_TRUE(file.setPermissions(QFile::ReadOwner | QFile::ReadUser | QFile::WriteOwner |
                                     QFile::WriteUser));

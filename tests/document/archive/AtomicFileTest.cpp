@@ -17,6 +17,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
+#ifdef Q_OS_WIN
+#include "tests/support/HeldFile.h"
+#endif
 
 using TestPackage::readFile;
 using TestPackage::writeFile;
@@ -112,8 +115,12 @@ TEST_F(AtomicFileTest, SaysWhyItFailed)
     EXPECT_EQ(replaceFile(m_path, giveUp).reason(), kGivesUp);
     EXPECT_EQ(replaceFile(m_folder.path(), content("new")).reason(),
               QStringLiteral("The destination is not an ordinary file"));
-    EXPECT_EQ(replaceFile(m_path + QStringLiteral("/missing"), content("new")).reason(),
-              QStringLiteral("Not a directory"));
+#ifdef Q_OS_WIN
+    const QString expected = qt_error_string(ERROR_PATH_NOT_FOUND);
+#else
+    const QString expected = QStringLiteral("Not a directory");
+#endif
+    EXPECT_EQ(replaceFile(m_path + QStringLiteral("/missing"), content("new")).reason(), expected);
 }
 
 TEST_F(AtomicFileTest, MakesNoFileWhenTheWriterGivesUp)
@@ -325,9 +332,55 @@ TEST_F(AtomicFileTest, ReplacesFilesWhoseNamesLeaveNoRoomForASiblings)
 {
     for (const int length : {247, 248, 249, 255}) {
         const QString path = m_folder.filePath(QString(length, u'n'));
+#ifdef Q_OS_WIN // no file can be made without a name of its own first
+        writeFile(path, "old");
+#else
         EXPECT_TRUE(replaceFile(path, content("old"))) << length;
+#endif
         EXPECT_TRUE(replaceFile(path, content("new"))) << length;
         EXPECT_EQ(readFile(path), "new") << length;
     }
     EXPECT_EQ(names().size(), 4);
 }
+
+#ifdef Q_OS_WIN
+
+TEST_F(AtomicFileTest, KeepsAFileThatAnotherProgramHoldsOpen)
+{
+    writeFile(m_path, "old");
+    for (const DWORD shared : {DWORD{0}, DWORD{FILE_SHARE_READ}}) {
+        QString reason;
+        {
+            const HeldFile held(m_path, shared);
+            reason = replaceFile(m_path, content("new")).reason();
+        }
+        EXPECT_FALSE(reason.isEmpty()) << shared;
+        EXPECT_EQ(readFile(m_path), "old") << shared;
+        EXPECT_EQ(names(), QStringList(QStringLiteral("file"))) << shared;
+    }
+}
+
+TEST_F(AtomicFileTest, ReplacesAFileThatAnotherProgramHoldsOpenAndShares)
+{
+    writeFile(m_path, "old");
+    {
+        const HeldFile held(m_path, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
+        EXPECT_TRUE(replaceFile(m_path, content("new")));
+    }
+    EXPECT_EQ(readFile(m_path), "new");
+    EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
+}
+
+TEST_F(AtomicFileTest, KeepsAReadOnlyFile)
+{
+    writeFile(m_path, "old");
+    ASSERT_TRUE(QFile::setPermissions(m_path, QFile::ReadOwner | QFile::ReadUser));
+    if (QFile(m_path).open(QIODevice::ReadWrite))
+        GTEST_SKIP() << "the administrator of the system below Wine may write any file";
+    EXPECT_FALSE(replaceFile(m_path, content("new")).reason().isEmpty());
+    EXPECT_EQ(readFile(m_path), "old");
+    EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
+    QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner);
+}
+
+#endif
