@@ -10,6 +10,9 @@ jobs=$(nproc)
 # The folders whose code is shipped.
 # shellcheck disable=SC2034 # used by the scripts that source this one
 shipped=(app canvas cli dialogs document review telemetry widgets)
+# Libraries for Windows that scripts/windows-toolkit.sh makes once, outside the tree.
+# shellcheck disable=SC2034 # used by the scripts for Windows
+windows_toolkit=${XDG_CACHE_HOME:-$HOME/.cache}/gaugewright-windows
 
 # say TEXT: a heading between the outputs of the tools.
 say() {
@@ -50,11 +53,12 @@ ensure_packages() {
 }
 
 # make_scratch: sets work to a folder that is removed when the script ends. The Windows emulator keeps
-# its files there as well, shows nothing, and does without the parts that it offers to download.
+# its files there as well, shows nothing, adds nothing to the menus of this desktop and does without the
+# parts that it offers to download.
 work=
 make_scratch() {
     work=$(mktemp -d)
-    export WINEPREFIX=$work/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+    export WINEPREFIX=$work/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
     unset DISPLAY WAYLAND_DISPLAY
     trap remove_scratch EXIT
 }

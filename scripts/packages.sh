@@ -28,6 +28,12 @@ check_packages=(
     g++-mingw-w64-x86-64-posix icoutils librsvg2-bin nsis wine wine64
 )
 
+# The libraries for Windows and the program itself, cross-built.
+toolkit_packages=(dpkg-dev g++-mingw-w64-x86-64-posix googletest nsis unzip)
+
+# What the program for Windows runs in.
+wine_packages=(wine wine64 xvfb openbox x11-utils)
+
 # Line and branch coverage.
 coverage_packages=(gcovr)
 

@@ -2,7 +2,8 @@
 # scripts/build-windows.sh compares what mingw packs with packaging/windows/files.txt.
 
 # Qt loads plugins by name, so no link leads to them. The style was renamed in Qt 6.7.
-set(plugins_platforms QWindowsIntegrationPlugin)
+# The command-line program paints without a display.
+set(plugins_platforms QWindowsIntegrationPlugin QOffscreenIntegrationPlugin)
 set(plugins_styles QWindowsVistaStylePlugin QModernWindowsStylePlugin)
 set(plugins_imageformats QGifPlugin QICOPlugin QJpegPlugin)
 

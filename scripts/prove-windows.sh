@@ -1,0 +1,70 @@
+#!/usr/bin/env bash
+# Proves under Wine what scripts/build-windows.sh has made: installs and uninstalls the program, runs the
+# test suites and takes the guided tour, whose pictures are kept in build/mingw/tour. Wine's prefix is
+# temporary. docs/windows.md names the tests that fail because of Wine; they are left out, all others
+# must pass.
+source "$(dirname "$0")/common.sh"
+
+scripts/build-windows.sh
+ensure_packages "${test_packages[@]}"
+make_scratch
+source scripts/wine.sh
+source scripts/windows-installer.sh
+
+installer=build/mingw/packages/gaugewright-$(version)-win64.exe
+suites=(document package document_console commands telemetry widgets canvas dialogs app app_startup)
+export CMAKE_PREFIX_PATH=$windows_toolkit/prefix
+
+# The files that were installed, and the program that starts with nothing else.
+expect_working_program() {
+    (cd "$installed" && find . -type f ! -name Uninstall.exe | sed 's|^\./||' | LC_ALL=C sort) |
+        diff packaging/windows/files.txt - || die "Other files were installed"
+    starts_and_closes "$installed/bin/gaugewright.exe"
+    local library
+    for library in qwindows qwindowsvistastyle Qt6Core libstdc++-6; do
+        grep -qi "Gaugewright.*\\\\$library\.dll" "$work/loaded" ||
+            die "$library.dll was not loaded from the installation"
+    done
+}
+
+# wine_failures SUITE: filter that leaves out the tests which docs/windows.md lists for the suite.
+wine_failures() {
+    sed -n "s/^| $1 | \`\([^\`]*\)\` |.*/\1/p" docs/windows.md | paste -sd:
+}
+
+prove_suites() {
+    local property_tests=ON suite failed=() targets=()
+    [ -e "$windows_toolkit/rapidcheck.done" ] || property_tests=OFF
+    cmake --preset mingw -DGAUGEWRIGHT_SAMPLES=ON -DBUILD_TESTING=ON \
+        -DGAUGEWRIGHT_PROPERTY_TESTS=$property_tests
+    for suite in "${suites[@]}"; do targets+=(--target "${suite}_tests"); done
+    cmake --build --preset mingw -j "$jobs" "${targets[@]}"
+    for suite in "${suites[@]}"; do
+        say "Suite $suite"
+        QT_QPA_PLATFORM=offscreen wine "$(find build/mingw/tests -name "${suite}_tests.exe")" \
+            --gtest_brief=1 --gtest_filter="-$(wine_failures "$suite")" </dev/null |
+            tee "build/mingw/$suite.log" || failed+=("$suite")
+    done
+    [ ${#failed[@]} -eq 0 ] || die "Suites that fail under Wine: ${failed[*]}"
+}
+
+# The sample reader is put where the editor looks for the maker's library.
+prove_tour() {
+    say "Guided tour"
+    local place=$WINEPREFIX/drive_c/temp/MathLabXRK/DLL-2017
+    mkdir -p "$place"
+    cp build/mingw/bin/reader/MatLabXRK-2017-64-ReleaseU.dll "$place"
+    rm -rf build/mingw/tour
+    wine build/mingw/bin/gaugewright_tour.exe build/mingw/tour </dev/null
+}
+
+show_display
+say "Installing, starting, uninstalling"
+check_installer "$installer" expect_working_program
+use_build_libraries
+prove_suites
+prove_tour
+say "The editor for Windows installs, runs, passes its tests and goes without a trace."
+echo "Pictures of the tour: $PWD/build/mingw/tour"
+wine --version
+sort -u "$windows_toolkit/versions.txt"
