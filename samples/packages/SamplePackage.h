@@ -101,8 +101,4 @@ struct Package
 /// Everything on a page that does not change while driving. Needs a QGuiApplication.
 [[nodiscard]] QImage paintBackground(const Package& package, const Page& page);
 
-/// Both files hold content that no layout editor understands, too. False when writing fails.
-[[nodiscard]] bool writeOverlay(const Package& package, const QString& path);
-[[nodiscard]] bool writeDeviceFile(const Package& package, const QString& path);
-
 } // namespace SamplePackage

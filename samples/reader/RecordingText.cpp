@@ -5,7 +5,6 @@
 
 namespace {
 
-using RecordingText::Channel;
 using RecordingText::kFamilyWords;
 using RecordingText::Recording;
 
@@ -31,48 +30,40 @@ bool readNumber(std::string_view text, Number& number)
     return error == std::errc() && end == text.data() + text.size();
 }
 
-// The new channel, or null when the line is malformed.
-Channel* beginChannel(std::string_view fields, Recording& recording)
-{
-    const auto* const family =
-        std::find(kFamilyWords.begin(), kFamilyWords.end(), takeUntil('\t', fields));
-    if (family == kFamilyWords.end())
-        return nullptr;
-    auto& channels = recording.channels[static_cast<std::size_t>(family - kFamilyWords.begin())];
-    channels.emplace_back().name = takeUntil('\t', fields);
-    channels.back().units = fields;
-    return &channels.back();
-}
-
-// Returns whether the line is well-formed. Samples go to the channel, the one begun last.
-bool readLine(std::string_view line, Recording& recording, Channel*& channel)
+// Returns whether the line is well-formed. family is that of the channel begun last.
+bool readLine(std::string_view line, Recording& recording, std::size_t& family)
 {
     if (line.empty() || line.starts_with('#'))
         return true;
     const std::string_view first = takeUntil('\t', line);
-    if (first == "channel")
-        return (channel = beginChannel(line, recording)) != nullptr;
     if (first == "laps")
         return readNumber(line, recording.laps);
     if (first == "vehicle" || first == "racer") {
         (first == "racer" ? recording.racer : recording.vehicle) = line;
         return true;
     }
-    return channel && readNumber(first, channel->times.emplace_back()) &&
-           readNumber(line, channel->values.emplace_back());
+    if (first == "channel") {
+        const auto* const word =
+            std::find(kFamilyWords.begin(), kFamilyWords.end(), takeUntil('\t', line));
+        family = static_cast<std::size_t>(word - kFamilyWords.begin());
+        if (word != kFamilyWords.end())
+            recording.channels[family].push_back(
+                {std::string(takeUntil('\t', line)), std::string(line), {}, {}});
+        return word != kFamilyWords.end();
+    }
+    return family < RecordingText::kFamilies &&
+           readNumber(first, recording.channels[family].back().times.emplace_back()) &&
+           readNumber(line, recording.channels[family].back().values.emplace_back());
 }
 
 } // namespace
 
 std::optional<Recording> RecordingText::parse(std::string_view text)
 {
-    if (takeLine(text) != kFirstLine)
-        return std::nullopt;
     Recording recording;
-    Channel* channel = nullptr;
-    while (!text.empty()) {
-        if (!readLine(takeLine(text), recording, channel))
-            return std::nullopt;
-    }
-    return recording;
+    std::size_t family = kFamilies; // none yet
+    bool wellFormed = takeLine(text) == kFirstLine;
+    while (wellFormed && !text.empty())
+        wellFormed = readLine(takeLine(text), recording, family);
+    return wellFormed ? std::optional(std::move(recording)) : std::nullopt;
 }

@@ -16,9 +16,7 @@
 
 namespace {
 
-using RecordingText::Channel;
-using RecordingText::Family;
-using RecordingText::Recording;
+using namespace RecordingText;
 
 std::map<int, Recording> openFiles; // by the number that stands for the file in every call
 
@@ -42,12 +40,20 @@ int openFile(const char* utf8Path)
                        std::ios::binary);
     std::ostringstream text;
     text << file.rdbuf();
-    auto recording = RecordingText::parse(text.view());
+    auto recording = parse(text.view());
     if (!recording)
         return -1;
     const int index = openFiles.empty() ? 0 : openFiles.rbegin()->first + 1;
     openFiles[index] = *std::move(recording);
     return index;
+}
+
+int copySamples(const Channel& channel, double* times, double* values, int count)
+{
+    const auto copied = std::clamp<std::ptrdiff_t>(count, 0, std::ssize(channel.times));
+    std::copy_n(channel.times.begin(), copied, times);
+    std::copy_n(channel.values.begin(), copied, values);
+    return static_cast<int>(copied);
 }
 
 } // namespace
@@ -68,60 +74,33 @@ READER_EXPORT int close_file_i(int file)
     return openFiles.erase(file) == 1 ? 0 : -1;
 }
 
-READER_EXPORT const char* get_vehicle_name(int file)
-{
-    const Recording* const recording = findFile(file);
-    return recording ? recording->vehicle.c_str() : nullptr;
-}
-
-READER_EXPORT const char* get_racer_name(int file)
-{
-    const Recording* const recording = findFile(file);
-    return recording ? recording->racer.c_str() : nullptr;
-}
-
-READER_EXPORT int get_laps_count(int file)
-{
-    const Recording* const recording = findFile(file);
-    return recording ? recording->laps : -1;
-}
-
-// The five exports of one family.
-#define FAMILY(prefix, family)                                                                     \
-    READER_EXPORT int prefix##channels_count(int file)                                             \
+// A function that answers for what was found: texts null and numbers -1 when that is nothing.
+#define ANSWER(type, missing, name, parameters, lookUp, answer)                                    \
+    READER_EXPORT type name parameters                                                             \
     {                                                                                              \
-        const Recording* const found = findFile(file);                                             \
-        return found ? static_cast<int>(found->channels[family].size()) : -1;                      \
-    }                                                                                              \
-    READER_EXPORT const char* prefix##channel_name(int file, int channel)                          \
-    {                                                                                              \
-        const Channel* const found = findChannel(family, file, channel);                           \
-        return found ? found->name.c_str() : nullptr;                                              \
-    }                                                                                              \
-    READER_EXPORT const char* prefix##channel_units(int file, int channel)                         \
-    {                                                                                              \
-        const Channel* const found = findChannel(family, file, channel);                           \
-        return found ? found->units.c_str() : nullptr;                                             \
-    }                                                                                              \
-    READER_EXPORT int prefix##channel_samples_count(int file, int channel)                         \
-    {                                                                                              \
-        const Channel* const found = findChannel(family, file, channel);                           \
-        return found ? static_cast<int>(found->times.size()) : -1;                                 \
-    }                                                                                              \
-    READER_EXPORT int prefix##channel_samples(int file, int channel, double* times,                \
-                                              double* values, int count)                           \
-    {                                                                                              \
-        const Channel* const found = findChannel(family, file, channel);                           \
-        if (!found)                                                                                \
-            return -1;                                                                             \
-        const auto copied = std::clamp<std::ptrdiff_t>(count, 0, std::ssize(found->times));        \
-        std::copy_n(found->times.begin(), copied, times);                                          \
-        std::copy_n(found->values.begin(), copied, values);                                        \
-        return static_cast<int>(copied);                                                           \
+        const auto* const found = lookUp;                                                          \
+        return found ? answer : missing;                                                           \
     }
+#define FILE_TEXT(name, text) ANSWER(const char*, nullptr, name, (int file), findFile(file), text)
+#define FILE_NUMBER(name, number) ANSWER(int, -1, name, (int file), findFile(file), number)
+#define CHANNEL_TEXT(name, family, text)                                                           \
+    ANSWER(const char*, nullptr, name, (int file, int channel),                                    \
+           findChannel(family, file, channel), text)
+#define FAMILY(prefix, family)                                                                     \
+    FILE_NUMBER(prefix##channels_count, static_cast<int>(found->channels[family].size()))          \
+    CHANNEL_TEXT(prefix##channel_name, family, found->name.c_str())                                \
+    CHANNEL_TEXT(prefix##channel_units, family, found->units.c_str())                              \
+    ANSWER(int, -1, prefix##channel_samples_count, (int file, int channel),                        \
+           findChannel(family, file, channel), static_cast<int>(found->times.size()))              \
+    ANSWER(int, -1, prefix##channel_samples,                                                       \
+           (int file, int channel, double* times, double* values, int count),                      \
+           findChannel(family, file, channel), copySamples(*found, times, values, count))
 
-FAMILY(get_, RecordingText::kPlain)
-FAMILY(get_GPS_, RecordingText::kGps)
-FAMILY(get_GPS_raw_, RecordingText::kGpsRaw)
+FILE_TEXT(get_vehicle_name, found->vehicle.c_str())
+FILE_TEXT(get_racer_name, found->racer.c_str())
+FILE_NUMBER(get_laps_count, found->laps)
+FAMILY(get_, kPlain)
+FAMILY(get_GPS_, kGps)
+FAMILY(get_GPS_raw_, kGpsRaw)
 
 // NOLINTEND(readability-identifier-naming)

@@ -1,8 +1,8 @@
 // Records the sample session: ten minutes on a made-up circuit, always the same.
 #include "samples/reader/RecordingText.h"
-#include "samples/recording/Drive.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -18,6 +18,207 @@ namespace {
 using RecordingText::kGps;
 using RecordingText::kGpsRaw;
 using RecordingText::kPlain;
+
+// An invented club circuit of about 3.3 km, driven anticlockwise, as places one metre apart.
+struct Place
+{
+    double x = 0.0;         // metres east of the start
+    double y = 0.0;         // metres north of the start
+    double heading = 0.0;   // radians from east, anticlockwise, -pi to pi
+    double curvature = 0.0; // 1/m, positive in left-hand bends
+};
+using Circuit = std::vector<Place>;
+
+constexpr double kWayPoints[][2] = {
+    {0, 0},     {180, 0},    {360, 5},    {520, 20},   {640, 55},   {710, 130}, {690, 230},
+    {590, 280}, {490, 320},  {480, 410},  {570, 460},  {700, 470},  {790, 520}, {790, 610},
+    {700, 660}, {560, 660},  {420, 640},  {290, 590},  {220, 500},  {150, 410}, {50, 380},
+    {-50, 400}, {-150, 420}, {-250, 370}, {-280, 270}, {-260, 150}, {-200, 50}, {-110, 5},
+};
+constexpr std::size_t kEdges = 400; // of the polygon between two way points
+
+// A corner of the circuit as a polygon of short edges: a Catmull-Rom curve.
+Place corner(std::size_t index)
+{
+    const double t = static_cast<double>(index % kEdges) / kEdges;
+    const auto coordinate = [&](std::size_t axis) {
+        const auto way = [&](std::size_t offset) {
+            return kWayPoints[(index / kEdges + offset) % std::size(kWayPoints)][axis];
+        };
+        const double p = way(std::size(kWayPoints) - 1);
+        const double q = way(0);
+        const double r = way(1);
+        const double s = way(2);
+        return 0.5 *
+               (2.0 * q +
+                t * (r - p + t * (2.0 * p - 5.0 * q + 4.0 * r - s + t * (3.0 * (q - r) + s - p))));
+    };
+    return {coordinate(0), coordinate(1)};
+}
+
+Circuit makeCircuit()
+{
+    Circuit circuit;
+    double travelled = 0.0;
+    constexpr std::size_t kCorners = std::size(kWayPoints) * kEdges;
+    for (std::size_t i = 0; i < kCorners; ++i) {
+        const Place here = corner(i);
+        const Place next = corner((i + 1) % kCorners);
+        if (travelled >= static_cast<double>(circuit.size()))
+            circuit.push_back(here);
+        travelled += std::hypot(next.x - here.x, next.y - here.y);
+    }
+
+    // Heading and curvature over a few metres, as a car takes them.
+    constexpr std::size_t kReach = 5;
+    const std::size_t count = circuit.size();
+    const auto direction = [&](std::size_t i) {
+        const Place& from = circuit[(i + count - kReach) % count];
+        const Place& to = circuit[(i + kReach) % count];
+        return std::atan2(to.y - from.y, to.x - from.x);
+    };
+    for (std::size_t i = 0; i < count; ++i) {
+        const double turn =
+            direction((i + kReach) % count) - direction((i + count - kReach) % count);
+        circuit[i].heading = direction(i);
+        circuit[i].curvature = std::remainder(turn, 2.0 * std::numbers::pi) / (2.0 * kReach);
+    }
+    return circuit;
+}
+
+// The state of the car at one moment.
+struct CarState
+{
+    double time = 0.0;         // seconds since the recording began
+    double distance = 0.0;     // metres since the recording began
+    int lap = 0;               // laps completed
+    double lapTime = 0.0;      // seconds since the lap began
+    double lapDistance = 0.0;  // metres since the lap began
+    double speed = 0.0;        // m/s
+    double longitudinal = 0.0; // m/s2, positive when the car gets faster
+    double lateral = 0.0;      // m/s2, positive in left-hand bends
+    double yawRate = 0.0;      // rad/s, positive to the left
+    double throttle = 0.0;     // 0 to 1
+    double brake = 0.0;        // 0 to 1
+    int gear = 1;
+    double rpm = 0.0;
+    Place place;
+    double altitude = 0.0; // metres above the sea
+};
+
+constexpr int kStatesPerSecond = 100;
+
+// A light prototype on slick tyres. Metres, seconds, kilograms, watts.
+constexpr double kGrip = 12.0;    // lateral and braking acceleration
+constexpr double kTraction = 6.0; // acceleration out of slow bends
+constexpr double kPowerToMass = 200.0;
+constexpr double kDrag = 0.0011; // 1/m
+constexpr double kTopSpeed = 60.0;
+
+constexpr double kStep = 1.0 / kStatesPerSecond;
+constexpr double kPullAway = 3.0; // m/s2, out of the pits and back into them
+
+constexpr std::array kGearRatios = {285.0, 205.0, 160.0, 131.0, 111.0, 97.0}; // rpm per m/s
+constexpr double kIdleRpm = 1400.0;
+constexpr double kShiftRpm = 6800.0;
+
+// Share of the fastest pace at the start of each lap.
+const std::vector<double> kPaces = {0.90, 0.965, 0.985, 0.995, 0.98, 1.0, 0.93, 0.93};
+
+double accelerationAt(double speed)
+{
+    return std::min(kTraction, kPowerToMass / std::max(speed, 1.0)) - kDrag * speed * speed;
+}
+
+// The fastest speed at each step of the circuit: what the bends allow, then what the brakes and
+// the engine allow before and after them.
+std::vector<double> fastestLap(const Circuit& circuit)
+{
+    const std::size_t count = circuit.size();
+    std::vector<double> speeds;
+    for (const Place& place : circuit) {
+        const double bend = std::abs(place.curvature);
+        speeds.push_back(std::min(kTopSpeed, std::sqrt(kGrip / std::max(bend, 1e-6))));
+    }
+    const auto reached = [](double speed, double acceleration) {
+        return std::sqrt(speed * speed + 2.0 * acceleration);
+    };
+    for (std::size_t i = 2 * count; i > 0; --i) { // twice round, as the lap has no beginning
+        const double next = speeds[i % count];
+        double& speed = speeds[(i - 1) % count];
+        speed = std::min(speed, reached(next, kGrip));
+    }
+    for (std::size_t i = 0; i < 2 * count; ++i) {
+        const double before = speeds[i % count];
+        double& speed = speeds[(i + 1) % count];
+        speed = std::min(speed, reached(before, accelerationAt(before)));
+    }
+    return speeds;
+}
+
+// Metres above the sea.
+double altitudeAt(double distance, double lapLength)
+{
+    const double angle = 2.0 * std::numbers::pi * distance / lapLength;
+    return 212.0 + 14.0 * std::sin(angle - 0.7) + 4.0 * std::sin(3.0 * angle);
+}
+
+// Between the values at two neighbouring positions.
+double between(const std::vector<double>& values, double position)
+{
+    const auto index = static_cast<std::size_t>(position);
+    return std::lerp(values[index % values.size()], values[(index + 1) % values.size()],
+                     position - std::floor(position));
+}
+
+void addPedalsAndEngine(CarState& state)
+{
+    const double drag = kDrag * state.speed * state.speed;
+    const double pushed = state.longitudinal + drag;
+    state.throttle = std::clamp(pushed / (accelerationAt(state.speed) + drag), 0.0, 1.0);
+    state.brake = std::clamp(-pushed / kGrip, 0.0, 1.0);
+    const auto* const gear =
+        std::find_if(kGearRatios.begin(), kGearRatios.end() - 1,
+                     [&state](double ratio) { return ratio * state.speed < kShiftRpm; });
+    state.gear = static_cast<int>(gear - kGearRatios.begin()) + 1;
+    state.rpm = std::max(kIdleRpm, *gear * state.speed);
+}
+
+// A session that begins and ends at a standstill.
+std::vector<CarState> drive(const Circuit& circuit, double seconds)
+{
+    const auto length = static_cast<double>(circuit.size());
+    const std::vector<double> fastest = fastestLap(circuit);
+    std::vector<CarState> states;
+    CarState state;
+    double lapBegan = 0.0;
+    const auto count = static_cast<int>(seconds * kStatesPerSecond);
+    for (int i = 0; i <= count; ++i) {
+        state.time = i * kStep;
+        const double pace = between(kPaces, state.distance / length);
+        const double speed = std::min({between(fastest, state.lapDistance) * pace,
+                                       kPullAway * state.time, kPullAway * (seconds - state.time)});
+        state.longitudinal = (speed - state.speed) / kStep;
+        state.speed = speed;
+        state.place =
+            circuit[static_cast<std::size_t>(std::fmod(state.distance, length)) % circuit.size()];
+        state.altitude = altitudeAt(state.distance, length);
+        state.yawRate = speed * state.place.curvature;
+        state.lateral = speed * state.yawRate;
+        state.lapTime = state.time - lapBegan;
+        addPedalsAndEngine(state);
+        states.push_back(state);
+
+        state.distance += speed * kStep;
+        state.lapDistance += speed * kStep;
+        if (state.lapDistance >= length) {
+            state.lapDistance -= length;
+            ++state.lap;
+            lapBegan = state.time;
+        }
+    }
+    return states;
+}
 
 constexpr double kSeconds = 600.0;
 constexpr double kGravity = 9.81;
@@ -151,7 +352,7 @@ void appendChannel(std::string& text, std::size_t index, const std::vector<CarSt
 
 std::string record()
 {
-    const std::vector<CarState> states = drive(Circuit(), kSeconds);
+    const std::vector<CarState> states = drive(makeCircuit(), kSeconds);
     std::string text(RecordingText::kFirstLine);
     text += "\n# Made by the sample recorder; no such car, driver or circuit exists.\n"
             "vehicle\tPrototype 7\nracer\tSample Driver\nlaps\t";
