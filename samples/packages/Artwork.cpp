@@ -8,9 +8,7 @@
 #include <functional>
 #include <span>
 
-using SamplePackage::Instrument;
-using SamplePackage::Range;
-using SamplePackage::Tile;
+using namespace SamplePackage;
 
 namespace {
 
@@ -316,7 +314,7 @@ void paintTile(QPainter& painter, const Tile& tile, int titleBand, const QColor&
     } else if (tile.instrument <= Instrument::BarReadout) {
         paintBar(painter, QRectF(well).adjusted(4, 3, -4, -3), tile.range, accent);
     } else if (tile.instrument == Instrument::Lamp) {
-        const bool alert = tile.tone == SamplePackage::Tone::Alert;
+        const bool alert = tile.tone == Tone::Alert;
         paintLamp(painter, well, alert ? 0xff3b30 : 0xffb300);
     } else if (tile.instrument == Instrument::Strip) {
         for (const int third : {1, 2}) // thin lines between the texts

@@ -6,11 +6,7 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
-using SamplePackage::Channel;
-using SamplePackage::Instrument;
-using SamplePackage::Package;
-using SamplePackage::Range;
-using SamplePackage::Tile;
+using namespace SamplePackage;
 
 namespace {
 
@@ -146,28 +142,19 @@ Readout 0 0 6 2 ENGINE/RPM/Alert*; Readout 0 2 3 1 THROTTLE/Throttle/Info
 Readout 3 2 3 1 GEAR/Gear_Pos/Caution*; Strip 0 3 6 1 LAUNCH|4800|READY
 )";
 
-// Where a cell of a grid is: its column, row, columns and rows, in an area of the page between two
-// heights.
-QRect cellRect(const Package& package, int top, int bottom, const QSize& grid,
-               const QList<int>& cell)
+// Where a cell is: its column, row, columns and rows, in the header or in the grid of the page.
+QRect cellRect(const Package& package, bool inHeader, const QList<int>& cell)
 {
     const int gap = package.gap;
+    const int top = inHeader ? 0 : package.header;
+    const int bottom = inHeader ? package.header : package.size.height();
+    const QSize grid = inHeader ? QSize(16, 1) : package.grid;
     const auto x = [&](int column) {
         return gap + column * (package.size.width() - gap) / grid.width();
     };
     const auto y = [&](int row) { return top + gap + row * (bottom - top - gap) / grid.height(); };
     const QPoint corner(x(cell[0]), y(cell[1]));
     return {corner, QPoint(x(cell[0] + cell[2]) - gap - 1, y(cell[1] + cell[3]) - gap - 1)};
-}
-
-QRect headerRect(const Package& package, const QList<int>& cell)
-{
-    return cellRect(package, 0, package.header, {16, 1}, cell);
-}
-
-QRect pageRect(const Package& package, const QList<int>& cell)
-{
-    return cellRect(package, package.header, package.size.height(), package.grid, cell);
 }
 
 // "MINIMUM MAXIMUM", and the zone if it is drawn.
@@ -196,7 +183,7 @@ std::vector<Channel> parseChannels()
 
 const Channel* findChannel(const QString& longName)
 {
-    const auto& all = SamplePackage::channels();
+    const auto& all = channels();
     const auto found = std::find_if(all.begin(), all.end(), [&](const Channel& channel) {
         return channel.longName == longName;
     });
@@ -215,7 +202,7 @@ Enumeration parseName(QLatin1StringView names, const QString& name)
     return static_cast<Enumeration>(index);
 }
 
-Tile parseTile(const Package& package, const QString& text, decltype(&pageRect) place)
+Tile parseTile(const Package& package, const QString& text, bool inHeader)
 {
     Tile tile;
     tile.labelled = text.endsWith(u'*');
@@ -226,13 +213,13 @@ Tile parseTile(const Package& package, const QString& text, decltype(&pageRect) 
     if (fields.size() > 1)
         tile.channel = findChannel(fields[1]);
     if (fields.size() > 2)
-        tile.tone = parseName<SamplePackage::Tone>(kTones, fields[2]);
+        tile.tone = parseName<Tone>(kTones, fields[2]);
     if (fields.size() > 3)
         tile.range = parseRange(fields[3]);
     else if (tile.channel && tile.instrument != Instrument::Lamp)
         tile.range = tile.channel->range;
-    tile.bezel =
-        place(package, {words[1].toInt(), words[2].toInt(), words[3].toInt(), words[4].toInt()});
+    tile.bezel = cellRect(package, inHeader,
+                          {words[1].toInt(), words[2].toInt(), words[3].toInt(), words[4].toInt()});
     const int inset = package.gap / 2;
     tile.element = tile.bezel.adjusted(inset, inset, -inset, -inset);
     if (tile.hasTitleBand())
@@ -241,7 +228,7 @@ Tile parseTile(const Package& package, const QString& text, decltype(&pageRect) 
 }
 
 // Adds the pages, each with the tiles of the header first.
-Package withPages(Package package, const QString& text)
+void addPages(Package& package, const QString& text)
 {
     const QString header =
         QString::fromUtf8(package.size.width() < 480 ? kNarrowHeader : kWideHeader);
@@ -253,10 +240,8 @@ Package withPages(Package package, const QString& text)
             package.pages.push_back({words[0].mid(5).trimmed(), accent, !line.endsWith("bare"_L1)});
         }
         for (const QString& tile : (newPage ? header : line).split("; "_L1))
-            package.pages.back().tiles.push_back(
-                parseTile(package, tile, newPage ? headerRect : pageRect));
+            package.pages.back().tiles.push_back(parseTile(package, tile, newPage));
     }
-    return package;
 }
 
 // Crowded pages: two dials each, and small tiles for all channels in turn.
@@ -268,7 +253,7 @@ QString enduranceText(const QSize& grid)
     const QStringList instruments =
         u"Readout Readout Bar BarReadout Readout IconReadout Caption"_s.split(u' ');
     const QStringList tones = u"Plain Good Plain Info Dimmed Caution"_s.split(u' ');
-    const auto count = static_cast<int>(SamplePackage::channels().size());
+    const auto count = static_cast<int>(channels().size());
     QString text;
     int serial = 0;
     for (int page = 0; page < 20; ++page) {
@@ -279,8 +264,7 @@ QString enduranceText(const QSize& grid)
             const int column = cell % grid.width();
             if (row < 2 && (column < 2 || column >= 8))
                 continue; // a dial is there
-            const Channel& channel =
-                SamplePackage::channels()[static_cast<std::size_t>(serial % count)];
+            const Channel& channel = channels()[static_cast<std::size_t>(serial % count)];
             const QString& instrument = instruments[serial % instruments.size()];
             text += u"%1 %2 %3 1 1 "_s.arg(instrument).arg(column).arg(row) + channel.shortName;
             if (instrument != "Caption"_L1)
@@ -303,45 +287,21 @@ const std::vector<Channel>& SamplePackage::channels()
 
 QRect SamplePackage::nameBand(const Package& package)
 {
-    return headerRect(package, {0, 0, 5, 1});
+    return cellRect(package, true, {0, 0, 5, 1});
 }
 
 std::vector<Package> SamplePackage::all()
 {
-    const Package club{u"club-racing.zconf2"_s,
-                       u"Club racing"_s,
-                       u"MXS"_s,
-                       1201,
-                       u"layout"_s,
-                       QSize(800, 480),
-                       44,
-                       6,
-                       16,
-                       QSize(12, 6),
-                       {}};
-    const Package compact{u"compact.zconf2"_s,
-                          u"Compact"_s,
-                          u"LIG"_s,
-                          310,
-                          QString(),
-                          QSize(320, 240),
-                          26,
-                          3,
-                          12,
-                          QSize(6, 4),
-                          {}};
-    const Package endurance{u"endurance-large.zconf2"_s,
-                            u"Endurance"_s,
-                            u"MXG"_s,
-                            1010,
-                            u"layout"_s,
-                            QSize(1024, 600),
-                            48,
-                            6,
-                            16,
-                            QSize(10, 6),
-                            {}};
-    return {withPages(club, QString::fromUtf8(kClubRacing)),
-            withPages(compact, QString::fromUtf8(kCompact)),
-            withPages(endurance, enduranceText(endurance.grid))};
+    std::vector<Package> packages = {
+        {"club-racing.zconf2"_L1, "Club racing"_L1, "MXS"_L1, 1201, "layout"_L1, QSize(800, 480),
+         44, 6, 16, QSize(12, 6)},
+        {"compact.zconf2"_L1, "Compact"_L1, "LIG"_L1, 310, ""_L1, QSize(320, 240), 26, 3, 12,
+         QSize(6, 4)},
+        {"endurance-large.zconf2"_L1, "Endurance"_L1, "MXG"_L1, 1010, "layout"_L1, QSize(1024, 600),
+         48, 6, 16, QSize(10, 6)},
+    };
+    addPages(packages[0], QString::fromUtf8(kClubRacing));
+    addPages(packages[1], QString::fromUtf8(kCompact));
+    addPages(packages[2], enduranceText(packages[2].grid));
+    return packages;
 }

@@ -79,11 +79,11 @@ struct Page
 
 struct Package
 {
-    QString fileName;
-    QString title;
-    QString deviceType;
+    QLatin1StringView fileName;
+    QLatin1StringView title;
+    QLatin1StringView deviceType;
     int deviceTypeCode = 0;
-    QString layoutFolder; ///< folder in the archive with overlay and images
+    QLatin1StringView layoutFolder; ///< folder in the archive with overlay and images
     QSize size;
     int header = 0;    ///< height of the band with the page's name, fixed texts and lamps
     int gap = 0;       ///< between tiles, and between tiles and the edge

@@ -14,11 +14,7 @@
 #include <numeric>
 
 using namespace Qt::StringLiterals;
-using SamplePackage::Channel;
-using SamplePackage::Instrument;
-using SamplePackage::Package;
-using SamplePackage::Page;
-using SamplePackage::Tile;
+using namespace SamplePackage;
 
 namespace {
 
@@ -160,7 +156,7 @@ bool writeOverlay(const Package& package, const QString& path)
 bool writeDeviceFile(const Package& package, const QString& path)
 {
     QString list;
-    for (const Channel& channel : SamplePackage::channels()) {
+    for (const Channel& channel : channels()) {
         list += uR"(<e c="Canale"><p n="FID">%1</p><p n="LongName">%2</p><p n="ShortName">%3</p>
             <p n="LabelLongName">%2</p><p n="UIV">%4</p><p n="FREQUENCY">20</p></e>)"_s.arg(
             QString::number(channel.fid), channel.longName, channel.shortName, channel.uiv);
@@ -193,9 +189,8 @@ bool writeFolder(const Package& package, const QString& folder)
             return false;
     }
     for (std::size_t i = 0; i < package.pages.size(); ++i) {
-        if (package.pages[i].hasBackground &&
-            !SamplePackage::paintBackground(package, package.pages[i])
-                 .save(layout + QString::number(i) + ".png"_L1))
+        if (package.pages[i].hasBackground && !paintBackground(package, package.pages[i])
+                                                   .save(layout + QString::number(i) + ".png"_L1))
             return false;
     }
     return writeOverlay(package, layout + "overlay.ov3.xml"_L1) &&
@@ -218,7 +213,7 @@ int main(int argc, char** argv)
         qCritical("usage: %s FOLDER", qPrintable(arguments.value(0)));
         return EXIT_FAILURE;
     }
-    for (const Package& package : SamplePackage::all()) {
+    for (const Package& package : all()) {
         const QTemporaryDir folder;
         const QString archive = arguments[1] + u'/' + package.fileName;
         if (!folder.isValid() || !writeFolder(package, folder.path()) ||

@@ -78,8 +78,8 @@ READER_EXPORT int close_file_i(int file)
 #define ANSWER(type, missing, name, parameters, lookUp, answer)                                    \
     READER_EXPORT type name parameters                                                             \
     {                                                                                              \
-        const auto* const found = lookUp;                                                          \
-        return found ? answer : missing;                                                           \
+        const auto* const found = (lookUp);                                                        \
+        return found ? (answer) : (missing);                                                       \
     }
 #define FILE_TEXT(name, text) ANSWER(const char*, nullptr, name, (int file), findFile(file), text)
 #define FILE_NUMBER(name, number) ANSWER(int, -1, name, (int file), findFile(file), number)

@@ -3,15 +3,15 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
+#include <iomanip>
 #include <iterator>
 #include <limits>
 #include <numbers>
-#include <string>
+#include <vector>
 
 namespace {
 
@@ -326,40 +326,30 @@ double noise(std::size_t channel, std::size_t sample)
     return static_cast<double>(bits >> 33U) / static_cast<double>(1U << 30U) - 1.0;
 }
 
-void append(std::string& text, double number, int decimals)
-{
-    char digits[64];
-    const auto end = std::to_chars(std::begin(digits), std::end(digits), number,
-                                   std::chars_format::fixed, decimals);
-    text.append(digits, end.ptr);
-}
-
-void appendChannel(std::string& text, std::size_t index, const std::vector<CarState>& states)
+void writeChannel(std::ostream& out, std::size_t index, const std::vector<CarState>& states)
 {
     const RecordedChannel& channel = kChannels[index];
-    text += std::string("channel\t").append(RecordingText::kFamilyWords[channel.family]) + "\t" +
-            channel.name + "\t" + channel.units + "\n";
+    const bool plain = channel.family == kPlain; // times in seconds; the others milliseconds
+    out << "channel\t" << RecordingText::kFamilyWords[channel.family] << '\t' << channel.name
+        << '\t' << channel.units << '\n';
     const auto stride = static_cast<std::size_t>(kStatesPerSecond / channel.rate);
     for (std::size_t i = 0; i < states.size(); i += stride) {
-        const bool plain = channel.family == kPlain; // seconds; the others milliseconds
-        append(text, states[i].time * (plain ? 1 : 1000), plain ? 2 : 0);
-        text += '\t';
         const double value = channel.value(states[i]) + channel.noise * noise(index, i);
-        append(text, std::max(channel.least, value), channel.decimals);
-        text += '\n';
+        out << std::setprecision(plain ? 2 : 0) << states[i].time * (plain ? 1 : 1000) << '\t'
+            << std::setprecision(channel.decimals) << std::max(channel.least, value) << '\n';
     }
 }
 
-std::string record()
+void record(std::ostream& out)
 {
     const std::vector<CarState> states = drive(makeCircuit(), kSeconds);
-    std::string text(RecordingText::kFirstLine);
-    text += "\n# Made by the sample recorder; no such car, driver or circuit exists.\n"
-            "vehicle\tPrototype 7\nracer\tSample Driver\nlaps\t";
-    text += std::to_string(states.back().lap) + "\n";
+    out << RecordingText::kFirstLine
+        << "\n# Made by the sample recorder; no such car, driver or circuit exists.\n"
+           "vehicle\tPrototype 7\nracer\tSample Driver\nlaps\t"
+        << states.back().lap << '\n'
+        << std::fixed;
     for (std::size_t index = 0; index < std::size(kChannels); ++index)
-        appendChannel(text, index, states);
-    return text;
+        writeChannel(out, index, states);
 }
 
 } // namespace
@@ -370,10 +360,9 @@ int main(int argc, char** argv)
         std::fputs("usage: gaugewright_record FILE\n", stderr);
         return 2;
     }
-    const std::string text = record();
     std::ofstream file(argv[1], std::ios::binary);
-    file << text << std::flush;
-    if (!file) {
+    record(file);
+    if (!file.flush()) {
         std::fprintf(stderr, "gaugewright_record: cannot write %s\n", argv[1]);
         return 1;
     }

@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 Stage::Stage(const QString& samplesDir, const QString& scratchDir)
     : WindowDriver([this](const QString& complaint) { check(false, complaint); }),
-      m_samplesDir(samplesDir + u'/'),
-      m_scratchDir(scratchDir + u'/'),
+      m_samples(samplesDir + u'/'),
+      m_copy(scratchDir + "/club-racing-edited.zconf2"_L1),
       m_dialogs(m_report)
 {
     activate();

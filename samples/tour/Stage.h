@@ -14,17 +14,6 @@ public:
     /// Opens samples from samplesDir, read only. Files of the tour go to scratchDir.
     Stage(const QString& samplesDir, const QString& scratchDir);
 
-    /// Path of a sample.
-    [[nodiscard]] QString sample(const char* fileName) const
-    {
-        return m_samplesDir + QLatin1String(fileName);
-    }
-    /// Path of the package that the tour saves.
-    [[nodiscard]] QString copy() const
-    {
-        return m_scratchDir + QStringLiteral("club-racing-edited.zconf2");
-    }
-
     void check(bool holds, const QString& expectation);
     void check(bool holds, const char* expectation) { check(holds, QLatin1String(expectation)); }
     /// The checks that failed.
@@ -50,10 +39,11 @@ public:
     /// The picture of the step that has just ended.
     [[nodiscard]] QPixmap takePicture();
 
+    const QString m_samples;                        ///< their folder, with a slash
+    const QString m_copy;                           ///< path of the package that the tour saves
     QString m_layoutBefore, m_layoutAfter, m_saved; ///< descriptions to compare in later steps
 
 private:
-    const QString m_samplesDir, m_scratchDir;
     QStringList m_failures;
     QPixmap m_picture; // null until the step takes one
     DialogDriver m_dialogs;

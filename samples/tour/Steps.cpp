@@ -40,7 +40,7 @@ void start(Stage& stage)
 
 void open(Stage& stage)
 {
-    stage.command("openAction", stage.sample("club-racing.zconf2"));
+    stage.command("openAction", stage.m_samples + "club-racing.zconf2"_L1);
     stage.check(stage.window().document().pageCount() == kSamplePages, "eight pages are there");
     stage.check(stage.status() == "Opened club-racing.zconf2 (8 pages)"_L1,
                 "the status bar says what was opened");
@@ -213,11 +213,11 @@ QByteArray contentOf(const QString& path)
 
 void saveAs(Stage& stage)
 {
-    const QString original = stage.sample("club-racing.zconf2");
+    const QString original = stage.m_samples + "club-racing.zconf2"_L1;
     const QByteArray before = contentOf(original);
     stage.m_saved = stage.describe(true);
-    stage.command("saveAsAction", stage.copy());
-    stage.check(QFile::exists(stage.copy()), "the copy exists");
+    stage.command("saveAsAction", stage.m_copy);
+    stage.check(QFile::exists(stage.m_copy), "the copy exists");
     stage.check(contentOf(original) == before, "the original is untouched");
     stage.check(stage.window().windowTitle() ==
                     "Gaugewright Studio - club-racing-edited.zconf2 [MXS]"_L1,
@@ -226,15 +226,15 @@ void saveAs(Stage& stage)
 
 void reopen(Stage& stage)
 {
-    stage.command("openAction", stage.sample("compact.zconf2"));
+    stage.command("openAction", stage.m_samples + "compact.zconf2"_L1);
     stage.check(stage.describe(true) != stage.m_saved, "another package is open");
-    stage.command("openAction", stage.copy());
+    stage.command("openAction", stage.m_copy);
     stage.check(stage.describe(true) == stage.m_saved, "the copy holds what was saved");
 }
 
 void loadRecording(Stage& stage)
 {
-    stage.command("loadTelemetryAction", stage.sample("club-session.xrk"));
+    stage.command("loadTelemetryAction", stage.m_samples + "club-session.xrk"_L1);
     stage.check(stage.child<QPushButton>("playButton")->isEnabled(), "the replay can be played");
     stage.check(stage.child<QSlider>("replaySlider")->maximum() > 0, "the replay has a length");
     stage.clickPage(kRacePage);
