@@ -200,7 +200,8 @@ TEST(PublicInterface, SignalsAndSlotsHaveTheirNamesAndThoseOfTheirParameters)
 {
     EXPECT_EQ(declared<DashCanvas>(QMetaMethod::Signal),
               (QByteArrayList{"elementSelected(index)", "elementMoved(index, newX, newY)",
-                              "elementResized(index, newW, newH)", "deleteRequested(index)"}));
+                              "elementResized(index, newW, newH)", "deleteRequested(index)",
+                              "playToggleRequested()", "pageStepRequested(delta)"}));
     EXPECT_EQ(declared<DashCanvas>(QMetaMethod::Slot),
               (QByteArrayList{"clearSelectionAndRepaint()"}));
     EXPECT_EQ(declared<PropertyPanel>(QMetaMethod::Signal),
@@ -210,6 +211,8 @@ TEST(PublicInterface, SignalsAndSlotsHaveTheirNamesAndThoseOfTheirParameters)
                               "pickValueColor()", "pickLabelColor()"}));
     EXPECT_EQ(declared<PageListPanel>(QMetaMethod::Signal),
               (QByteArrayList{"pageSelected(index)"}));
+    EXPECT_EQ(declared<PageListPanel>(QMetaMethod::Slot),
+              (QByteArrayList{"onCurrentRowChanged(row)"}));
 }
 
 TEST(PublicInterface, MainWindowNamesItsParts)
