@@ -183,10 +183,11 @@ constexpr std::array kActions{
               call<&MainWindow::showAbout>},
 };
 
-/// "&" would mark the key of the next letter.
-QString withoutMnemonics(QString text)
+/// "&" would mark the key of the next letter, and a menu shows what follows a tab among the
+/// shortcuts.
+QString menuText(QString text)
 {
-    return text.replace(u'&', QStringLiteral("&&"));
+    return text.replace(u'&', QStringLiteral("&&")).replace(u'\t', u' ');
 }
 
 QString joined(const QString& prefix, const QString& step)
@@ -232,7 +233,7 @@ QAction* createMenuAction(MainWindow* window, const QUndoStack* stack, const Act
     action->setAutoRepeat(row.keys.standard != QKeySequence::Delete);
     if (row.history != History::None)
         followHistory(stack, action, row.history, [action, row](const QString& step) {
-            action->setText(joined(MainWindow::tr(row.text), withoutMnemonics(step)));
+            action->setText(joined(MainWindow::tr(row.text), menuText(step)));
         });
     return action;
 }
@@ -245,7 +246,7 @@ QAction* createToolAction(MainWindow* window, const QUndoStack* stack, const Act
         action->setIconText(action->text()); // on the button, which keeps its place
         followHistory(stack, action, row.history, [action, row](const QString& step) {
             const QString prefix = MainWindow::tr(row.button.text);
-            action->setText(joined(prefix, withoutMnemonics(step)));
+            action->setText(joined(prefix, menuText(step)));
             action->setToolTip(toolTipOf(joined(prefix, step), row));
         });
     }

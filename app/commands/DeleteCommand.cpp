@@ -1,6 +1,7 @@
 #include "app/commands/DeleteCommand.h"
 
 #include "app/commands/PageRef.h"
+#include "app/commands/SingleLine.h"
 
 DeleteCommand::DeleteCommand(DashboardDocument* document, int pageIndex, int elementIndex)
     : m_document(document),
@@ -14,7 +15,7 @@ DeleteCommand::DeleteCommand(DashboardDocument* document, int pageIndex, int ele
     }
     m_saved.add(*element);
     const bool bound = !element->channelLongName.isEmpty();
-    setText(tr("Delete %1").arg(bound ? element->channelLongName : element->name));
+    setText(singleLine(tr("Delete %1").arg(bound ? element->channelLongName : element->name)));
 }
 
 DeleteCommand::~DeleteCommand() = default;

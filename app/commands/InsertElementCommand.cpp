@@ -1,6 +1,7 @@
 #include "app/commands/InsertElementCommand.h"
 
 #include "app/commands/PageRef.h"
+#include "app/commands/SingleLine.h"
 #include "document/ElementFields.h"
 
 namespace {
@@ -37,7 +38,7 @@ InsertElementCommand::InsertElementCommand(DashboardDocument* document, int page
       m_donor(recordOf(document, donor))
 {
     m_donorXml.append_copy(donor);
-    setText(tr("Insert %1").arg(channel.longName));
+    setText(singleLine(tr("Insert %1").arg(channel.longName)));
 }
 
 InsertElementCommand::~InsertElementCommand() = default;

@@ -1,5 +1,7 @@
 #include "app/commands/MoveCommand.h"
 
+#include "app/commands/SingleLine.h"
+
 MoveCommand::MoveCommand(const PageRef& page, int elementIndex, const ElementGeometry& before,
                          const ElementGeometry& after)
     : m_page(page),
@@ -8,7 +10,7 @@ MoveCommand::MoveCommand(const PageRef& page, int elementIndex, const ElementGeo
       m_after(after)
 {
     const DashElement* const element = page.element(elementIndex);
-    setText(tr("Move/Resize %1").arg(element ? element->name : QString()));
+    setText(singleLine(tr("Move/Resize %1").arg(element ? element->name : QString())));
 }
 
 MoveCommand::~MoveCommand() = default;

@@ -1,10 +1,12 @@
 #include "app/commands/NewPageCommand.h"
 
+#include "app/commands/SingleLine.h"
+
 NewPageCommand::NewPageCommand(DashboardDocument* document, const QString& name)
     : m_document(document),
       m_name(name)
 {
-    setText(tr("New page \"%1\"").arg(name));
+    setText(singleLine(tr("New page \"%1\"").arg(name)));
 }
 
 NewPageCommand::~NewPageCommand() = default;

@@ -81,6 +81,14 @@ TEST_F(MainWindowActions, ToolTipsNameTheWholeStepAndTheShortcut)
               QStringLiteral("Redo Delete race.2 (%1)").arg(key(QKeySequence::Redo)));
 }
 
+TEST_F(MainWindowActions, ATabInANameIsABlankInTheMenu)
+{
+    openWithChannel("Oil&#9;Temp");
+    m_window->deleteElement(0);
+    EXPECT_EQ(child<QAction>("undoAction")->text(), QStringLiteral("&Undo Delete Oil Temp"));
+    EXPECT_EQ(child<QAction>("toolbarUndoAction")->text(), QStringLiteral("Undo Delete Oil Temp"));
+}
+
 TEST_F(MainWindowActions, AnAmpersandInANameIsShown)
 {
     openWithChannel("Oil &amp; Water");
