@@ -34,7 +34,10 @@ protected:
         static_cast<void>(QTest::qWaitForWindowExposed(&m_slider));
     }
 
-    void press(int x) { QTest::mousePress(&m_slider, Qt::LeftButton, {}, QPoint(x, 15)); }
+    void press(int x, int y = 15)
+    {
+        QTest::mousePress(&m_slider, Qt::LeftButton, {}, QPoint(x, y));
+    }
     void release(int x) { QTest::mouseRelease(&m_slider, Qt::LeftButton, {}, QPoint(x, 15)); }
 
     Slider m_slider;
@@ -52,6 +55,29 @@ TEST_P(JumpSliderTest, AClickInTheGrooveBringsTheHandleThere)
         EXPECT_NEAR(m_slider.handle().center().x(), x + 50, 600 / (2 * m_slider.maximum()) + 1);
         release(x + 50);
         EXPECT_FALSE(m_slider.isSliderDown());
+    }
+}
+
+TEST_P(JumpSliderTest, APressAtTheTopOrBottomEdgeBringsTheHandleThereToo)
+{
+    for (const int y : {0, m_slider.height() - 1}) {
+        for (const int x : {450, 100, 300}) {
+            press(x, y);
+            EXPECT_NEAR(m_slider.handle().center().x(), x, 600 / (2 * m_slider.maximum()) + 1);
+            EXPECT_TRUE(m_slider.isSliderDown()) << "from where it can be dragged on";
+            release(x);
+        }
+    }
+}
+
+TEST_P(JumpSliderTest, TheHandlesCenterIsBelowThePointer)
+{
+    if (m_slider.maximum() < m_slider.width())
+        return; // too coarse
+    for (const int x : {450, 100, 301}) {
+        press(x);
+        EXPECT_EQ(m_slider.handle().center().x(), x);
+        release(x);
     }
 }
 
