@@ -136,6 +136,7 @@ void DashCanvas::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton || !m_page)
         return;
+    cancelDrag(); // its release was lost
     setFocus(Qt::MouseFocusReason);
     const QPoint point = event->position().toPoint();
     if (const DashElement* const selected = selectedElement()) {
@@ -155,6 +156,8 @@ void DashCanvas::mousePressEvent(QMouseEvent* event)
 
 void DashCanvas::mouseMoveEvent(QMouseEvent* event)
 {
+    if (!event->buttons().testFlag(Qt::LeftButton))
+        cancelDrag(); // its release was lost
     DashElement* const element = selectedElement();
     if (!m_drag.isActive() || !element)
         return;
@@ -183,6 +186,13 @@ void DashCanvas::keyPressEvent(QKeyEvent* event)
         event->accept();
     else
         QWidget::keyPressEvent(event);
+}
+
+/// A menu or another window may get the release.
+void DashCanvas::focusOutEvent(QFocusEvent* event)
+{
+    cancelDrag();
+    QWidget::focusOutEvent(event);
 }
 
 bool DashCanvas::handleDeleteKey()

@@ -21,7 +21,8 @@ class TelemetrySession;
 /// Shows one page, scaled to fit and centred, and edits its elements with mouse and keyboard.
 ///
 /// A drag changes the record live and becomes one MoveCommand on release. Any command that runs
-/// during a drag cancels it first; see cancelDrag.
+/// during a drag cancels it first; see cancelDrag. So does a lost release: the focus moves away (to
+/// a menu, say), the pointer moves with no button held, or the next press arrives.
 ///
 /// The canvas owns neither page, document, session nor undo stack. It points into the records: when
 /// one moves or goes, call setPage or rebindPage before the canvas handles its next event.
@@ -94,6 +95,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     [[nodiscard]] PageTransform transform() const;

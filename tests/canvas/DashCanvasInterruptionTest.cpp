@@ -206,6 +206,46 @@ TEST_F(DashCanvasInDocument, TheDeleteShortcutTakesTheDragBackFirst)
     EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
 }
 
+// Releases are lost when a popup or another window gets them.
+TEST_F(DashCanvasInDocument, APointerWithoutButtonEndsADrag)
+{
+    press(at(120, 120));
+    moveTo(at(300, 300));
+    const QPoint point = at(310, 300);
+    QMouseEvent hover(QEvent::MouseMove, point, m_canvas.mapToGlobal(point), Qt::NoButton,
+                      Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&m_canvas, &hover);
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    moveTo(at(320, 300));
+    release(at(320, 300));
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(m_stack.count(), 0);
+}
+
+TEST_F(DashCanvasInDocument, ASecondPressEndsADrag)
+{
+    press(at(120, 120));
+    moveTo(at(300, 300));
+    press(at(310, 310)); // on the element as it is shown, but not where it belongs
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(m_canvas.selectedIndex(), -1);
+    release(at(310, 310));
+    EXPECT_EQ(m_stack.count(), 0);
+}
+
+TEST_F(DashCanvasInDocument, LosingTheFocusEndsADrag)
+{
+    press(at(120, 120));
+    moveTo(at(300, 300));
+    QFocusEvent focusOut(QEvent::FocusOut, Qt::PopupFocusReason);
+    QCoreApplication::sendEvent(&m_canvas, &focusOut);
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    moveTo(at(320, 300));
+    release(at(320, 300));
+    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
+    EXPECT_EQ(m_stack.count(), 0);
+}
+
 TEST_F(DashCanvasInDocument, OtherKeysLeaveADragAlone)
 {
     press(at(120, 120));
