@@ -24,10 +24,14 @@ namespace {
 constexpr QSize kInitialSize{1280, 750};
 constexpr int kPanelWidth = 220;
 
-/// What of a drag the window takes; nothing while a dialog works on the document.
+/// The files of a drag that the window opens. None while a dialog works on the document, and none
+/// from a source that only moves files, which would delete them.
 DroppedFiles acceptable(const QDropEvent& event)
 {
-    return QApplication::activeModalWidget() ? DroppedFiles{} : droppedFiles(*event.mimeData());
+    const bool copies = event.possibleActions().testFlag(Qt::CopyAction);
+    if (!copies || QApplication::activeModalWidget())
+        return {};
+    return droppedFiles(*event.mimeData());
 }
 
 } // namespace
@@ -70,7 +74,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
     if (acceptable(*event).isEmpty())
         return;
-    event->setDropAction(Qt::CopyAction); // the source would delete what is moved
+    event->setDropAction(Qt::CopyAction); // the source deletes files that are moved
     event->accept();
 }
 
@@ -81,6 +85,16 @@ void MainWindow::dropEvent(QDropEvent* event)
         return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
+    // Queued, because the program that the files come from waits for this handler.
+    QMetaObject::invokeMethod(
+        this, [this, files] { take(files); }, Qt::QueuedConnection);
+}
+
+/// Opens dropped files, unless a dialog has come up since and works on the document.
+void MainWindow::take(const DroppedFiles& files)
+{
+    if (QApplication::activeModalWidget())
+        return;
     if (!files.package.isEmpty())
         openPackage(files.package);
     if (!files.recording.isEmpty())

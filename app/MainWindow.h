@@ -11,9 +11,11 @@ class DashCanvas;
 class PageListPanel;
 class PropertyPanel;
 class QLabel;
+class QShortcut;
 class QToolBar;
 class QUndoStack;
 class ReplayBar;
+struct DroppedFiles;
 struct InsertElementSpec;
 
 /// The only top-level window. It owns the editing session (document, undo stack, recording) and its
@@ -73,6 +75,7 @@ private:
     [[nodiscard]] DashPage* currentPage();
 
     // Parts of the commands.
+    void take(const DroppedFiles& files);
     void openPackage(const QString& path);
     [[nodiscard]] bool saveTo(const QString& path);
     void loadRecording(const QString& path);

@@ -15,9 +15,19 @@ namespace {
 class MainWindowDrop : public MainWindowFixture
 {
 protected:
-    /// Drags files over a widget and drops them there. @return whether the drag was accepted.
+    /// Drags files over a widget, drops them there and lets the window open them.
+    /// @return whether the drag was accepted
     bool drop(QWidget& target, const QStringList& paths,
               Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction)
+    {
+        const bool accepted = deliver(target, paths, actions);
+        QCoreApplication::processEvents();
+        return accepted;
+    }
+
+    /// The same, up to where the source has its answer.
+    bool deliver(QWidget& target, const QStringList& paths,
+                 Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction)
     {
         QMimeData data;
         QList<QUrl> urls;
@@ -97,6 +107,76 @@ TEST_F(MainWindowDrop, AnythingElseIsRefused)
     EXPECT_FALSE(drop(canvas(), {m_folder.path()}));
     EXPECT_FALSE(drop(*m_window, {}));
     EXPECT_EQ(status(), QStringLiteral("Ready -- Open a .zconf2 file to begin"));
+}
+
+TEST_F(MainWindowDrop, ASourceThatOnlyMovesIsRefused)
+{
+    EXPECT_FALSE(drop(*m_window, {writeUsualPackage()}, Qt::MoveAction));
+    EXPECT_FALSE(drop(*m_window, {writeUsualPackage()}, Qt::MoveAction | Qt::LinkAction));
+    EXPECT_TRUE(drop(*m_window, {writeUsualPackage()}, Qt::CopyAction));
+}
+
+TEST_F(MainWindowDrop, ADragThatMovesOverTheWindowStaysAccepted)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(writeUsualPackage())});
+    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+    QWindow* const window = m_window->windowHandle(); // which finds the widget below the pointer
+    const QPoint overCanvas = canvas().mapTo(m_window.get(), QPoint(50, 50));
+    QDragEnterEvent enter(overCanvas, actions, &data, Qt::LeftButton, Qt::ShiftModifier);
+    QCoreApplication::sendEvent(window, &enter);
+    for (const QPoint& point : {overCanvas + QPoint(20, 20),
+                                pageList().mapTo(m_window.get(), QPoint(20, 20)), overCanvas}) {
+        QDragMoveEvent move(point, actions, &data, Qt::LeftButton, Qt::ShiftModifier);
+        move.setDropAction(enter.dropAction()); // as a drag goes on
+        move.setAccepted(enter.isAccepted());
+        QCoreApplication::sendEvent(window, &move);
+        EXPECT_TRUE(move.isAccepted());
+        EXPECT_EQ(move.dropAction(), Qt::CopyAction);
+    }
+    QDropEvent dropped(overCanvas, actions, &data, Qt::LeftButton, Qt::ShiftModifier);
+    QCoreApplication::sendEvent(window, &dropped);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(status(), QStringLiteral("Opened usual.zconf2 (3 pages)"));
+}
+
+TEST_F(MainWindowDrop, TheSourceDoesNotWaitForTheFilesToBeOpened)
+{
+    ASSERT_TRUE(deliver(*m_window, {file("bad.zconf2")}));
+    m_dialogs.expectBox(QMessageBox::Critical, QStringLiteral("Error"),
+                        QStringLiteral("Failed to open file:\n") +
+                            path(QStringLiteral("bad.zconf2")));
+    EXPECT_EQ(m_dialogs.pending(), 1U);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_dialogs.pending(), 0U);
+}
+
+TEST_F(MainWindowDrop, ADialogThatComesUpAfterTheDropWins)
+{
+    openUsual();
+    ASSERT_TRUE(deliver(*m_window, {writeUsualPackage(QStringLiteral("other.zconf2"))}));
+    m_dialogs.cancel();
+    trigger("insertElementAction");
+    EXPECT_EQ(status(), QStringLiteral("Opened usual.zconf2 (3 pages)"));
+}
+
+TEST_F(MainWindowDrop, ADropInTheMiddleOfADragEndsIt)
+{
+    openUsual();
+    const QPoint from = centerOf(1);
+    QTest::mousePress(&canvas(), Qt::LeftButton, {}, from);
+    QTest::mouseMove(&canvas(), from + QPoint(50, 50));
+    ASSERT_NE(elements()[1].x, 200);
+    const QString recording = file("lap.xrk");
+    m_dialogs.expectBox(QMessageBox::Critical, QStringLiteral("Error"),
+                        QStringLiteral("Failed to load XRK file:\n%1\n\nCheck DLL path: %2")
+                            .arg(recording, FixedPaths::readerLibrary()));
+    EXPECT_TRUE(drop(*m_window, {recording}));
+    EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{200, 50, 120, 60}));
+    QTest::mouseMove(&canvas(), from + QPoint(80, 80));
+    QTest::mouseRelease(&canvas(), Qt::LeftButton, {}, from + QPoint(80, 80));
+    EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{200, 50, 120, 60}));
+    EXPECT_EQ(stack().count(), 0);
 }
 
 TEST_F(MainWindowDrop, NothingIsTakenWhileADialogWorksOnTheDocument)

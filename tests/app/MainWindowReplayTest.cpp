@@ -232,6 +232,7 @@ TEST_F(MainWindowReplay, ADroppedPackageAndRecordingAreBothTaken)
     QApplication::sendEvent(m_window.get(), &enter);
     QDropEvent event(QPointF(500, 300), Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(m_window.get(), &event);
+    QCoreApplication::processEvents();
     EXPECT_EQ(pages().size(), 3U);
     EXPECT_EQ(status(), QStringLiteral("Loaded XRK: lap.xrk | 3 channels | Duration: 00:12"));
 }
