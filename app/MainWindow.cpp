@@ -57,6 +57,9 @@ MainWindow::~MainWindow()
                                                   m_propertyPanel, m_replayBar};
     for (QObject* const sender : senders)
         sender->disconnect(this);
+    // The window hides after the document is gone. A half-typed number is then still committed.
+    m_propertyPanel->clear();
+    m_canvas->setPage(nullptr);
 }
 
 bool MainWindow::event(QEvent* event)

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QSet>
 #include <QSlider>
+#include <QSpinBox>
 #include <QSplitter>
 #include <QTimer>
 #include <QToolBar>
@@ -222,6 +223,21 @@ TEST_F(MainWindowLayout, ExitClosesTheWindowWithoutAQuestion)
     m_window->deleteElement(0);
     trigger("exitAction");
     EXPECT_FALSE(m_window->isVisible());
+}
+
+TEST_F(MainWindowLayout, TheWindowCanGoWithAHalfTypedNumber)
+{
+    openUsual();
+    clickElement(0);
+    auto* const box = child<QSpinBox>("widthSpin");
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClick(box, Qt::Key_5); // below the minimum: leaving the field would make 10 of it
+    ASSERT_EQ(elements()[0].w, 120);
+    int edits = 0;
+    QObject::connect(&panel(), &PropertyPanel::sizeChanged, &panel(), [&edits] { ++edits; });
+    m_window.reset(); // the field loses the focus when the records are gone
+    EXPECT_EQ(edits, 0);
 }
 
 TEST_F(MainWindowLayout, TheWindowCanGoWithCommandsOnTheStackAndAnElementSelected)
