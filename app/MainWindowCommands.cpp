@@ -146,7 +146,7 @@ void MainWindow::travel(int command, void (QUndoStack::*step)(), const QString& 
     const int pageCount = m_document.pageCount();
     m_canvas->cancelDrag();
     (m_undoStack->*step)();
-    if (!change || change->pageIndex() == shownPage)
+    if (!change || change->pageIndex() < 0 || change->pageIndex() == shownPage)
         return;
     // A page that came or went is named by the text itself.
     const DashPage* const page =
@@ -226,6 +226,7 @@ void MainWindow::deleteSelectedElement()
 
 void MainWindow::deleteElement(int index)
 {
+    m_canvas->cancelDrag();
     const DashPage* const page = currentPage();
     if (!page || index < 0 || static_cast<std::size_t>(index) >= page->elements.size())
         return;

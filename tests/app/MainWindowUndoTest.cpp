@@ -1,8 +1,10 @@
 // After every change of the undo stack the panes agree with the document.
 
+#include "app/commands/MoveCommand.h"
 #include "tests/app/MainWindowFixture.h"
 
 #include <QInputDialog>
+#include <QMenu>
 #include <QSpinBox>
 
 namespace {
@@ -200,6 +202,38 @@ TEST_F(MainWindowHistory, DeletingTheDraggedElementEndsTheDrag)
     EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{200, 50, 120, 60}));
 }
 
+TEST_F(MainWindowHistory, DeletingTheDraggedElementFromAMenuEndsTheDragFirst)
+{
+    openUsual();
+    const QPoint from = centerOf(1);
+    QTest::mousePress(&canvas(), Qt::LeftButton, {}, from);
+    QTest::mouseMove(&canvas(), from + QPoint(50, 50));
+    trigger("deleteElementAction");
+    QTest::mouseRelease(&canvas(), Qt::LeftButton, {}, from + QPoint(80, 80));
+    EXPECT_EQ(names(), QStringLiteral("race.0 race.2 race.3"));
+    trigger("undoAction");
+    EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{200, 50, 120, 60}));
+}
+
+TEST_F(MainWindowHistory, AMenuInTheMiddleOfADragEndsIt)
+{
+    openUsual();
+    for (const Qt::Key key : {Qt::Key_F, Qt::Key_E}) {
+        const QPoint from = centerOf(1);
+        QTest::mousePress(&canvas(), Qt::LeftButton, {}, from);
+        QTest::mouseMove(&canvas(), from + QPoint(50, 50));
+        ASSERT_NE(elements()[1].x, 200);
+        press(canvas(), key, Qt::AltModifier);
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{200, 50, 120, 60}));
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+        QTest::mouseMove(&canvas(), from + QPoint(80, 80));
+        QTest::mouseRelease(&canvas(), Qt::LeftButton, {}, from + QPoint(80, 80));
+        EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{200, 50, 120, 60}));
+    }
+    EXPECT_EQ(stack().count(), 0);
+}
+
 // The release of the mouse button goes to the dialog, or nowhere.
 TEST_F(MainWindowHistory, ADialogInTheMiddleOfADragEndsIt)
 {
@@ -287,6 +321,19 @@ TEST_F(MainWindowHistory, AChangeOnThePageShownIsNotNamed)
     const QString said = status();
     trigger("undoAction"); // the page list shows that
     EXPECT_EQ(status(), said);
+}
+
+TEST_F(MainWindowHistory, AChangeOnNoPageOfTheDocumentIsNotNamed)
+{
+    openUsual();
+    const QString before = status();
+    DashPage bare;
+    bare.elements.resize(1);
+    stack().push(new MoveCommand(PageRef(&bare), 0, {}, {1, 2, 3, 4}));
+    trigger("undoAction");
+    trigger("redoAction");
+    EXPECT_EQ(bare.elements[0].w, 3);
+    EXPECT_EQ(status(), before);
 }
 
 TEST_F(MainWindowHistory, APageThatComesOrGoesIsNamedByItsCommand)
