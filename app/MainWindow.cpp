@@ -172,8 +172,9 @@ void MainWindow::connectPanes()
     connect(m_undoStack, &QUndoStack::indexChanged, this, &MainWindow::syncPanes);
     connect(m_replayBar, &ReplayBar::timeChanged, m_canvas, &DashCanvas::setReplayTime);
 
-    auto* const space = new QShortcut(Qt::Key_Space, m_pageList);
-    space->setContext(Qt::WidgetShortcut); // elsewhere the key has a meaning of its own
-    space->setAutoRepeat(false);
-    connect(space, &QShortcut::activated, m_replayBar, &ReplayBar::togglePlaying);
+    m_playShortcut = new QShortcut(Qt::Key_Space, m_pageList);
+    m_playShortcut->setContext(Qt::WidgetShortcut); // other widgets use the key
+    m_playShortcut->setAutoRepeat(false);
+    m_playShortcut->setEnabled(false); // until a recording is loaded, the key is the list's
+    connect(m_playShortcut, &QShortcut::activated, m_replayBar, &ReplayBar::togglePlaying);
 }

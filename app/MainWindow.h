@@ -93,5 +93,6 @@ private:
     ElementKey m_selected; // in canvas and property panel alike
     TelemetrySession m_telemetry;
     ReplayBar* m_replayBar = nullptr;
+    QShortcut* m_playShortcut = nullptr; // in the page list
     QLabel* m_targetDeviceBadge = nullptr;
 };

@@ -21,6 +21,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QUndoStack>
 
@@ -122,6 +123,7 @@ void MainWindow::loadRecording(const QString& path)
     const QString name = fileNameOf(path);
     m_canvas->setSession(&m_telemetry);
     m_replayBar->setDuration(m_telemetry.duration());
+    m_playShortcut->setEnabled(true);
     m_replayBar->setRecordingTip(ReplayText::recordingTip(name, channels, m_telemetry.duration()));
     statusBar()->showMessage(ReplayText::loadedText(name, channels.size(), m_telemetry.duration()));
 }

@@ -212,6 +212,30 @@ TEST_F(MainWindowReplay, SpaceOnCanvasAndPageListPlaysAndStops)
     }
 }
 
+TEST_F(MainWindowReplay, SpaceIsThePageListsOwnUntilARecordingIsLoaded)
+{
+    class KeyCounter : public QObject
+    {
+    public:
+        bool eventFilter(QObject* watched, QEvent* event) override
+        {
+            m_count += event->type() == QEvent::KeyPress ? 1 : 0;
+            return QObject::eventFilter(watched, event);
+        }
+        int m_count = 0;
+    };
+    KeyCounter counter;
+    pageList().installEventFilter(&counter);
+    openUsual();
+    pageList().setFocus();
+    press(pageList(), Qt::Key_Space);
+    EXPECT_EQ(counter.m_count, 1);
+    load();
+    pageList().setFocus();
+    press(pageList(), Qt::Key_Space);
+    EXPECT_EQ(counter.m_count, 1) << "the shortcut takes it";
+}
+
 TEST_F(MainWindowReplay, SliderAndTimeNameTheRecordingWhileItIsLoaded)
 {
     load();
