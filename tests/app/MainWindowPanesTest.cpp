@@ -89,6 +89,18 @@ TEST_F(MainWindowPanes, PageUpAndPageDownOnTheCanvasChangeThePage)
     EXPECT_EQ(shownAfter(Qt::Key_PageUp), 0);
 }
 
+TEST_F(MainWindowPanes, PageUpAndPageDownInThePageListChangeThePage)
+{
+    openUsual();
+    pageList().setFocus();
+    press(pageList(), Qt::Key_PageDown);
+    EXPECT_GT(pageList().currentRow(), 0) << "by as many rows as the list shows";
+    EXPECT_EQ(canvas().page(), &pages().at(static_cast<std::size_t>(pageList().currentRow())));
+    press(pageList(), Qt::Key_PageUp);
+    EXPECT_EQ(pageList().currentRow(), 0);
+    EXPECT_EQ(canvas().page(), pages().data());
+}
+
 TEST_F(MainWindowPanes, ChangingThePageInTheMiddleOfADragTakesItBack)
 {
     openUsual();
