@@ -266,18 +266,25 @@ void DashCanvas::select(int index)
 
 void DashCanvas::describe()
 {
-    setAccessibleName(m_page ? tr("Page %1").arg(m_page->name) : tr("Page"));
+    const QString name = m_page ? tr("Page %1").arg(m_page->name) : tr("Page");
+    const QString description = describedSelection();
+    // Each call sends an event to assistive technology, also where nothing changes.
+    if (accessibleName() != name)
+        setAccessibleName(name);
+    if (accessibleDescription() != description)
+        setAccessibleDescription(description);
+}
+
+QString DashCanvas::describedSelection() const
+{
     const DashElement* const element = selectedElement();
-    if (!element) {
-        setAccessibleDescription(tr("No element selected"));
-        return;
-    }
+    if (!element)
+        return tr("No element selected");
     const QString& channel = element->channelLongName;
-    setAccessibleDescription(
-        tr("%1 at X %2, Y %3, width %4, height %5")
-            .arg(channel.isEmpty() ? element->name : tr("%1 (%2)").arg(channel, element->name),
-                 QString::number(element->x), QString::number(element->y),
-                 QString::number(element->w), QString::number(element->h)));
+    return tr("%1 at X %2, Y %3, width %4, height %5")
+        .arg(channel.isEmpty() ? element->name : tr("%1 (%2)").arg(channel, element->name),
+             QString::number(element->x), QString::number(element->y), QString::number(element->w),
+             QString::number(element->h));
 }
 
 /// Does nothing without a selected element.

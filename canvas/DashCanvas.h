@@ -105,6 +105,7 @@ private:
     [[nodiscard]] PageRef pageRef() const;
     void select(int index);
     void describe();
+    [[nodiscard]] QString describedSelection() const;
     void beginDrag(GestureGeometry::DragMode mode, const QPoint& press);
     void commit(const DragGesture& drag);
     void onUndoIndexChanged();

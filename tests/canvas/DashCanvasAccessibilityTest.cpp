@@ -70,6 +70,25 @@ TEST_F(DashCanvasAccessibility, TheDescriptionFollowsTheElement)
     EXPECT_EQ(shown(), "RPM (mask.0) at X 7, Y 100, width 50, height 40");
 }
 
+// Each setting sends an event, also of the same text, and offscreen nobody receives events. A text
+// that was not set again is still the shared copy of the text read before.
+TEST_F(DashCanvasAccessibility, ARepaintWithoutChangeSetsNothing)
+{
+    m_canvas.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&m_canvas));
+    m_canvas.rebindPage(&m_page, 0);
+    const QString name = m_canvas.accessibleName();
+    const QString description = m_canvas.accessibleDescription();
+    m_canvas.repaint();
+    EXPECT_TRUE(m_canvas.accessibleName().isSharedWith(name));
+    EXPECT_TRUE(m_canvas.accessibleDescription().isSharedWith(description));
+
+    element(0).x = 7;
+    m_canvas.repaint();
+    EXPECT_TRUE(m_canvas.accessibleName().isSharedWith(name));
+    EXPECT_NE(m_canvas.accessibleDescription(), description);
+}
+
 TEST_F(DashCanvasAccessibility, NamesAreGivenVerbatim)
 {
     element(0).name = QStringLiteral("%1 & %3");
