@@ -14,6 +14,9 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <functional>
+#include <utility>
+
 namespace {
 
 using MainWindowLayout = MainWindowFixture;
@@ -26,6 +29,23 @@ QStringList entries(const QWidget* bar)
         texts << (action->isSeparator() ? QStringLiteral("|") : action->text());
     return texts;
 }
+
+/// Calls a function when the widget that it filters hides.
+class OnHide : public QObject
+{
+public:
+    explicit OnHide(std::function<void()> function) : m_function(std::move(function)) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Hide)
+            m_function();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<void()> m_function;
+};
 
 } // namespace
 
@@ -230,14 +250,21 @@ TEST_F(MainWindowLayout, TheWindowCanGoWithAHalfTypedNumber)
     openUsual();
     clickElement(0);
     auto* const box = child<QSpinBox>("widthSpin");
+    activate();
     box->setFocus();
+    ASSERT_TRUE(box->hasFocus());
     box->selectAll();
     QTest::keyClick(box, Qt::Key_5); // below the minimum: leaving the field would make 10 of it
     ASSERT_EQ(elements()[0].w, 120);
-    int edits = 0;
-    QObject::connect(&panel(), &PropertyPanel::sizeChanged, &panel(), [&edits] { ++edits; });
-    m_window.reset(); // the field loses the focus when the records are gone
-    EXPECT_EQ(edits, 0);
+    bool hidden = false;
+    OnHide watch([&hidden, &panel = panel(), &canvas = canvas()] {
+        hidden = true; // the records are gone by now
+        EXPECT_EQ(panel.element(), nullptr);
+        EXPECT_EQ(canvas.page(), nullptr);
+    });
+    panel().installEventFilter(&watch);
+    m_window.reset();
+    EXPECT_TRUE(hidden);
 }
 
 TEST_F(MainWindowLayout, TheWindowCanGoWithCommandsOnTheStackAndAnElementSelected)

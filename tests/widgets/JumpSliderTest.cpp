@@ -1,5 +1,6 @@
 #include "widgets/JumpSlider.h"
 
+#include <QProxyStyle>
 #include <QStyleOptionSlider>
 #include <QTest>
 
@@ -23,6 +24,22 @@ protected:
             return style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle,
                                            this);
         }
+    };
+
+    /// A style whose slider handles have that length.
+    class HandleLength : public QProxyStyle
+    {
+    public:
+        explicit HandleLength(int length) : m_length(length) {}
+        [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                      const QWidget* widget) const override
+        {
+            return metric == PM_SliderLength ? m_length
+                                             : QProxyStyle::pixelMetric(metric, option, widget);
+        }
+
+    private:
+        int m_length;
     };
 
     JumpSliderTest()
@@ -74,10 +91,16 @@ TEST_P(JumpSliderTest, TheHandlesCenterIsBelowThePointer)
 {
     if (m_slider.maximum() < m_slider.width())
         return; // too coarse
-    for (const int x : {450, 100, 301}) {
-        press(x);
-        EXPECT_EQ(m_slider.handle().center().x(), x);
-        release(x);
+    for (const int length : {20, 21}) {
+        HandleLength style(length);
+        m_slider.setStyle(&style);
+        ASSERT_EQ(m_slider.handle().width(), length);
+        for (const int x : {450, 100, 301}) {
+            press(x);
+            EXPECT_EQ(m_slider.handle().center().x(), x) << length;
+            release(x);
+        }
+        m_slider.setStyle(nullptr);
     }
 }
 
