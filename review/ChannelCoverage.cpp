@@ -3,6 +3,7 @@
 #include "document/DashboardDocument.h"
 #include "review/FactText.h"
 #include "telemetry/ChannelMatcher.h"
+#include "telemetry/RecordedNames.h"
 
 #include <QCoreApplication>
 #include <QSet>
@@ -48,6 +49,7 @@ QString messageOf(const QString& channel, const Match& match)
 
 std::vector<Finding> channelCoverage(const DashboardDocument& document, const QStringList& recorded)
 {
+    const RecordedNames names(recorded);
     std::vector<Finding> found;
     QSet<QString> seen;
     int number = 0;
@@ -58,7 +60,7 @@ std::vector<Finding> channelCoverage(const DashboardDocument& document, const QS
             if (channel.isEmpty() || seen.contains(channel))
                 continue;
             seen.insert(channel);
-            const Match match = ChannelMatcher::explainedMatch(channel, recorded);
+            const Match match = ChannelMatcher::explainedMatch(channel, names);
             found.push_back(
                 {match.rule == Rule::None ? Finding::Rule::NoMatch : Finding::Rule::Match, number,
                  page.name, element.name, messageOf(channel, match)});

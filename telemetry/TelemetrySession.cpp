@@ -31,6 +31,7 @@ bool TelemetrySession::load(const QString& filePath, const QString& libraryPath)
         return false;
     }
     m_recording = readRecording(*m_library, m_fileIndex);
+    m_names = RecordedNames(channelNames());
     m_loaded = true;
     return true;
 }
@@ -40,6 +41,7 @@ void TelemetrySession::clear()
     if (m_fileIndex >= 0 && m_library->close_file_i != nullptr)
         m_library->close_file_i(m_fileIndex);
     m_matchCache.clear();
+    m_names = {};
     m_recording = {};
     m_loaded = false;
     m_error.clear();
@@ -66,7 +68,7 @@ QStringList TelemetrySession::channelNames() const
 
 QString TelemetrySession::matchChannel(const QString& name) const
 {
-    return ChannelMatcher::match(name, channelNames());
+    return ChannelMatcher::explainedMatch(name, m_names).name;
 }
 
 QString TelemetrySession::matchedName(const QString& name) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "telemetry/RecordedNames.h"
 #include "telemetry/RecordingReader.h"
 
 #include <QCoreApplication>
@@ -15,8 +16,8 @@ class XrkLibrary;
 ///
 /// Owns the reader library from one load to the next or to clear, also when the file could not be
 /// opened; an open file is closed before the library is unloaded. Each layout channel is matched
-/// once per recording, when its value or match is first queried, and that match goes to the trace
-/// file. GUI thread only.
+/// once per recording, when its value or match is first queried. The first such match of a layout
+/// channel in a run of the program goes to the trace file. GUI thread only.
 class TelemetrySession
 {
     Q_DECLARE_TR_FUNCTIONS(TelemetrySession)
@@ -61,6 +62,7 @@ private:
     [[nodiscard]] QString refusal(const QString& filePath) const;
 
     Recording m_recording;
+    RecordedNames m_names;
     // By layout name, verbatim; null where nothing matches.
     mutable std::map<QString, const TelemetryChannel*> m_matchCache;
     bool m_loaded = false;
