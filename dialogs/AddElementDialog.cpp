@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -122,6 +123,7 @@ void AddElementDialog::connectWidgets()
     connect(m_channelList, &QListWidget::itemSelectionChanged, this,
             &AddElementDialog::updateSummary);
     connect(m_channelList, &QListWidget::itemDoubleClicked, this, &AddElementDialog::onAccept);
+    m_channelList->viewport()->installEventFilter(this);
     connect(m_buttonBox, &QDialogButtonBox::accepted, this, &AddElementDialog::onAccept);
     connect(m_buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
@@ -172,6 +174,15 @@ void AddElementDialog::keyPressEvent(QKeyEvent* event)
     }
     if (!handled)
         QDialog::keyPressEvent(event);
+}
+
+bool AddElementDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    // The list reports a double click with any button alike.
+    if (watched == m_channelList->viewport() && event->type() == QEvent::MouseButtonDblClick &&
+        static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
+        return true;
+    return QDialog::eventFilter(watched, event);
 }
 
 bool AddElementDialog::clearFilter()

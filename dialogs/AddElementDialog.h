@@ -22,7 +22,8 @@ struct ChannelDef;
 /// open.
 ///
 /// In the filter, Down goes to the channels, Return selects the only hit and, once a channel is
-/// selected, inserts. Escape clears a filter that holds text before it closes the dialog.
+/// selected, inserts. A double click on a channel with the left button inserts too. Escape clears a
+/// filter that holds text before it closes the dialog.
 class AddElementDialog : public QDialog
 {
     Q_OBJECT
@@ -34,6 +35,7 @@ public:
     [[nodiscard]] InsertElementSpec spec() const { return m_spec; }
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private Q_SLOTS:

@@ -58,6 +58,33 @@ TEST_F(InsertDialogKeys, ADoubleClickOnAChannelInsertsIt)
     EXPECT_EQ(m_dialog->spec().channelLongName, QStringLiteral("Oil Temp"));
 }
 
+TEST_F(InsertDialogKeys, ADoubleClickWithAnotherButtonInsertsNothing)
+{
+    openUsual();
+    clickRow(m_channels, 2);
+    const QPoint row = m_channels->visualItemRect(m_channels->item(2)).center();
+    for (const auto button : {Qt::RightButton, Qt::MiddleButton, Qt::BackButton}) {
+        QTest::mouseDClick(m_channels->viewport(), button, {}, row);
+        EXPECT_TRUE(m_dialog->isVisible());
+    }
+}
+
+TEST_F(InsertDialogKeys, ReturnInTheChannelsAndAClickOnInsertAccept)
+{
+    openUsual();
+    clickRow(m_channels, 2);
+    ASSERT_EQ(QApplication::focusWidget(), m_channels);
+    QTest::keyClick(m_channels, Qt::Key_Return);
+    EXPECT_EQ(m_dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(m_dialog->spec().channelLongName, QStringLiteral("Oil Temp"));
+
+    show(&m_document);
+    clickRow(m_channels, 1);
+    QTest::mouseClick(insertButton(), Qt::LeftButton);
+    EXPECT_EQ(m_dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(m_dialog->spec().channelLongName, QStringLiteral("Water Temp"));
+}
+
 TEST_F(InsertDialogKeys, ADoubleClickWithoutATypeOrOnThePlaceholderInsertsNothing)
 {
     openUsual();
