@@ -17,16 +17,22 @@ namespace {
 
 void* loadModule(const char* path)
 {
-    return LoadLibraryA(path);
+    DWORD mode = 0;
+    SetThreadErrorMode(SEM_FAILCRITICALERRORS, &mode); // or the loader shows a box of its own
+    const HMODULE module = LoadLibraryA(path);
+    const DWORD error = GetLastError();
+    SetThreadErrorMode(mode, nullptr);
+    SetLastError(error);
+    return module;
 }
 
-std::string lastLoadError()
+/// The system's text for an error, in UTF-8 and without the full stop; empty where it has none.
+std::string systemText(DWORD error)
 {
     constexpr DWORD kFlags = FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
     std::array<wchar_t, 1024> text{};
     const auto size = static_cast<DWORD>(text.size());
-    const DWORD length =
-        FormatMessageW(kFlags, nullptr, GetLastError(), 0, text.data(), size, nullptr);
+    const DWORD length = FormatMessageW(kFlags, nullptr, error, 0, text.data(), size, nullptr);
     const std::wstring_view words(text.data(), length);
     const auto end = words.find_last_not_of(L". \r\n"); // npos + 1 is 0
     std::array<char, 4 * text.size()> bytes{};
@@ -34,6 +40,20 @@ std::string lastLoadError()
         WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(end + 1), bytes.data(),
                             static_cast<int>(bytes.size()), nullptr, nullptr);
     return {bytes.data(), static_cast<std::size_t>(count)};
+}
+
+std::string lastLoadError(const char* path)
+{
+    const DWORD error = GetLastError();
+    std::string words = systemText(error);
+    if (words.empty())
+        return "error " + std::to_string(error);
+    // "%1 is not a valid Win32 application": the system leaves the path to the caller.
+    constexpr std::string_view kInsert = "%1";
+    const auto insert = words.find(kInsert);
+    if (insert != std::string::npos && path != nullptr)
+        words.replace(insert, kInsert.size(), path);
+    return words;
 }
 
 void* findSymbol(void* module, const char* name)
@@ -55,7 +75,7 @@ void* loadModule(const char* path)
     return dlopen(path, RTLD_NOW | RTLD_LOCAL);
 }
 
-std::string lastLoadError()
+std::string lastLoadError(const char* /*path*/)
 {
     const char* const words = dlerror();
     return words != nullptr ? words : "";
@@ -112,7 +132,7 @@ XrkLibrary::XrkLibrary(const char* path, std::string* loadError) : m_module(load
 {
     if (!isLoaded()) {
         if (loadError != nullptr)
-            *loadError = lastLoadError();
+            *loadError = lastLoadError(path);
         return;
     }
     const auto resolve = [this]<typename Function>(const Export<Function>& entry) {

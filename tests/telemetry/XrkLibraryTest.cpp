@@ -85,9 +85,11 @@ TEST(XrkLibrary, IsAllNullWhenTheFileIsNoLibrary)
                       ("not-a-library-" + std::to_string(std::random_device()()));
     std::ofstream(path) << "plain text";
 
-    const XrkLibrary library(path.string().c_str());
+    std::string error;
+    const XrkLibrary library(path.string().c_str(), &error);
     EXPECT_FALSE(library.isLoaded());
     EXPECT_EQ(filledSlots(library), allSlots(false));
+    EXPECT_NE(error.find(path.string()), std::string::npos) << error;
     std::filesystem::remove(path);
 }
 
