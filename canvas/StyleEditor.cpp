@@ -22,7 +22,7 @@ StyleEditor::StyleEditor(const QString& title, const QString& namePrefix, QWidge
       m_color(new QPushButton)
 {
     m_family->setObjectName(namePrefix + u"FontCombo");
-    m_family->addItems(kDisplayFonts);
+    m_family->addItems(kFontFamilies);
     m_pixels->setObjectName(namePrefix + u"SizeSpin");
     m_pixels->setSuffix(tr(" px"));
     m_pixels->setRange(kSmallestFont, kLargestFont);

@@ -189,7 +189,7 @@ public:
     {
         for (const DashElement& element : m_page.elements) {
             for (const QString& font : ElementFacts::fonts(element)) {
-                if (!kDisplayFonts.contains(font)) {
+                if (!kFontFamilies.contains(font)) {
                     add(Rule::UnknownFont, element.name,
                         translated(QT_TRANSLATE_NOOP(
                                        "Findings", "uses font %1, which the display does not have"))
