@@ -93,6 +93,15 @@ TEST_F(MainWindowDrop, ARecordingIsLoaded)
     EXPECT_TRUE(drop(*m_window, {recording})); // no reader is installed for this program
 }
 
+TEST_F(MainWindowDrop, AMissingReaderLibraryIsNamedAsTheReason)
+{
+    m_dialogs.expect<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.informativeText(), QStringLiteral("The reader library was not found"));
+        ModalDriver::press(box, QMessageBox::Ok);
+    });
+    EXPECT_TRUE(drop(*m_window, {file("lap.xrk")}));
+}
+
 TEST_F(MainWindowDrop, APackageThatCannotBeOpenedSaysSo)
 {
     const QString bad = file("bad.zconf2");

@@ -3,6 +3,7 @@
 #include "tests/app/MainWindowFixture.h"
 
 #include <QSpinBox>
+#include <QStyleOptionSpinBox>
 
 namespace {
 
@@ -17,6 +18,17 @@ protected:
         EXPECT_EQ(child<QSpinBox>("heightSpin")->maximum(), child<QSpinBox>("ySpin")->maximum());
         return {child<QSpinBox>("xSpin")->maximum(), child<QSpinBox>("ySpin")->maximum()};
     }
+
+    void clickUpArrow(const char* name) const
+    {
+        auto* const box = child<QSpinBox>(name);
+        QStyleOptionSpinBox option;
+        option.initFrom(box);
+        option.subControls = QStyle::SC_All;
+        const QRect arrow =
+            box->style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, box);
+        QTest::mouseClick(box, Qt::LeftButton, {}, arrow.center());
+    }
 };
 
 } // namespace
@@ -28,7 +40,7 @@ TEST_F(MainWindowPanes, TheRangesAreThoseOfThePageShownAfterEveryOpen)
                       {TestPackage::page("A", 1280, 720, {digitElement("a", 1000, 600, 99, 99)})}));
     EXPECT_EQ(ranges(), QSize(1280, 720));
     clickElement(0);
-    child<QSpinBox>("widthSpin")->stepUp();
+    clickUpArrow("widthSpin");
     EXPECT_EQ(geometryOf(elements()[0]), (ElementGeometry{1000, 600, 100, 99}));
 
     open(writePackage(QStringLiteral("small.zconf2"),
@@ -123,13 +135,16 @@ TEST_F(MainWindowPanes, ChangingThePageInTheMiddleOfADragTakesItBack)
 TEST_F(MainWindowPanes, SavingInTheMiddleOfADragSavesWhereItBegan)
 {
     openUsual();
-    for (const char* const how : {"key", "button", "call"}) {
+    for (const char* const how : {"key", "list key", "button", "call"}) {
         const QPoint from = centerOf(1);
         QTest::mousePress(&canvas(), Qt::LeftButton, {}, from);
         QTest::mouseMove(&canvas(), from + QPoint(50, 50));
         ASSERT_NE(elements()[1].x, 200);
-        if (how[0] == 'k')
-            press(canvas(), Qt::Key_S, Qt::ControlModifier);
+        if (how[0] == 'l')
+            pageList().setFocus();
+        if (how[0] == 'k' || how[0] == 'l')
+            press(how[0] == 'k' ? static_cast<QWidget&>(canvas()) : pageList(), Qt::Key_S,
+                  Qt::ControlModifier);
         else if (how[0] == 'b')
             trigger("toolbarSaveAction");
         else

@@ -174,6 +174,29 @@ TEST_F(MainWindowHistory, UndoInTheMiddleOfADragEndsIt)
     EXPECT_EQ(stack().count(), 2);
 }
 
+TEST_F(MainWindowHistory, RedoInTheMiddleOfADragEndsIt)
+{
+    openUsual();
+    const QList<QKeySequence> bindings = QKeySequence::keyBindings(QKeySequence::Redo);
+    ASSERT_FALSE(bindings.isEmpty()); // Ctrl+Shift+Z, Ctrl+Y or both
+    for (const QKeySequence& binding : bindings) {
+        m_window->deleteElement(3);
+        trigger("undoAction");
+        const QPoint from = centerOf(1);
+        QTest::mousePress(&canvas(), Qt::LeftButton, {}, from);
+        QTest::mouseMove(&canvas(), from + QPoint(50, 50));
+        ASSERT_NE(elements()[1].x, 200);
+        press(canvas(), binding[0].key(), binding[0].keyboardModifiers());
+        EXPECT_EQ(names(), QStringLiteral("race.0 race.1 race.2"));
+        EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{200, 50, 120, 60}));
+        QTest::mouseMove(&canvas(), from + QPoint(80, 80));
+        QTest::mouseRelease(&canvas(), Qt::LeftButton, {}, from + QPoint(80, 80));
+        EXPECT_EQ(geometryOf(elements()[1]), (ElementGeometry{200, 50, 120, 60}));
+        EXPECT_EQ(stack().count(), 1);
+        trigger("undoAction");
+    }
+}
+
 TEST_F(MainWindowHistory, UndoingTheInsertionOfTheDraggedElementEndsTheDrag)
 {
     openUsual();
