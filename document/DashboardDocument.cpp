@@ -9,6 +9,7 @@
 #include "document/OverlayWriter.h"
 #include "document/XmlFile.h"
 #include "document/XmlTree.h"
+#include "document/archive/PrivateFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -72,6 +73,8 @@ Outcome DashboardDocument::readPackage(const QString& packagePath)
 
     if (Outcome outcome = fresh.m_package.unpack(packagePath, fresh.m_tempDir); !outcome)
         return outcome;
+    if (!fresh.m_package.isComplete())
+        return Outcome::failure(DocumentText::tr("Its list of files is damaged"));
     fresh.m_overlayPath = DashboardPackage::findOverlayFile(fresh.m_tempDir);
     if (fresh.m_overlayPath.isEmpty())
         return Outcome::failure(DocumentText::tr("There is no overlay in it"));
@@ -98,7 +101,8 @@ Outcome DashboardDocument::writeUnpackedOverlay()
     if (m_overlayPath.isEmpty())
         return Outcome::failure(DocumentText::tr("No package is open"));
     // A cleaner of temporary files may have removed the folder; the package has the rest.
-    QDir().mkpath(QFileInfo(m_overlayPath).absolutePath());
+    if (ensurePrivateFolder(m_tempDir))
+        QDir().mkpath(QFileInfo(m_overlayPath).absolutePath());
     return writeOverlay(m_overlayPath);
 }
 

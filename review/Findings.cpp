@@ -244,6 +244,7 @@ QString identifier(Severity severity)
 std::vector<Finding::Rule> allRules()
 {
     std::vector<Rule> rules;
+    rules.reserve(kRules.size());
     for (const RuleEntry& entry : kRules)
         rules.push_back(entry.rule);
     return rules;

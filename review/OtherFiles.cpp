@@ -14,7 +14,7 @@ namespace {
 
 quint32 crcOf(QFile& file)
 {
-    constexpr qint64 kChunkSize = 64 * 1024;
+    constexpr qint64 kChunkSize = qint64{64} * 1024;
     static std::array<char, kChunkSize> chunk; // too large for the stack
     uLong crc = crc32(0, nullptr, 0);
     for (qint64 count = 0; (count = file.read(chunk.data(), kChunkSize)) > 0;)

@@ -40,7 +40,7 @@ Outcome writeArchive(QIODevice& target, const QDir& root, const QStringList& pat
         QFile file(root.filePath(path));
         if (!file.open(QIODevice::ReadOnly))
             return Outcome::failure(file.errorString());
-        if (const Outcome added = archive.addMember(newMember(path.toUtf8()), file); !added)
+        if (Outcome added = archive.addMember(newMember(path.toUtf8()), file); !added)
             return added;
     }
     return archive.finish();

@@ -29,7 +29,7 @@ QString decoded(const QByteArray& rawName)
 {
     QString name = QString::fromUtf8(rawName.left(ArchiveLimits::kNameBytes).constData());
     while (name.toUtf8().size() > ArchiveLimits::kNameBytes)
-        name.chop(1);
+        name.chop(name.back().isLowSurrogate() ? 2 : 1); // never half of a character
     return name;
 }
 
@@ -94,8 +94,17 @@ bool readRecord(const QByteArray& directory, qsizetype& at, ArchiveMember& membe
     return true;
 }
 
-Outcome readMembers(const QByteArray& bytes, qint64 before, std::vector<ArchiveMember>& members)
+/// Whether what follows the last readable record is too long to be nothing, and no other kind of
+/// record (a signature, 64-bit end records).
+bool hidesMembers(const QByteArray& rest)
 {
+    return rest.size() >= kRecordSize && !rest.startsWith(QByteArrayLiteral("PK\5\5")) &&
+           !rest.startsWith(QByteArrayLiteral("PK\6"));
+}
+
+Outcome readMembers(const QByteArray& bytes, qint64 before, ArchiveDirectory& directory)
+{
+    std::vector<ArchiveMember>& members = directory.members;
     qsizetype at = 0;
     for (ArchiveMember member; readRecord(bytes, at, member); member = {}) {
         if (members.size() == ArchiveLimits::kMembersRead)
@@ -105,6 +114,7 @@ Outcome readMembers(const QByteArray& bytes, qint64 before, std::vector<ArchiveM
             member.offset += static_cast<quint64>(before);
         members.push_back(std::move(member));
     }
+    directory.isComplete = !hidesMembers(bytes.mid(at));
     return {};
 }
 
@@ -141,7 +151,7 @@ Outcome readDirectory(QIODevice& device, ArchiveDirectory& directory)
     if (bytes.size() != size)
         return Outcome::failure(device.errorString());
     directory.comment = end->comment;
-    return readMembers(bytes, end->before, directory.members);
+    return readMembers(bytes, end->before, directory);
 }
 
 QByteArray withoutExtraFields(const QByteArray& extra, std::initializer_list<quint16> kinds)

@@ -38,6 +38,7 @@ struct ArchiveDirectory
 {
     std::vector<ArchiveMember> members; ///< in the archive's order
     QByteArray comment;
+    bool isComplete = true; ///< false when damage hides the members after the last one
 };
 
 /// Reads the directory of the archive in a readable, seekable device. A damaged directory ends

@@ -31,4 +31,8 @@ inline constexpr qsizetype kFolders = 8192;
 /// that together share their data.
 inline constexpr quint64 kExpansion = 1032;
 
+/// Compressed bytes that are read of all members together, as a multiple of the archive's size.
+/// Members may share their data; whoever shares more is deflated anew in a save.
+inline constexpr quint64 kRawReads = 4;
+
 } // namespace ArchiveLimits

@@ -16,6 +16,7 @@ constexpr quint64 kChunkSize = 8192;
 ArchiveReader::ArchiveReader(QIODevice& device, const std::vector<ArchiveMember>& members)
     : m_members(members),
       m_believable(ArchiveLimits::kExpansion * static_cast<quint64>(device.size())),
+      m_rawBelievable(ArchiveLimits::kRawReads * static_cast<quint64>(device.size())),
       m_plain(device, members),
       m_device(m_plain)
 {
@@ -64,10 +65,13 @@ Outcome ArchiveReader::copyContent(MemberStream& stream, quint64& remaining, QIO
 
 std::optional<quint32> ArchiveReader::rawCrc(std::size_t index)
 {
+    quint64 remaining = m_members[index].packedSize;
+    if (remaining > m_rawBelievable)
+        return std::nullopt;
+    m_rawBelievable -= remaining;
     MemberStream stream = open(index, MemberStream::Form::Raw);
     if (!stream.isOpen())
         return std::nullopt;
-    quint64 remaining = m_members[index].packedSize;
     std::array<char, kChunkSize> chunk{};
     uLong crc = crc32(0, nullptr, 0);
     while (remaining > 0) {

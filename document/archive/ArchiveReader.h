@@ -29,7 +29,8 @@ public:
     /// @param whole receives whether the content is complete and its checksum right.
     Outcome extract(std::size_t index, QIODevice& target, bool& whole);
 
-    /// CRC of the index-th member's compressed bytes; nullopt when they cannot all be read.
+    /// CRC of the index-th member's compressed bytes; nullopt when they cannot all be read, or when
+    /// the members share more data than is worth reading.
     [[nodiscard]] std::optional<quint32> rawCrc(std::size_t index);
 
 private:
@@ -41,7 +42,8 @@ private:
     Outcome copyContent(MemberStream& stream, quint64& remaining, QIODevice& target);
 
     const std::vector<ArchiveMember>& m_members;
-    quint64 m_believable; ///< bytes that may still be unpacked
+    quint64 m_believable;    ///< bytes that may still be unpacked
+    quint64 m_rawBelievable; ///< compressed bytes that may still be read
     PlainArchive m_plain;
     ArchiveDevice m_device;
     std::unique_ptr<std::remove_pointer_t<unzFile>, Closer> m_archive;

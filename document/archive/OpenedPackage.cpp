@@ -4,6 +4,7 @@
 #include "document/archive/AtomicFile.h"
 #include "document/archive/FolderListing.h"
 #include "document/archive/PackageSaver.h"
+#include "document/archive/PrivateFolder.h"
 #include "document/archive/Unpacking.h"
 
 #include <QDir>
@@ -53,12 +54,13 @@ Outcome OpenedPackage::unpack(const QString& archivePath, const QString& folder)
     if (Outcome read = readDirectory(file, directory); !read)
         return read;
     m_comment = directory.comment;
+    m_isComplete = directory.isComplete;
     return unpackMembers(file, directory.members, folder, m_members);
 }
 
 Outcome OpenedPackage::save(const QString& folder, const QString& destination)
 {
-    const bool exists = QDir().mkpath(folder);
+    const bool exists = ensurePrivateFolder(folder);
     const std::optional<QStringList> files = exists ? filesBelow(folder) : std::nullopt;
     if (!files)
         return Outcome::failure(ArchiveText::tr("The folder \"%1\" cannot be read").arg(folder));

@@ -23,6 +23,9 @@ public:
     /// useless, and the folder has what was written before.
     Outcome unpack(const QString& archivePath, const QString& folder);
 
+    /// Whether the archive's directory could be read to its end. If not, a save would lose members.
+    [[nodiscard]] bool isComplete() const { return m_isComplete; }
+
     /// Replaces the file at `destination` with an archive of the files in the folder, and remembers
     /// that one instead.
     ///
@@ -43,6 +46,7 @@ private:
     QString m_path;                         ///< of the archive
     std::optional<FileIdentity> m_identity; ///< when it was read; nullopt if it must not be used
     QByteArray m_comment;
+    bool m_isComplete = true;
     std::vector<UnpackedMember> m_members;
     std::vector<WrittenMember> m_unread; ///< saved to m_path, but not read again yet
 };

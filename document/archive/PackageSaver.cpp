@@ -4,10 +4,13 @@
 #include "document/archive/Unpacking.h"
 
 #include <QDateTime>
+#include <QFileInfo>
 #include <QTemporaryFile>
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -28,6 +31,30 @@ quint32 dosDateOf(const QDateTime& time)
     return static_cast<quint32>(day) << 16U | static_cast<quint32>(second);
 }
 
+Outcome cannotRead(const QFile& file)
+{
+    return Outcome::failure(
+        ArchiveText::tr("\"%1\" cannot be read: %2").arg(file.fileName(), file.errorString()));
+}
+
+/// Opens for reading, but nothing that is there and no file: a pipe would wait for a writer.
+Outcome openFile(QFile& file)
+{
+    const QFileInfo info(file);
+    if (info.exists() && !info.isFile())
+        return Outcome::failure(ArchiveText::tr("\"%1\" is not a file").arg(file.fileName()));
+    return file.open(QIODevice::ReadOnly) ? Outcome() : cannotRead(file);
+}
+
+/// Whether there is certainly no file. One that cannot be looked at is not missing.
+bool isMissing(const QString& path)
+{
+    const QFileInfo info(path);
+    std::error_code error;
+    return !info.exists() && std::filesystem::status(info.filesystemFilePath(), error).type() ==
+                                 std::filesystem::file_type::not_found;
+}
+
 /// Whether an open file has the content that a member has, by size and CRC; then reads it again
 /// from the start.
 /// @return a failure when the file cannot be read
@@ -45,7 +72,7 @@ Outcome compare(QFile& file, const ArchiveMember& member, bool& same)
         total += static_cast<quint64>(count);
     }
     if (count < 0 || !file.seek(0))
-        return Outcome::failure(file.errorString());
+        return cannotRead(file);
     same = total == member.size && crc == member.crc;
     return {};
 }
@@ -96,12 +123,12 @@ Outcome PackageSaver::writeMember(std::size_t index)
 Outcome PackageSaver::writeOwner(std::size_t index)
 {
     const UnpackedMember& member = m_members[index];
-    QFile file(m_folder.filePath(member.path));
-    // Asked both ways: a file that is there but cannot be looked at must not count as missing.
-    if (!m_keys.contains(fileKey(member.path)) && !file.exists())
+    QFile file(m_folder.path() + u'/' + member.path);
+    // The listing leaves out hidden files.
+    if (!m_keys.contains(fileKey(member.path)) && isMissing(file.fileName()))
         return writeWithoutFile(index);
-    if (!file.open(QIODevice::ReadOnly))
-        return Outcome::failure(file.errorString());
+    if (Outcome opened = openFile(file); !opened)
+        return opened;
     bool same = false;
     if (Outcome compared = compare(file, member.record, same); !compared)
         return compared;
@@ -135,8 +162,8 @@ Outcome PackageSaver::writeNewFiles()
         if (known.contains(fileKey(name)))
             continue;
         QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
-            return Outcome::failure(file.errorString());
+        if (Outcome opened = openFile(file); !opened)
+            return opened;
         if (Outcome added = deflate(newMember(name.toUtf8(), m_now), name, file); !added)
             return added;
     }

@@ -8,9 +8,13 @@
 #include "tests/support/PackageBuilder.h"
 #include "tests/support/RawArchive.h"
 #include "tests/support/SavedArchive.h"
+#ifdef Q_OS_LINUX
+#include "tests/support/Unprivileged.h"
+#endif
 
 #include <QDateTime>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -303,6 +307,57 @@ TEST_F(OpenedPackageTest, WritesFoldersThatCannotBeCopiedWithoutTheirData)
     EXPECT_EQ(m_after.directory().members[0].dosDate, kSomeDate);
 }
 
+TEST_F(OpenedPackageTest, NoticesADirectoryThatEndsInDamage)
+{
+    openRich();
+    EXPECT_TRUE(m_package.isComplete());
+    QByteArray bytes = RawArchive::build({Member{"a", "1"}, Member{"b", "2"}, Member{"c", "3"}});
+    bytes[bytes.lastIndexOf("PK\1\2")] = 'X';
+    open(bytes);
+    EXPECT_FALSE(m_package.isComplete());
+}
+
+TEST_F(OpenedPackageTest, SavesAFileWhoseNameLooksLikeAResource)
+{
+    open(RawArchive::build({Member{":logo.png", "pixels"}}));
+    ASSERT_TRUE(writeFile(inFolder(":logo.png"), "edited"));
+    save(m_other);
+    EXPECT_EQ(m_after.content(0), "edited");
+}
+
+TEST_F(OpenedPackageTest, ReadsSharedDataOnlyAFewTimes)
+{
+    // Each member asks for all of the data, but unpacks to one byte.
+    const QByteArray shared(1'000'000, 's');
+    std::vector<Member> members{Member{"a", shared, RawArchive::kStored}};
+    for (int i = 0; i < 3000; ++i) {
+        Member member{"m" + QByteArray::number(i), shared, RawArchive::kStored};
+        member.listedOnly = true;
+        member.offset = 0;
+        member.size = 1;
+        members.push_back(member);
+    }
+    const QByteArray bytes = RawArchive::build(members);
+    ASSERT_TRUE(writeFile(m_path, bytes));
+    QElapsedTimer timer;
+    timer.start();
+    static_cast<void>(m_package.unpack(m_path, m_folder));
+    EXPECT_LT(timer.elapsed(), 20'000) << "3 GB were read";
+}
+
+TEST_F(OpenedPackageTest, MakesALostUnpackFolderForNobodyElse)
+{
+    openRich();
+    ASSERT_TRUE(QDir(m_folder).removeRecursively());
+    save(m_other);
+    EXPECT_EQ(m_after.members(), m_before.members());
+#ifdef Q_OS_UNIX
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
+                        QFile::WriteOther | QFile::ExeOther;
+    EXPECT_FALSE(QFile::permissions(m_folder) & others);
+#endif
+}
+
 TEST_F(OpenedPackageTest, SaysWhyAnArchiveIsRefused)
 {
     const auto reason = [this](const QByteArray& bytes) {
@@ -376,6 +431,24 @@ TEST_F(OpenedPackageTest, NoticesALocalHeaderDamagedSince)
     EXPECT_EQ(m_after.content(0), QByteArray(3000, 'p'));
 }
 
+TEST_F(OpenedPackageTest, TakesNoFileForMissingThatCannotBeLookedAt)
+{
+    EXPECT_TRUE(runUnprivileged([] {
+        const QTemporaryDir world(openFolderTemplate());
+        const QString path = world.filePath(QStringLiteral("a.zconf2"));
+        const QString folder = world.filePath(QStringLiteral("unpacked"));
+        const QString hidden = folder + QStringLiteral("/.h");
+        OpenedPackage package;
+        const bool prepared = writeFile(path, RawArchive::build({Member{".h/x", "old"}})) &&
+                              package.unpack(path, folder) &&
+                              writeFile(hidden + QStringLiteral("/x"), "edited") &&
+                              QFile::setPermissions(hidden, {});
+        const bool saved = static_cast<bool>(package.save(folder, path));
+        QFile::setPermissions(hidden, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        return prepared && !saved;
+    }));
+}
+
 TEST_F(OpenedPackageTest, DoesNotWaitForAPipe)
 {
     ASSERT_EQ(mkfifo(QFile::encodeName(m_path).constData(), 0600), 0);
@@ -385,6 +458,9 @@ TEST_F(OpenedPackageTest, DoesNotWaitForAPipe)
     ASSERT_TRUE(QFile::remove(m_path));
     ASSERT_EQ(mkfifo(QFile::encodeName(m_path).constData(), 0600), 0);
     save(m_other);
+    ASSERT_TRUE(QFile::remove(inFolder(".hidden")));
+    ASSERT_EQ(mkfifo(QFile::encodeName(inFolder(".hidden")).constData(), 0600), 0);
+    expectFails(QStringLiteral("\"%1\" is not a file").arg(inFolder(".hidden")));
 }
 
 #endif
