@@ -156,8 +156,6 @@ void DashCanvas::mousePressEvent(QMouseEvent* event)
 
 void DashCanvas::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!event->buttons().testFlag(Qt::LeftButton))
-        cancelDrag(); // its release was lost
     DashElement* const element = selectedElement();
     if (!m_drag.isActive() || !element)
         return;

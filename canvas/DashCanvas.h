@@ -22,7 +22,7 @@ class TelemetrySession;
 ///
 /// A drag changes the record live and becomes one MoveCommand on release. Any command that runs
 /// during a drag cancels it first; see cancelDrag. So does a lost release: the focus moves away (to
-/// a menu, say), the pointer moves with no button held, or the next press arrives.
+/// a menu, say) or the next press arrives.
 ///
 /// The canvas owns neither page, document, session nor undo stack. It points into the records: when
 /// one moves or goes, call setPage or rebindPage before the canvas handles its next event.

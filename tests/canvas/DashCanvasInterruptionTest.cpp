@@ -207,21 +207,6 @@ TEST_F(DashCanvasInDocument, TheDeleteShortcutTakesTheDragBackFirst)
 }
 
 // Releases are lost when a popup or another window gets them.
-TEST_F(DashCanvasInDocument, APointerWithoutButtonEndsADrag)
-{
-    press(at(120, 120));
-    moveTo(at(300, 300));
-    const QPoint point = at(310, 300);
-    QMouseEvent hover(QEvent::MouseMove, point, m_canvas.mapToGlobal(point), Qt::NoButton,
-                      Qt::NoButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&m_canvas, &hover);
-    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
-    moveTo(at(320, 300));
-    release(at(320, 300));
-    EXPECT_EQ(geometryOf(element(0)), (ElementGeometry{100, 100, 50, 40}));
-    EXPECT_EQ(m_stack.count(), 0);
-}
-
 TEST_F(DashCanvasInDocument, ASecondPressEndsADrag)
 {
     press(at(120, 120));

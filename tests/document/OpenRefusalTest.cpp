@@ -29,6 +29,15 @@ BadPackage withOverlay(const std::string& title, const QByteArray& overlay)
     return {title, RawArchive::build({Member{"overlay.ov3.xml", overlay}})};
 }
 
+/// The overlay can be read, but a save would lose the member behind the damage.
+QByteArray damagedDirectory(const QByteArray& overlay)
+{
+    QByteArray bytes =
+        RawArchive::build({Member{"overlay.ov3.xml", overlay}, Member{"0.png", "pixels"}});
+    bytes[bytes.lastIndexOf("PK\1\2")] = 'X';
+    return bytes;
+}
+
 std::vector<BadPackage> badPackages()
 {
     const QByteArray overlay = TestPackage::overlayXml({TestPackage::page("P", 800, 480)});
@@ -37,6 +46,7 @@ std::vector<BadPackage> badPackages()
         withOverlay("MalformedOverlay", overlay.left(overlay.size() - 20)),
         withOverlay("OverlayWithoutPages", TestPackage::overlayXml({})),
         withOverlay("OverlayOfAnotherKind", "<other/>"),
+        {"DamagedDirectory", damagedDirectory(overlay)},
         {"NoOverlay", RawArchive::build({Member{"readme.txt", "no overlay here"}})}};
     // What cannot be unpacked cannot be opened, whatever overlay it may hold beside that.
     for (const AwkwardArchive& archive : awkwardArchives()) {
