@@ -1,0 +1,225 @@
+// What a save makes of damaged packages, of packages made to do harm, and of files that are in the
+// way.
+
+#include "tests/document/archive/OpenedPackageFixture.h"
+#include "tests/support/AwkwardArchives.h"
+
+#include <QElapsedTimer>
+
+#ifdef Q_OS_LINUX
+#include "tests/support/Unprivileged.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#endif
+
+using RawArchive::Member;
+using TestPackage::readFile;
+using TestPackage::writeFile;
+
+TEST_F(OpenedPackageTest, WritesDamagedMembersAsFarAsTheyCouldBeRead)
+{
+    Member badCrc{"bad", "content"};
+    badCrc.crc = 12345;
+    Member cut{"cut", QByteArray(50, 'c')};
+    cut.data = RawArchive::deflated(cut.content).left(4);
+    Member hiddenByTheNext = badCrc;
+    hiddenByTheNext.name = "twice";
+    Member tooShort{"short", "content", RawArchive::kStored};
+    tooShort.size = 3;
+    open(RawArchive::build({badCrc, cut, hiddenByTheNext, Member{"twice", "last"}, tooShort}));
+    const auto files = FolderTools::contents(m_folder);
+    save(m_other);
+    EXPECT_EQ(m_after.names(), m_before.names());
+    EXPECT_EQ(m_after.content(0), "content");
+    EXPECT_EQ(m_after.content(1), files.at(QStringLiteral("cut")));
+    EXPECT_EQ(m_after.content(2), "content");
+    EXPECT_EQ(m_after.content(3), "last");
+    EXPECT_EQ(m_after.content(4), "con");
+}
+
+TEST_F(OpenedPackageTest, WritesADamagedMemberWhoseFileIsGoneFromThePackage)
+{
+    Member badCrc{"bad", "content"};
+    badCrc.crc = 12345;
+    open(RawArchive::build({badCrc}));
+    ASSERT_TRUE(QFile::remove(inFolder("bad")));
+    save(m_other);
+    EXPECT_EQ(m_after.content(0), "content");
+}
+
+TEST_F(OpenedPackageTest, WritesFoldersThatCannotBeCopiedWithoutTheirData)
+{
+    Member encrypted{"f/", "secret", RawArchive::kStored, RawArchive::kEncrypted};
+    encrypted.date = kSomeDate;
+    open(RawArchive::build({encrypted, Member{"g/", "", 12}, Member{"f/a", "x"}}));
+    save(m_other);
+    EXPECT_EQ(m_after.names(), m_before.names());
+    EXPECT_EQ(m_after.directory().members[0].size, 0U);
+    EXPECT_EQ(m_after.directory().members[0].dosDate, kSomeDate);
+}
+
+TEST_F(OpenedPackageTest, NoticesADirectoryThatEndsInDamage)
+{
+    openRich();
+    EXPECT_TRUE(m_package.isComplete());
+    QByteArray bytes = RawArchive::build({Member{"a", "1"}, Member{"b", "2"}, Member{"c", "3"}});
+    bytes[bytes.lastIndexOf("PK\1\2")] = 'X';
+    open(bytes);
+    EXPECT_FALSE(m_package.isComplete());
+}
+
+TEST_F(OpenedPackageTest, ReadsSharedDataOnlyAFewTimes)
+{
+    // Each member asks for all of the data, but unpacks to one byte.
+    const QByteArray shared(1'000'000, 's');
+    std::vector<Member> members{Member{"a", shared, RawArchive::kStored}};
+    for (int i = 0; i < 3000; ++i) {
+        Member member{"m" + QByteArray::number(i), shared, RawArchive::kStored};
+        member.listedOnly = true;
+        member.offset = 0;
+        member.size = 1;
+        members.push_back(member);
+    }
+    const QByteArray bytes = RawArchive::build(members);
+    ASSERT_TRUE(writeFile(m_path, bytes));
+    QElapsedTimer timer;
+    timer.start();
+    static_cast<void>(m_package.unpack(m_path, m_folder));
+    EXPECT_LT(timer.elapsed(), 20'000) << "3 GB were read";
+}
+
+TEST_F(OpenedPackageTest, SaysWhyAnArchiveIsRefused)
+{
+    const auto reason = [this](const QByteArray& bytes) {
+        writeFile(m_path, bytes);
+        return OpenedPackage().unpack(m_path, m_folder).reason().toStdString();
+    };
+    Member encrypted{"a", "x"};
+    encrypted.flags = RawArchive::kEncrypted;
+    QByteArray local = RawArchive::build({Member{"a", "x"}, Member{"<b>&%1", "x"}});
+    local[local.lastIndexOf("PK\3\4")] = 'X';
+    EXPECT_EQ(reason("no archive"), "The file is not a ZIP archive");
+    EXPECT_EQ(reason(RawArchive::build({encrypted})), "The archive is protected by a password");
+    EXPECT_EQ(reason(RawArchive::build({Member{"a", "x", 12}})),
+              "The member \"a\" is compressed with an unknown method");
+    EXPECT_EQ(reason(RawArchive::build({Member{"../a", "x"}})),
+              "The name \"../a\" leads out of the package");
+    EXPECT_EQ(reason(local), "The member \"<b>&%1\" is damaged");
+    EXPECT_EQ(OpenedPackage().unpack(m_other, m_folder).reason().toStdString(),
+              "No such file or directory");
+    EXPECT_EQ(OpenedPackage().unpack(m_world.path(), m_folder).reason().toStdString(),
+              "The file is not a ZIP archive");
+}
+
+#ifdef Q_OS_LINUX
+
+namespace {
+
+/// Changes bytes of a file so that its size, its time and its place on the disk stay.
+void changeUnnoticed(const QString& path, qsizetype at, const QByteArray& bytes)
+{
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status = {};
+    ASSERT_EQ(stat(name.constData(), &status), 0);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.seek(at) && file.write(bytes) == bytes.size());
+    file.close();
+    const struct timespec times[] = {status.st_atim, status.st_mtim};
+    ASSERT_EQ(utimensat(AT_FDCWD, name.constData(), times, 0), 0);
+}
+
+} // namespace
+
+TEST_F(OpenedPackageTest, NeverTrustsWhatItCopies)
+{
+    openRich();
+    const qsizetype data = readFile(m_path).indexOf("pppp");
+    changeUnnoticed(m_path, data, "damage");
+    save(m_other);
+    EXPECT_EQ(m_after.content(0), QByteArray(3000, 'p'));
+    auto members = m_after.members();
+    members[0] = m_before.members()[0];
+    EXPECT_EQ(members, m_before.members()) << "all others are copied";
+}
+
+TEST_F(OpenedPackageTest, FailsWhenDamageHitsAMemberWithoutAFile)
+{
+    openRich();
+    const qsizetype data = readFile(m_path).indexOf("pppp");
+    changeUnnoticed(m_path, data, "damage");
+    ASSERT_TRUE(QFile::remove(inFolder("z.png")));
+    expectFails(QStringLiteral("The file \"z.png\" is missing, and the package was changed since "
+                               "it was opened"));
+}
+
+TEST_F(OpenedPackageTest, NoticesALocalHeaderDamagedSince)
+{
+    openRich();
+    changeUnnoticed(m_path, 0, "XX");
+    save(m_other);
+    EXPECT_EQ(m_after.content(0), QByteArray(3000, 'p'));
+}
+
+TEST_F(OpenedPackageTest, TakesNoFileForMissingThatCannotBeLookedAt)
+{
+    EXPECT_TRUE(runUnprivileged([] {
+        const QTemporaryDir world(openFolderTemplate());
+        const QString path = world.filePath(QStringLiteral("a.zconf2"));
+        const QString folder = world.filePath(QStringLiteral("unpacked"));
+        const QString hidden = folder + QStringLiteral("/.h");
+        OpenedPackage package;
+        const bool prepared = writeFile(path, RawArchive::build({Member{".h/x", "old"}})) &&
+                              package.unpack(path, folder) &&
+                              writeFile(hidden + QStringLiteral("/x"), "edited") &&
+                              QFile::setPermissions(hidden, {});
+        const bool saved = static_cast<bool>(package.save(folder, path));
+        QFile::setPermissions(hidden, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        return prepared && !saved;
+    }));
+}
+
+TEST_F(OpenedPackageTest, DoesNotWaitForAPipe)
+{
+    ASSERT_EQ(mkfifo(QFile::encodeName(m_path).constData(), 0600), 0);
+    EXPECT_FALSE(m_package.unpack(m_path, m_folder));
+    ASSERT_TRUE(QFile::remove(m_path));
+    openRich();
+    ASSERT_TRUE(QFile::remove(m_path));
+    ASSERT_EQ(mkfifo(QFile::encodeName(m_path).constData(), 0600), 0);
+    save(m_other);
+    ASSERT_TRUE(QFile::remove(inFolder(".hidden")));
+    ASSERT_EQ(mkfifo(QFile::encodeName(inFolder(".hidden")).constData(), 0600), 0);
+    expectFails(QStringLiteral("\"%1\" is not a file").arg(inFolder(".hidden")));
+}
+
+#endif
+
+namespace {
+
+std::string titleOf(const testing::TestParamInfo<AwkwardArchive>& archive)
+{
+    return archive.param.title;
+}
+
+class AwkwardSaveTest : public OpenedPackageTest, public testing::WithParamInterface<AwkwardArchive>
+{
+};
+
+} // namespace
+
+TEST_P(AwkwardSaveTest, SavesAWholePackageWithTheSameMembers)
+{
+    ASSERT_TRUE(writeFile(m_path, GetParam().bytes));
+    if (!m_package.unpack(m_path, m_folder))
+        return; // nothing is saved of an archive that was refused
+    m_before = SavedArchive(m_path);
+    save(m_other);
+    EXPECT_EQ(m_after.names(), m_before.names());
+    const QTemporaryDir again(FolderTools::memoryTemplate());
+    ASSERT_TRUE(OpenedPackage().unpack(m_other, again.path()));
+    EXPECT_EQ(FolderTools::contents(again.path()), GetParam().files);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, AwkwardSaveTest, testing::ValuesIn(awkwardArchives()), titleOf);
