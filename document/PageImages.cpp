@@ -28,6 +28,15 @@ bool hasColorTable(QImage::Format format)
            format == QImage::Format_Indexed8;
 }
 
+/// Whether the image takes more memory at its full size than decoding may.
+bool isTooLarge(const QImageReader& reader)
+{
+    constexpr qint64 kMost = qint64{DocumentLimits::kImageDecodingMebibytes} * 1024 * 1024;
+    const QSize size = reader.size();
+    const int pixelSize = hasColorTable(reader.imageFormat()) ? 1 : 4;
+    return size.isValid() && qint64{size.width()} * size.height() * pixelSize > kMost;
+}
+
 QImage scaledTo(const QImage& image, const QSize& size)
 {
     // Smooth scaling needs four bytes a pixel, so most of the way is done without. It also loses
@@ -44,25 +53,27 @@ void PageImages::load(DashPage& page, const QString& rawPath, const QString& ove
 {
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         return;
-    if (!rawPath.isEmpty())
-        loadFile(page, FixedPaths::imageRoot() + rawPath);
-    if (page.image.isNull())
-        loadFile(page, overlayFolder + u'/' + QString::number(page.index) + QStringLiteral(".png"));
+    if (!rawPath.isEmpty() && loadFile(page, FixedPaths::imageRoot() + rawPath))
+        return;
+    static_cast<void>(loadFile(page, overlayFolder + u'/' + QString::number(page.index) +
+                                         QStringLiteral(".png")));
 }
 
-void PageImages::loadFile(DashPage& page, const QString& candidate)
+/// @return whether the file is the page's image: it was read, or it is too large for that.
+bool PageImages::loadFile(DashPage& page, const QString& candidate)
 {
     const QFileInfo file(candidate);
     if (!file.isFile())
-        return;
+        return false;
     page.imagePath = candidate;
     const QString key = file.canonicalFilePath();
     auto known = m_decoded.constFind(key);
-    if (known == m_decoded.constEnd()) {
-        QImageReader reader(candidate);
+    QImageReader reader(candidate);
+    const bool tooLarge = isTooLarge(reader);
+    if (known == m_decoded.constEnd())
         known = m_decoded.insert(key, QPixmap::fromImage(decode(reader)));
-    }
     page.image = *known;
+    return tooLarge || !page.image.isNull();
 }
 
 QImage PageImages::decode(QImageReader& reader)

@@ -17,12 +17,13 @@ class PageImages
 {
 public:
     /// Sets imagePath and image of the page: the file rawPath below the maker's image folder, else
-    /// the one in overlayFolder that has the page's number. An image that cannot be read is null.
-    /// Does nothing without a QGuiApplication, because a pixmap needs one.
+    /// the one in overlayFolder that has the page's number. An image that cannot be read is null;
+    /// one that is too large to be decoded is null and not replaced by the other file. Does nothing
+    /// without a QGuiApplication, because a pixmap needs one.
     void load(DashPage& page, const QString& rawPath, const QString& overlayFolder);
 
 private:
-    void loadFile(DashPage& page, const QString& candidate);
+    [[nodiscard]] bool loadFile(DashPage& page, const QString& candidate);
     [[nodiscard]] QImage decode(QImageReader& reader);
     [[nodiscard]] QImage decodeReduced(QImageReader& reader);
     [[nodiscard]] QSize reducedSize(const QSize& size) const;

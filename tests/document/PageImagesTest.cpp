@@ -10,8 +10,10 @@
 #include <QImageReader>
 #include <QScreen>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
+#include <zlib.h>
 
 namespace {
 
@@ -53,6 +55,19 @@ QByteArray stripedPng(int width, int height, QImage::Format format)
             image.setPixel(x, y, 1);
     }
     return pngBytes(image);
+}
+
+/// The image with another size in its header, whose checksum is right.
+QByteArray withSize(QByteArray bytes, quint32 width, quint32 height)
+{
+    constexpr qsizetype kHeader = 12;       // where the header's type begins
+    constexpr qsizetype kHeaderLength = 17; // of type and content
+    qToBigEndian(width, bytes.data() + kHeader + 4);
+    qToBigEndian(height, bytes.data() + kHeader + 8);
+    const uLong crc = crc32(0, reinterpret_cast<const Bytef*>(bytes.constData()) + kHeader,
+                            static_cast<uInt>(kHeaderLength));
+    qToBigEndian(static_cast<quint32>(crc), bytes.data() + kHeader + kHeaderLength);
+    return bytes;
 }
 
 QByteArray png(int width)
@@ -247,6 +262,14 @@ TEST_F(PageImagesTest, ASmallerOneIsNotReplacedByTheOneBesideTheOverlay)
     EXPECT_EQ(page(1).imagePath, FixedPaths::imageRoot() + QStringLiteral("Pictures/p1.png"));
     EXPECT_TRUE(fitsScreen(page(1).image));
     EXPECT_EQ(page(1).image.toImage().pixelColor(5, 5), QColor(Qt::blue));
+}
+
+TEST_F(PageImagesTest, OneTooLargeToDecodeIsNotReplacedEither)
+{
+    makeRootImage(withSize(png(11), 30'000, 30'000));
+    ASSERT_TRUE(open({{QStringLiteral("layout/1.png"), png(22)}}));
+    EXPECT_EQ(page(1).imagePath, FixedPaths::imageRoot() + QStringLiteral("Pictures/p1.png"));
+    EXPECT_TRUE(page(1).image.isNull());
 }
 
 TEST_F(PageImagesTest, ASmallerOneWithAColorTableKeepsItsColors)
