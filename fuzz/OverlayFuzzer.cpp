@@ -1,5 +1,6 @@
 // Reads arbitrary bytes as an overlay, writes it back and reads that again: the records must be the
-// same, and so must the bytes of a second save.
+// same. A further save must write the same bytes: by then texts that a reference to a NUL has
+// emptied are written as empty properties.
 
 #include "fuzz/FuzzTarget.h"
 #include "tests/support/InStep.h"
@@ -39,10 +40,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!overlay.isLoaded())
         return 0;
     const QByteArray records = InStep::recordsText(overlay.document);
-    const QByteArray written = overlay.written();
-    FUZZ_REQUIRE(overlay.load(written));
+    FUZZ_REQUIRE(overlay.load(overlay.written()));
     FUZZ_REQUIRE(InStep::recordsText(overlay.document) == records);
-    FUZZ_REQUIRE(overlay.written() == written);
+    const QByteArray settled = overlay.written();
+    FUZZ_REQUIRE(overlay.load(settled));
+    FUZZ_REQUIRE(overlay.written() == settled);
     FUZZ_REQUIRE(InStep::firstDisagreement(overlay.document).isEmpty());
     return 0;
 }
