@@ -2,7 +2,7 @@
 # Running programs for Windows under Wine, on a display of its own; sourced after make_scratch, which
 # gives Wine a prefix of its own.
 
-# use_build_libraries: lets programs in the build find the libraries that are beside an installed one.
+# use_build_libraries: lets programs in the build find the libraries that an installed one has in its folder.
 use_build_libraries() {
     local library dll
     WINEPATH=Z:$windows_toolkit/prefix/bin
@@ -44,7 +44,7 @@ shows_window() {
     return 1
 }
 
-# starts_and_closes PROGRAM.EXE: starts the editor with nothing but what is beside it, waits for its
+# starts_and_closes PROGRAM.EXE: starts the editor with only the files in its folder, waits for its
 # window, closes it as its user would and expects it to end well. Wine's list of the loaded libraries is
 # in $work/loaded afterwards.
 starts_and_closes() {
