@@ -19,7 +19,6 @@ constexpr qsizetype kRecordSize = 46; ///< fixed part of a member's record
 constexpr qsizetype kFieldHeader = 4;
 constexpr quint16 kEncryptedFlag = 1;
 constexpr quint16 kDeflated = 8;
-constexpr quint32 kDosFolder = 0x10;
 /// A value that the field for 64-bit ones has instead.
 constexpr quint64 kWideValue = 0xffffffff;
 

@@ -49,5 +49,7 @@ Outcome readDirectory(QIODevice& device, ArchiveDirectory& directory);
 /// Extra fields without those of the kinds given. What does not parse is kept.
 [[nodiscard]] QByteArray withoutExtraFields(const QByteArray& extra,
                                             std::initializer_list<quint16> kinds);
+/// The external attribute that marks a folder; it counts for a member without content only.
+inline constexpr quint32 kDosFolder = 0x10;
 /// The kind of extra field that holds sizes and offsets beyond 32 bits.
 inline constexpr quint16 kWideField = 1;

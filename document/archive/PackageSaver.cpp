@@ -209,6 +209,7 @@ Outcome PackageSaver::recover(std::size_t index)
 Outcome PackageSaver::deflate(const ArchiveMember& like, const QString& path, QIODevice& content)
 {
     ArchiveMember header = like;
+    header.externalAttributes &= ~kDosFolder; // an empty file would open as a folder
     header.extra = withoutExtraFields(like.extra, {kUnixTimes, kFormerUnixTimes, kNtfsTimes});
     Outcome added = m_writer.addMember(header, content);
     m_written.push_back({like.rawName, path, m_writer.contentCrc(), {}});

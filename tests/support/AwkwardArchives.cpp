@@ -9,13 +9,13 @@ namespace {
 using RawArchive::Archive;
 using RawArchive::build;
 using RawArchive::kDataDescriptor;
+using RawArchive::kDosFolder;
 using RawArchive::kEncrypted;
 using RawArchive::kStored;
 using RawArchive::Member;
 using Cases = std::vector<AwkwardArchive>;
 
 constexpr quint16 kBzip2 = 12;
-constexpr quint32 kDosFolder = 0x10;
 
 QString text(const char* utf8)
 {

@@ -16,6 +16,7 @@ inline constexpr quint16 kDataDescriptor = 1U << 3U;
 inline constexpr quint16 kUtf8Name = 1U << 11U;
 /// External attributes of a symbolic link made on Unix; needs kMadeOnUnix.
 inline constexpr quint32 kSymbolicLink = 0120777U << 16U;
+inline constexpr quint32 kDosFolder = 0x10; ///< external attribute
 inline constexpr quint16 kMadeOnUnix = 3U << 8U | 20U;
 
 struct Member

@@ -38,6 +38,17 @@ TEST_F(OpenedPackageTest, WritesDamagedMembersAsFarAsTheyCouldBeRead)
     EXPECT_EQ(m_after.content(4), "con");
 }
 
+TEST_F(OpenedPackageTest, WritesAFileWithTheAttributeOfAFolderAsAFile)
+{
+    Member unreadable{"a", "content", RawArchive::kDeflate};
+    unreadable.attributes = RawArchive::kDosFolder; // counts for members without content only
+    unreadable.data = "\xFF";
+    open(RawArchive::build({unreadable}));
+    ASSERT_EQ(readFile(inFolder("a")), "");
+    save(m_other);
+    EXPECT_FALSE(m_after.directory().members[0].isFolder());
+}
+
 TEST_F(OpenedPackageTest, WritesADamagedMemberWhoseFileIsGoneFromThePackage)
 {
     Member badCrc{"bad", "content"};
