@@ -119,9 +119,24 @@ build_rapidcheck() {
     cross_build rapidcheck "$source" -DRC_ENABLE_GTEST=ON && mark_done rapidcheck
 }
 
+# What a package with these libraries must carry. Debian's file of each package has all its notices, also
+# those of the libraries that Qt contains.
+install_licences() {
+    local texts=$prefix/share/licenses library
+    say "Licences"
+    mkdir -p "$texts"
+    for library in qt6-base zlib minizip pugixml; do
+        cp "$sources/$library/debian/copyright" "$texts/$library.txt"
+    done
+    cp "$sources"/qt6-base/LICENSES/{LGPL,GPL}-3.0-only.txt "$texts"
+    cp /usr/share/doc/gcc-mingw-w64-x86-64-posix-runtime/copyright "$texts/gcc-runtime.txt"
+    cp /usr/share/doc/mingw-w64-x86-64-dev/copyright "$texts/mingw-w64.txt"
+}
+
 for library in zlib minizip pugixml qt googletest; do
     is_done "$library" || "build_$library"
 done
+install_licences
 # Serves a few tests only, and not every mirror has its source.
 is_done rapidcheck || build_rapidcheck || say "No RapidCheck: property tests will be left out"
 mark_done toolkit

@@ -2,14 +2,33 @@
 # scripts/build-windows.sh compares what mingw packs with packaging/windows/files.txt.
 
 # Qt loads plugins by name, so no link leads to them. The style was renamed in Qt 6.7.
-# The command-line program paints without a display.
-set(plugins_platforms QWindowsIntegrationPlugin QOffscreenIntegrationPlugin)
+set(plugins_platforms QWindowsIntegrationPlugin)
 set(plugins_styles QWindowsVistaStylePlugin QModernWindowsStylePlugin)
 set(plugins_imageformats QGifPlugin QICOPlugin QJpegPlugin)
 
 install(FILES "${GAUGEWRIGHT_SOURCE_DIR}/assets/icon.png" DESTINATION bin/assets)
 install(FILES "${GAUGEWRIGHT_SOURCE_DIR}/LICENSE" "${GAUGEWRIGHT_SOURCE_DIR}/CHANGELOG.md"
   "${GAUGEWRIGHT_SOURCE_DIR}/cli/gaugewright-cli.schema.json" DESTINATION .)
+
+# The licences of the libraries, from where each toolkit keeps them.
+install(FILES windows/licenses.txt DESTINATION licenses RENAME README.txt)
+if(VCPKG_INSTALLED_DIR)
+  set(licences "${VCPKG_INSTALLED_DIR}/${VCPKG_TARGET_TRIPLET}/share")
+  file(GLOB ports RELATIVE "${licences}" "${licences}/*/copyright")
+  foreach(port IN LISTS ports)
+    get_filename_component(name "${port}" DIRECTORY)
+    install(FILES "${licences}/${port}" DESTINATION licenses RENAME "${name}.txt")
+  endforeach()
+else()
+  find_path(GAUGEWRIGHT_LICENCES NAMES qt6-base.txt PATH_SUFFIXES share/licenses
+    DOC "Folder with the licences of the libraries in the packages")
+  mark_as_advanced(GAUGEWRIGHT_LICENCES)
+  if(GAUGEWRIGHT_LICENCES)
+    install(DIRECTORY "${GAUGEWRIGHT_LICENCES}/" DESTINATION licenses)
+  else() # the build itself needs none
+    install(CODE "message(FATAL_ERROR \"The licences of the libraries are missing\")")
+  endif()
+endif()
 
 if(CMAKE_CROSSCOMPILING)
   # CMake finds no run-time dependencies when cross-compiling: they are listed.
