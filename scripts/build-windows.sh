@@ -1,33 +1,69 @@
 #!/usr/bin/env bash
 # Builds the editor for Windows on Debian: the libraries (once, see scripts/windows-toolkit.sh), the
-# program with its samples, the archive and the installer in build/mingw/packages. Checks what is in the
-# archive and starts the program from it under Wine.
+# programs with their samples, the archive and the installer in build/mingw/packages. Checks which files
+# are in the archive and runs both programs from it under Wine. With --no-packages only the programs and
+# the sample packages are built; the checks are the same.
 source "$(dirname "$0")/common.sh"
+
+packages=build/mingw/packages
+samples=build/mingw/samples
+case ${1-} in
+"") pack=true ;;
+--no-packages) pack=false ;;
+*) die "Usage: $0 [--no-packages]" ;;
+esac
+
+# Both set root to a folder with the files that users get.
+make_packages() {
+    build_preset mingw
+    rm -rf "$packages"
+    cpack --preset mingw
+    unzip -q -d "$work/archive" "$packages/gaugewright-$(version)-win64.zip"
+    root=$(echo "$work/archive"/*)
+}
+
+install_programs() {
+    build_preset mingw --target gaugewright gaugewright-cli gaugewright_sample_packages_made
+    root=$work/installed
+    cmake --install build/mingw --prefix "$root" --strip >/dev/null
+}
+
+# cli ARGUMENT...: runs the command-line program with nothing but its own folder.
+cli() {
+    WINEPATH='' wine "$root/bin/gaugewright-cli.exe" "$@" </dev/null | tr -d '\r'
+}
+
+check_cli() {
+    local package=$samples/club-racing.zconf2
+    [ "$(cli --version)" = "gaugewright-cli $(version)" ] || die "gaugewright-cli reports no version"
+    cli show "$package" >"$work/listing"
+    grep -q '^page: "' "$work/listing" || die "gaugewright-cli shows no page: $(cat "$work/listing")"
+    cli render "$package" --page 1 --output "$work/pictures"
+    [ "$(head -c 4 "$work/pictures/page-1.png" | tail -c 3)" = PNG ] || die "gaugewright-cli paints no page"
+}
 
 ensure_packages "${build_packages[@]}" "${toolkit_packages[@]}" "${wine_packages[@]}"
 [ -e "$windows_toolkit/toolkit.done" ] || scripts/windows-toolkit.sh
 make_scratch
 source scripts/wine.sh
 
-packages=build/mingw/packages
-export CMAKE_PREFIX_PATH=$windows_toolkit/prefix
-
 # The samples are made by programs for Windows, so building them needs Wine. Tests that an earlier run
 # of scripts/prove-windows.sh has configured are no part of a package.
+export CMAKE_PREFIX_PATH=$windows_toolkit/prefix
 use_build_libraries
 umask 022
-rm -rf "$packages"
 cmake --preset mingw -DGAUGEWRIGHT_SAMPLES=ON -DBUILD_TESTING=OFF
-build_preset mingw
-cpack --preset mingw
+if "$pack"; then make_packages; else install_programs; fi
 
-say "Checking the archive"
-unzip -q -d "$work/archive" "$packages/gaugewright-$(version)-win64.zip"
-(cd "$work/archive"/*/ && find . -type f | sed 's|^\./||' | LC_ALL=C sort) |
-    diff packaging/windows/files.txt - || die "The archive does not hold what packaging/windows/files.txt names"
+say "Checking the files"
+(cd "$root" && find . -type f | sed 's|^\./||' | LC_ALL=C sort) |
+    diff packaging/windows/files.txt - || die "These are not the files that packaging/windows/files.txt names"
 
-say "Starting the program from it"
+say "Starting the programs"
 show_display
-starts_and_closes "$(echo "$work/archive"/*/bin/gaugewright.exe)"
-say "Packages for Windows"
-ls -l "$packages"/*.zip "$packages"/*.exe
+check_cli
+starts_and_closes "$root/bin/gaugewright.exe"
+if "$pack"; then
+    say "Packages for Windows"
+    ls -l "$packages"/*.zip "$packages"/*.exe
+fi
