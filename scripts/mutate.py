@@ -1,14 +1,14 @@
-"""Checks the tests: breaks the program in one place at a time and sees whether a test notices.
+"""Checks the tests: breaks the program in one place at a time and sees whether a test fails.
 
-usage: mutate.py SEED COUNT    tries COUNT mutants drawn at random, as many of each subsystem
-       mutate.py PLACE...      tries the mutants at these places (FILE:LINE:COLUMN, as printed) again
+usage: mutate.py SEED COUNT [FOLDER...]   tests COUNT random mutants of each folder, by default of every one
+       mutate.py PLACE...                 tests the mutants at these places (FILE:LINE:COLUMN, as printed)
 
-Runs at the root of the repository. The same seed draws the same mutants as long as the sources stay.
-The work is done on a copy of the sources below build/mutation: nothing else is ever changed.
+Runs at the root of the repository. The same seed draws the same mutants until the sources change.
+Works on a copy of the sources in build/mutation and changes nothing else.
 
-A mutant that does not compile does not count, another one is drawn. The tests of its own subsystem
-run first, then those of the subsystems that build on it. build/mutation/result.md gets the counts, what
-noticed each mutant, and the survivors; docs/mutation.md says what the survivors mean.
+A mutant that does not compile is replaced by another. The tests of its folder run first, then those of
+the folders that build on it. build/mutation/result.md lists the counts, the test that caught each mutant
+and the survivors; docs/mutation.md explains the survivors.
 """
 
 import collections
@@ -29,10 +29,12 @@ ROOT = pathlib.Path.cwd()
 WORK = ROOT / "build" / "mutation"
 COPY = WORK / "source"
 BUILD = WORK / "build"
-FLAGS = "-O0 -D_GLIBCXX_ASSERTIONS"  # indices out of range end the program, as in the sanitized tests
+FLAGS = "-O0 -D_GLIBCXX_ASSERTIONS"  # an index out of range ends the program, as in the sanitized tests
 TIMEOUT = 100  # seconds that a run of a test program may take
 MEMORY = 8 << 30  # bytes: a mutant that fills the memory must not take the machine with it
-SLOW = "MainWindowWalk.*:*Stay*:ArchiveLimitTest.*:AwkwardXml.*:*OpenFaultTest.*:*KeepsRealTime"  # run last
+SLOW = ":".join(["MainWindowWalk.*", "*Stay*", "*ThreeSeconds", "ArchiveLimitTest.*", "AwkwardXml.*",
+                 "HugeTexts.*", "PageImagesTest.*", "*OpenFaultTest.*", "SaveKillTest.*", "*KeepsRealTime",
+                 "*Moment", "*Minutes"])  # run last
 
 TESTS = {
     "document/archive": ["package_tests", "fault_tests"],
@@ -42,18 +44,22 @@ TESTS = {
     "widgets": ["widgets_tests"],
     "canvas": ["canvas_tests"],
     "dialogs": ["dialogs_tests"],
-    "app": ["app_replay_tests", "app_tests"],
+    "review": ["review_tests"],
+    "app": ["app_replay_tests", "app_refused_reader_tests", "app_tests", "app_startup_tests"],
+    "cli": ["cli_tests"],
 }
 Subsystem = collections.namedtuple("Subsystem", "folder target dependants")
 SUBSYSTEMS = [
-    Subsystem("document", "gaugewright_document", ["app/commands", "dialogs", "canvas", "app"]),
-    Subsystem("document/archive", "gaugewright_archive", ["document"]),
-    Subsystem("telemetry", "gaugewright_telemetry", ["canvas", "app"]),
+    Subsystem("document", "gaugewright_document", ["app/commands", "dialogs", "canvas", "review", "app"]),
+    Subsystem("document/archive", "gaugewright_archive", ["document", "review"]),
+    Subsystem("telemetry", "gaugewright_telemetry", ["canvas", "review", "app"]),
     Subsystem("app/commands", "gaugewright_commands", ["canvas", "app"]),
-    Subsystem("widgets", "gaugewright_widgets", ["canvas", "app"]),
-    Subsystem("canvas", "gaugewright_canvas", ["app"]),
+    Subsystem("widgets", "gaugewright_widgets", ["canvas", "dialogs", "app"]),
+    Subsystem("canvas", "gaugewright_canvas", ["app", "cli"]),
     Subsystem("dialogs", "gaugewright_dialogs", ["app"]),
+    Subsystem("review", "gaugewright_review", ["cli"]),
     Subsystem("app", "gaugewright", []),
+    Subsystem("cli", "gaugewright-cli", []),
 ]
 
 
@@ -101,7 +107,7 @@ def finished(process):
 
 
 def run(program, test_filter):
-    """The first test of a program that fails, and how unless plainly; empty when all pass."""
+    """The first test of a program that fails, with "died" or "timed out"; empty when all pass."""
     scratch = WORK / "tmp"
     shutil.rmtree(scratch, ignore_errors=True)
     scratch.mkdir()
@@ -123,32 +129,33 @@ def run(program, test_filter):
     return f"{last} (died)" if in_time else f"{last} (timed out)"
 
 
-def noticed(programs):
-    """What notices that the copy is broken; empty when nothing does."""
+def noticed(programs, first="-*"):
+    """The first test that fails, empty when all pass; first is the filter of the tests that run first."""
     for program in programs:
         if not build([program]):
             return f"building {program}"
-        for test_filter in (f"-{SLOW}", SLOW):
+        for test_filter in (first, f"-{SLOW}"):
             if failure := run(program, test_filter):
                 return failure
-    return ""
+    return next(filter(None, (run(program, SLOW) for program in programs)), "")
 
 
 def judge(mutant, subsystem):
-    """What notices the mutant; empty when nothing does, None when it does not compile."""
+    """The test that catches the mutant; empty when none does, None when it does not compile."""
     file = COPY / mutant.place.split(":")[0]
     file.write_text(mutant.changed, encoding="utf-8")
     try:
         if not build([subsystem.target]):
             return None
-        return noticed([program for folder in (subsystem.folder, *subsystem.dependants)
-                        for program in TESTS[folder]])
+        folders = (subsystem.folder, *subsystem.dependants)
+        programs = dict.fromkeys(program for folder in folders for program in TESTS[folder])
+        return noticed(programs, f"{file.stem}*")
     finally:
         file.write_text(mutant.text, encoding="utf-8")
 
 
 def try_out(subsystem, drawn, count):
-    """Pairs of a mutant and what noticed it, for the first count of those drawn that compile."""
+    """Pairs of a mutant and the test that caught it, for the first count of those drawn that compile."""
     outcomes = []
     for mutant in drawn:
         if len(outcomes) == count:
@@ -166,7 +173,7 @@ def summary(outcomes):
     lines = ["| folder | mutants | caught |", "|---|---|---|"]
     for title, found in [*((folder + "/", found) for folder, found in outcomes.items()), ("together", every)]:
         lines.append(f"| {title} | {len(found)} | {sum(bool(failure) for _, failure in found)} |")
-    lines += ["", "| mutant | noticed by |", "|---|---|"]
+    lines += ["", "| mutant | caught by |", "|---|---|"]
     lines += [f"| {mutant.place} | {failure or 'nothing'} |" for mutant, failure in every]
     for mutant, failure in every:
         if not failure:
@@ -174,10 +181,8 @@ def summary(outcomes):
     return "\n".join(lines) + "\n"
 
 
-def main():
-    if len(sys.argv) < 2 or sys.argv[1].isdigit() and len(sys.argv) != 3:
-        sys.exit(__doc__)
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # no test program may outlive this one
+def prepare():
+    """Copies, builds and tests the unchanged program."""
     synchronize()
     subprocess.run(["cmake", "-S", COPY, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
                     f"-DCMAKE_CXX_FLAGS_DEBUG={FLAGS}"], check=True)
@@ -186,16 +191,27 @@ def main():
         sys.exit("The unchanged program does not build.")
     if failure := noticed(programs):
         sys.exit(f"The unchanged program fails {failure}.")
+
+
+def main():
+    words = sys.argv[1:]
+    at_random = bool(words) and words[0].isdigit()
+    folders = words[2:] or [subsystem.folder for subsystem in SUBSYSTEMS]
+    if not words or at_random and not (words[1:2] and words[1].isdigit() and set(folders) <= set(TESTS)):
+        sys.exit(__doc__)
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # no test program may outlive this one
+    prepare()
     outcomes = {}
-    for number, subsystem in enumerate(SUBSYSTEMS):
-        if sys.argv[1].isdigit():
-            drawn = draw(subsystem, random.Random(f"{sys.argv[1]} {subsystem.folder}"))
-            count = (int(sys.argv[2]) + number) // len(SUBSYSTEMS)
+    for subsystem in SUBSYSTEMS:
+        if at_random:
+            drawn = draw(subsystem, random.Random(f"{words[0]} {subsystem.folder}"))
+            count = int(words[1]) if subsystem.folder in folders else 0
         else:
-            drawn = [mutant for mutant in draw(subsystem, random.Random(0)) if mutant.place in sys.argv[1:]]
+            drawn = [mutant for mutant in draw(subsystem, random.Random(0)) if mutant.place in words]
             count = len(drawn)
-        outcomes[subsystem.folder] = try_out(subsystem, drawn, count)
-        (WORK / "result.md").write_text(summary(outcomes), encoding="utf-8")
+        if count:
+            outcomes[subsystem.folder] = try_out(subsystem, drawn, count)
+            (WORK / "result.md").write_text(summary(outcomes), encoding="utf-8")
     print(summary(outcomes))
 
 
