@@ -1,7 +1,7 @@
 #include "app/ApplicationIdentity.h"
 
 #include "app/Version.h"
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 
 #include <QGuiApplication>
 #include <QIcon>

@@ -14,7 +14,7 @@
 #include "app/commands/PageCommand.h"
 #include "canvas/DashCanvas.h"
 #include "dialogs/AddElementDialog.h"
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 #include "widgets/BusyCursor.h"
 #include "widgets/PlainMessage.h"
 

@@ -1,7 +1,7 @@
 #include "cli/RecordingFile.h"
 
 #include "cli/Console.h"
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 #include "telemetry/TelemetrySession.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "document/PageImages.h"
 
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>

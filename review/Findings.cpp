@@ -2,8 +2,8 @@
 
 #include "document/DashboardDocument.h"
 #include "document/DisplayFonts.h"
-#include "document/FixedPaths.h"
 #include "document/OverlayReader.h"
+#include "paths/FixedPaths.h"
 #include "review/ElementFacts.h"
 #include "review/FactText.h"
 #include "review/PageNodes.h"

@@ -7,7 +7,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/packages.sh
 
 jobs=$(nproc)
-# The folders whose code is shipped.
+# The folders whose sources are shipped. paths/ has only a header.
 # shellcheck disable=SC2034 # used by the scripts that source this one
 shipped=(app canvas cli dialogs document review telemetry widgets)
 # Libraries for Windows that scripts/windows-toolkit.sh makes once, outside the tree.

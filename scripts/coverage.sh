@@ -13,7 +13,7 @@ report=build/coverage/report
 mkdir -p "$report"
 gcovr --root . --object-directory build/coverage -j "$jobs" --exclude-throw-branches \
     --exclude-unreachable-branches \
-    --filter "($(IFS='|' && echo "${shipped[*]}"))/" \
+    --filter "(paths|$(IFS='|' && echo "${shipped[*]}"))/" \
     --html-details "$report/index.html" --json-summary "$report/summary.json" \
     "${shipped[@]/#/build/coverage/}"
 python3 - "$report/summary.json" <<'PYTHON'

@@ -1,6 +1,6 @@
 #include "telemetry/MatchTrace.h"
 
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 
 #include <QFile>
 #include <QSet>

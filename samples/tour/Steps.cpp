@@ -1,5 +1,5 @@
 #include "dialogs/AddElementDialog.h"
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 #include "samples/tour/Stage.h"
 
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #include "app/AboutDialog.h"
 
 #include "app/ApplicationIdentity.h"
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

@@ -1,7 +1,7 @@
 // Files that are dropped on the window.
 
 #include "dialogs/AddElementDialog.h"
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 #include "tests/app/MainWindowFixture.h"
 
 #include <QDropEvent>

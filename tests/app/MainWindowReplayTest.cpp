@@ -1,4 +1,4 @@
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 #include "tests/app/MainWindowFixture.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/ScriptedReader.h"

@@ -1,6 +1,6 @@
 // The reader library is where the editor looks, but a library that it needs is not.
 
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 #include "tests/app/MainWindowFixture.h"
 
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 // Live values on the canvas, read from a real session on a scripted reader, against a picture
 // painted by hand.
 
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 #include "telemetry/TelemetrySession.h"
 #include "tests/canvas/CanvasFixture.h"
 #include "tests/canvas/ReferenceWidget.h"

@@ -1,5 +1,5 @@
 #include "document/DashboardDocument.h"
-#include "document/FixedPaths.h"
+#include "paths/FixedPaths.h"
 #include "tests/support/PackageBuilder.h"
 
 #include <QBuffer>
