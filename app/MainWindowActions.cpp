@@ -2,6 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "canvas/DashCanvas.h"
+#include "canvas/SnapGrid.h"
 #include "canvas/SpeedUnit.h"
 #include "widgets/FocusWheelComboBox.h"
 #include "widgets/LiteralToolTip.h"
@@ -18,7 +19,6 @@
 
 namespace {
 
-constexpr int kGridStep = 10; // display pixels
 constexpr int kSpeedComboWidth = 65;
 
 /// The keys of an action: those that the platform has for a standard command, or one combination.
@@ -297,7 +297,7 @@ void MainWindow::addGridSnap(QToolBar* bar)
     auto* const check = new QCheckBox(tr("Grid Snap"));
     check->setObjectName(QStringLiteral("gridSnapCheck"));
     connect(check, &QCheckBox::toggled, m_canvas,
-            [this](bool checked) { m_canvas->setSnap(checked, kGridStep); });
+            [this](bool checked) { m_canvas->setSnap(checked, SnapGrid().pitch); });
     bar->addWidget(check);
 }
 

@@ -39,7 +39,7 @@ void DashCanvas::rebindPage(DashPage* page, int selectedIndex)
 
 void DashCanvas::setSession(TelemetrySession* session)
 {
-    m_session = session;
+    m_live.session = session;
     update();
 }
 
@@ -54,13 +54,13 @@ void DashCanvas::setUndoStack(QUndoStack* stack)
 
 void DashCanvas::setReplayTime(double seconds)
 {
-    m_replaySeconds = seconds;
+    m_live.seconds = seconds;
     repaint();
 }
 
 void DashCanvas::setSpeedUnit(int unit)
 {
-    m_speedUnit = static_cast<SpeedUnit>(unit);
+    m_live.speedUnit = static_cast<SpeedUnit>(unit);
     update();
 }
 
@@ -125,10 +125,8 @@ bool DashCanvas::event(QEvent* event)
 void DashCanvas::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    PagePainter::paint(
-        painter, rect(),
-        {m_page, transform(), m_selectedIndex, m_grid, {m_session, m_replaySeconds, m_speedUnit}},
-        m_elidedTexts);
+    PagePainter::paint(painter, rect(), {m_page, transform(), m_selectedIndex, m_grid, m_live},
+                       m_elidedTexts);
     describe(); // whoever edits the record elsewhere schedules a repaint
 }
 

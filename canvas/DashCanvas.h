@@ -4,8 +4,8 @@
 #include "canvas/ElidedTexts.h"
 #include "canvas/GestureGeometry.h"
 #include "canvas/PageTransform.h"
+#include "canvas/PageView.h"
 #include "canvas/SnapGrid.h"
-#include "canvas/SpeedUnit.h"
 #include "document/DashPage.h"
 
 #include <QPointF>
@@ -116,11 +116,9 @@ private:
     DashPage* m_page = nullptr;
     DashboardDocument* m_document = nullptr;
     QPointer<QUndoStack> m_undoStack;
-    TelemetrySession* m_session = nullptr;
     int m_selectedIndex = -1;
     DragGesture m_drag;
     SnapGrid m_grid;
-    double m_replaySeconds = 0.0;
-    SpeedUnit m_speedUnit = SpeedUnit::KilometresPerHour;
+    LiveView m_live;
     ElidedTexts m_elidedTexts;
 };

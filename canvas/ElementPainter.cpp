@@ -15,9 +15,7 @@ constexpr QColor kUnboundColor(150, 150, 150);
 constexpr QColor kBoundColor(200, 200, 200);
 constexpr QColor kCaptionColor(160, 160, 160);
 
-// The raster engine and text elision compute in 32-bit fixed point, which overflows far beyond
-// this.
-constexpr double kFarthestPixel = 16'384;
+constexpr double kFarthest = ElementPainter::kFarthestPixel;
 
 QColor tint(ElementKind kind)
 {
@@ -45,7 +43,7 @@ QPen outline(const DashElement& element, bool selected)
 
 bool isFar(double coordinate)
 {
-    return coordinate < -kFarthestPixel || coordinate > kFarthestPixel;
+    return coordinate < -kFarthest || coordinate > kFarthest;
 }
 
 /// The rectangle clamped to what can be drawn. Visible edges keep their place, the middle may not.
@@ -53,7 +51,7 @@ QRectF drawable(const QRectF& rect)
 {
     if (!isFar(rect.left()) && !isFar(rect.right()) && !isFar(rect.top()) && !isFar(rect.bottom()))
         return rect;
-    const auto clamped = [](double c) { return std::clamp(c, -kFarthestPixel, kFarthestPixel); };
+    const auto clamped = [](double c) { return std::clamp(c, -kFarthest, kFarthest); };
     return {QPointF(clamped(rect.left()), clamped(rect.top())),
             QPointF(clamped(rect.right()), clamped(rect.bottom()))};
 }

@@ -19,6 +19,9 @@ class ElementPainter
 {
 public:
     static constexpr QColor kSelectionColor{255, 255, 0};
+    /// Boxes are cut off at this distance from the origin, in painted pixels. The raster engine and
+    /// text elision compute in 32-bit fixed point, which overflows far beyond it.
+    static constexpr int kFarthestPixel = 16'384;
 
     ElementPainter(QPainter& painter, const PageTransform& transform, const LiveView& live,
                    ElidedTexts& texts);

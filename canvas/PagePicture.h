@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/ElementPainter.h"
 #include "canvas/PageView.h"
 
 #include <QImage>
@@ -10,7 +11,7 @@ namespace PagePicture {
 
 /// The largest side of a picture, and the most pixels it may have: beyond, painting is inexact or
 /// takes gigabytes.
-inline constexpr int kLargestSide = 16'384;
+inline constexpr int kLargestSide = ElementPainter::kFarthestPixel;
 inline constexpr qint64 kMostPixels = 100'000'000;
 
 /// The picture's size in pixels; empty when the page has no area or the picture would be too large.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/DashElement.h"
+#include "document/DisplaySize.h"
 
 #include <QPixmap>
 #include <QString>
@@ -14,8 +15,8 @@ struct DashPage
 {
     QString name;
     std::int32_t index = 0; ///< ordinal when read or created; never renumbered afterwards
-    std::int32_t width = 800;
-    std::int32_t height = 480;
+    std::int32_t width = kDefaultDisplayWidth;
+    std::int32_t height = kDefaultDisplayHeight;
     QString imagePath; ///< the resolved background image file, empty if none
     QPixmap image;     ///< null if none
     std::vector<DashElement> elements;

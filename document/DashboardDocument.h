@@ -88,7 +88,7 @@ public:
     [[nodiscard]] const QString& deviceType() const { return m_device.type; }
     /// -1 until a device file gave one.
     [[nodiscard]] int deviceTypeCode() const { return m_device.typeCode; }
-    /// Display size in pixels; 800 x 480 until a package with a device file gave another.
+    /// Display size in pixels; the default until a package with a device file gave another.
     [[nodiscard]] int displayWidth() const { return m_device.displayWidth; }
     [[nodiscard]] int displayHeight() const { return m_device.displayHeight; }
     [[nodiscard]] const QString& tempDir() const { return m_tempDir; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ChannelDef.h"
+#include "document/DisplaySize.h"
 
 #include <QString>
 
@@ -10,9 +11,9 @@
 /// the package before has set it.
 struct TargetDevice
 {
-    QString type;                     ///< empty until a device file names one
-    int typeCode = -1;                ///< -1 until a device file gives one
-    std::vector<ChannelDef> channels; ///< of all packages, in the order they were opened
-    int displayWidth = 800;           ///< in pixels
-    int displayHeight = 480;          ///< in pixels
+    QString type;                              ///< empty until a device file names one
+    int typeCode = -1;                         ///< -1 until a device file gives one
+    std::vector<ChannelDef> channels;          ///< of all packages, in the order they were opened
+    int displayWidth = kDefaultDisplayWidth;   ///< in pixels
+    int displayHeight = kDefaultDisplayHeight; ///< in pixels
 };
