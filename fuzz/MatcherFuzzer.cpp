@@ -3,6 +3,7 @@
 
 #include "fuzz/FuzzTarget.h"
 #include "telemetry/ChannelMatcher.h"
+#include "telemetry/RecordedNames.h"
 #include "tests/telemetry/TelemetryReference.h"
 
 std::vector<QByteArray> fuzzSeeds()
@@ -32,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const auto& [key, channel] : session.channels)
         recorded.append(channel.name);
 
-    const QString match = ChannelMatcher::match(wanted, recorded);
+    const QString match = ChannelMatcher::match(wanted, RecordedNames(recorded)).name;
     FUZZ_REQUIRE(match == TelemetryReference::matchChannel(session, wanted));
     FUZZ_REQUIRE(match.isEmpty() || recorded.contains(match));
     return 0;

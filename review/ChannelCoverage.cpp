@@ -60,7 +60,7 @@ std::vector<Finding> channelCoverage(const DashboardDocument& document, const QS
             if (channel.isEmpty() || seen.contains(channel))
                 continue;
             seen.insert(channel);
-            const Match match = ChannelMatcher::explainedMatch(channel, names);
+            const Match match = ChannelMatcher::match(channel, names);
             found.push_back(
                 {match.rule == Rule::None ? Finding::Rule::NoMatch : Finding::Rule::Match, number,
                  page.name, element.name, messageOf(channel, match)});

@@ -74,13 +74,7 @@ ChannelMatcher::Match explained(const QString& name, ChannelMatcher::Rule rule)
 
 } // namespace
 
-QString ChannelMatcher::match(const QString& wanted, const QStringList& recorded)
-{
-    return explainedMatch(wanted, RecordedNames(recorded)).name;
-}
-
-ChannelMatcher::Match ChannelMatcher::explainedMatch(const QString& wanted,
-                                                     const RecordedNames& recorded)
+ChannelMatcher::Match ChannelMatcher::match(const QString& wanted, const RecordedNames& recorded)
 {
     if (wanted.isEmpty())
         return {};

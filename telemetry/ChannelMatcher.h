@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 class RecordedNames;
 
@@ -26,15 +25,11 @@ struct Match
     friend bool operator==(const Match&, const Match&) = default;
 };
 
-/// The one of the recorded names that the wanted name means, or an empty string. The first rule
-/// that yields a name decides: equal but for case; equal but for case, '_' and blanks; the best
-/// score of at least 5 over the words of both names, for which only the first 200 characters of
-/// either count. Where names tie, the earlier one wins, so the order of recorded matters: a session
-/// passes them sorted by their lower-case form. Prepares the recorded names at each call: for many
-/// matches call explainedMatch.
-[[nodiscard]] QString match(const QString& wanted, const QStringList& recorded);
-
-/// The same, with the rule that decided. An empty recorded name counts as no match.
-[[nodiscard]] Match explainedMatch(const QString& wanted, const RecordedNames& recorded);
+/// The recorded name that the wanted name means, and the rule that decided. The first rule that
+/// yields a name decides: equal but for case; equal but for case, '_' and blanks; the best score of
+/// at least 5 over the words of both names, for which only the first 200 characters of either
+/// count. Where names tie, the earlier one wins: a session passes them sorted by their lower-case
+/// form. An empty recorded name counts as no match.
+[[nodiscard]] Match match(const QString& wanted, const RecordedNames& recorded);
 
 } // namespace ChannelMatcher

@@ -68,7 +68,7 @@ QStringList TelemetrySession::channelNames() const
 
 QString TelemetrySession::matchChannel(const QString& name) const
 {
-    return ChannelMatcher::explainedMatch(name, m_names).name;
+    return ChannelMatcher::match(name, m_names).name;
 }
 
 QString TelemetrySession::matchedName(const QString& name) const
