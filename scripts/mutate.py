@@ -32,7 +32,7 @@ BUILD = WORK / "build"
 FLAGS = "-O0 -D_GLIBCXX_ASSERTIONS"  # an index out of range ends the program, as in the sanitized tests
 TIMEOUT = 100  # seconds that a run of a test program may take
 MEMORY = 8 << 30  # bytes: a mutant that fills the memory must not take the machine with it
-SLOW = ":".join(["MainWindowWalk.*", "*Stay*", "*ThreeSeconds", "ArchiveLimitTest.*", "AwkwardXml.*",
+SLOW = ":".join(["MainWindowWalk.*", "*Stay*", "*ThreeSeconds", "ArchiveLimitsTest.*", "AwkwardXml.*",
                  "HugeTexts.*", "PageImagesTest.*", "*OpenFaultTest.*", "SaveKillTest.*", "*KeepsRealTime",
                  "*Moment", "*Minutes"])  # run last
 

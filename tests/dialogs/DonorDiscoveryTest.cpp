@@ -1,26 +1,18 @@
 #include "dialogs/DonorDiscovery.h"
 
 #include "document/DashboardDocument.h"
-#include "tests/support/PackageBuilder.h"
+#include "tests/support/ElementParts.h"
 
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 using DonorDiscovery::findDonors;
+using ElementParts::label;
+using ElementParts::part;
 using TestPackage::Object;
 
 namespace {
-
-Object part(const QByteArray& className)
-{
-    return {className, {}, {}, {}};
-}
-
-Object label(const QByteArray& text)
-{
-    return {"Label", {}, {{"TEXT", text}}, {}};
-}
 
 Object element(std::vector<Object> parts, const QByteArray& name = "mask.1")
 {

@@ -1,25 +1,17 @@
 #include "document/ElementKinds.h"
 
-#include "tests/support/PackageBuilder.h"
+#include "tests/support/ElementParts.h"
 
 #include <QSet>
 
 #include <gtest/gtest.h>
 
 using ElementKinds::Kind;
+using ElementParts::label;
+using ElementParts::part;
 using TestPackage::Object;
 
 namespace {
-
-Object part(const QByteArray& className)
-{
-    return {className, {}, {}, {}};
-}
-
-Object label(const QByteArray& text)
-{
-    return {"Label", {}, {{"TEXT", text}}, {}};
-}
 
 std::optional<Kind> kindOf(std::vector<Object> parts)
 {

@@ -1,6 +1,6 @@
 #include "app/commands/DeleteCommand.h"
 
-#include "tests/commands/CommandTest.h"
+#include "tests/app/commands/CommandTest.h"
 
 namespace {
 

@@ -18,7 +18,7 @@ std::string titleOf(const testing::TestParamInfo<AwkwardArchive>& archive)
     return archive.param.title;
 }
 
-class AwkwardArchiveTest : public testing::TestWithParam<AwkwardArchive>
+class UnpackingTest : public testing::TestWithParam<AwkwardArchive>
 {
 protected:
     void SetUp() override
@@ -34,7 +34,7 @@ protected:
 
 } // namespace
 
-TEST_P(AwkwardArchiveTest, GetsItsAnswer)
+TEST_P(UnpackingTest, GetsItsAnswer)
 {
     ASSERT_EQ(DashboardPackage::unpackArchive(m_archive, m_out), GetParam().accepted);
     if (GetParam().accepted) {
@@ -42,7 +42,7 @@ TEST_P(AwkwardArchiveTest, GetsItsAnswer)
     }
 }
 
-TEST_P(AwkwardArchiveTest, WritesNothingOutsideAndNoSymbolicLinks)
+TEST_P(UnpackingTest, WritesNothingOutsideAndNoSymbolicLinks)
 {
     static_cast<void>(DashboardPackage::unpackArchive(m_archive, m_out));
     EXPECT_EQ(FolderTools::names(m_folder.path()),
@@ -51,7 +51,7 @@ TEST_P(AwkwardArchiveTest, WritesNothingOutsideAndNoSymbolicLinks)
     EXPECT_EQ(TestPackage::readFile(m_archive), GetParam().bytes);
 }
 
-TEST_P(AwkwardArchiveTest, SavesWhatWasUnpacked)
+TEST_P(UnpackingTest, SavesWhatWasUnpacked)
 {
     if (!DashboardPackage::unpackArchive(m_archive, m_out))
         return; // nothing is saved of an archive that was refused
@@ -63,7 +63,7 @@ TEST_P(AwkwardArchiveTest, SavesWhatWasUnpacked)
               FolderTools::visible(FolderTools::contents(m_out)));
 }
 
-TEST(AwkwardArchive, AMemberOfWideSizesEndsWithTheArchive)
+TEST(Unpacking, AMemberOfWideSizesEndsWithTheArchive)
 {
     constexpr int kDeclared = 200'000;
     const QByteArray content(20'000, 'x');
@@ -79,4 +79,4 @@ TEST(AwkwardArchive, AMemberOfWideSizesEndsWithTheArchive)
     EXPECT_LT(unpacked.size(), kDeclared); // and is not filled up with zeros
 }
 
-INSTANTIATE_TEST_SUITE_P(All, AwkwardArchiveTest, testing::ValuesIn(awkwardArchives()), titleOf);
+INSTANTIATE_TEST_SUITE_P(All, UnpackingTest, testing::ValuesIn(awkwardArchives()), titleOf);

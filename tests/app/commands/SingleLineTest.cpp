@@ -4,7 +4,7 @@
 #include "app/commands/InsertElementCommand.h"
 #include "app/commands/MoveCommand.h"
 #include "app/commands/NewPageCommand.h"
-#include "tests/commands/CommandTest.h"
+#include "tests/app/commands/CommandTest.h"
 
 namespace {
 

@@ -1,8 +1,9 @@
 // What the archive format and the library cannot hold must fail, and what wraps must not lose
 // members.
 
-#include "document/DashboardPackage.h"
 #include "document/archive/ArchiveLimits.h"
+
+#include "document/DashboardPackage.h"
 #include "document/archive/ArchiveWriter.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
@@ -96,20 +97,20 @@ public:
 
 } // namespace
 
-TEST(ArchiveLimitTest, UnpacksMoreMembersThanTheEndRecordCanCount)
+TEST(ArchiveLimitsTest, UnpacksMoreMembersThanTheEndRecordCanCount)
 {
     RawArchive::Archive archive = archiveOf(kTooMany);
     archive.wideEnd = true;
     expectUnpacksAll(archive);
 }
 
-TEST(ArchiveLimitTest, UnpacksAllMembersWhenTheirCountWrapped)
+TEST(ArchiveLimitsTest, UnpacksAllMembersWhenTheirCountWrapped)
 {
     const RawArchive::Archive archive = archiveOf(kTooMany);
     expectUnpacksAll(archive);
 }
 
-TEST(ArchiveLimitTest, UnpacksAsManyFoldersAsAnyPackageMayHave)
+TEST(ArchiveLimitsTest, UnpacksAsManyFoldersAsAnyPackageMayHave)
 {
     const QTemporaryDir folder(FolderTools::memoryTemplate());
     const QString path = folder.filePath(QStringLiteral("a.zconf2"));
@@ -129,7 +130,7 @@ TEST(ArchiveLimitTest, UnpacksAsManyFoldersAsAnyPackageMayHave)
     EXPECT_EQ(FolderTools::names(empty.path()), QStringList());
 }
 
-TEST(ArchiveLimitTest, RefusesTwoHundredThousandFoldersInOneMegabyte)
+TEST(ArchiveLimitsTest, RefusesTwoHundredThousandFoldersInOneMegabyte)
 {
     const QTemporaryDir folder(FolderTools::memoryTemplate());
     const QString path = folder.filePath(QStringLiteral("a.zconf2"));
@@ -141,7 +142,7 @@ TEST(ArchiveLimitTest, RefusesTwoHundredThousandFoldersInOneMegabyte)
     EXPECT_EQ(FolderTools::names(out.path()), QStringList());
 }
 
-TEST(ArchiveLimitTest, SavesNoMoreMembersThanTheEndRecordCanCount)
+TEST(ArchiveLimitsTest, SavesNoMoreMembersThanTheEndRecordCanCount)
 {
     const QTemporaryDir folder(FolderTools::memoryTemplate());
     const QString path = folder.filePath(QStringLiteral("a.zconf2"));
@@ -155,7 +156,7 @@ TEST(ArchiveLimitTest, SavesNoMoreMembersThanTheEndRecordCanCount)
     EXPECT_EQ(TestPackage::readFile(path), "old");
 }
 
-TEST(ArchiveLimitTest, WritesAsManyMembersAsTheEndRecordCounts)
+TEST(ArchiveLimitsTest, WritesAsManyMembersAsTheEndRecordCounts)
 {
     const QTemporaryDir folder(FolderTools::memoryTemplate());
     const QString path = folder.filePath(QStringLiteral("a.zconf2"));
@@ -174,7 +175,7 @@ TEST(ArchiveLimitTest, WritesAsManyMembersAsTheEndRecordCounts)
     EXPECT_EQ(countFiles(out.path()), static_cast<int>(ArchiveLimits::kMembersWritten));
 }
 
-TEST(ArchiveLimitTest, RefusesOneMemberMore)
+TEST(ArchiveLimitsTest, RefusesOneMemberMore)
 {
     QBuffer target;
     ASSERT_TRUE(target.open(QIODevice::WriteOnly));
@@ -186,7 +187,7 @@ TEST(ArchiveLimitTest, RefusesOneMemberMore)
     EXPECT_FALSE(archive.addMember(newMember("one more"), content));
 }
 
-TEST(ArchiveLimitTest, RefusesAMemberOfFourGigabytes)
+TEST(ArchiveLimitsTest, RefusesAMemberOfFourGigabytes)
 {
     const QTemporaryDir folder(FolderTools::memoryTemplate());
     QFile huge(folder.filePath(QStringLiteral("huge")));
@@ -198,7 +199,7 @@ TEST(ArchiveLimitTest, RefusesAMemberOfFourGigabytes)
     EXPECT_FALSE(archive.addMember(newMember("huge"), huge));
 }
 
-TEST(ArchiveLimitTest, RefusesAnArchiveOfFourGigabytes)
+TEST(ArchiveLimitsTest, RefusesAnArchiveOfFourGigabytes)
 {
     constexpr qint64 kLimit = 0xffffffffLL;
     QBuffer content;
@@ -222,7 +223,7 @@ TEST(ArchiveLimitTest, RefusesAnArchiveOfFourGigabytes)
     }
 }
 
-TEST(ArchiveLimitTest, RefusesAMemberThatGivesLessThanItHolds)
+TEST(ArchiveLimitsTest, RefusesAMemberThatGivesLessThanItHolds)
 {
     QBuffer target;
     ASSERT_TRUE(target.open(QIODevice::WriteOnly));
@@ -233,7 +234,7 @@ TEST(ArchiveLimitTest, RefusesAMemberThatGivesLessThanItHolds)
     EXPECT_FALSE(archive.addMember(newMember("short"), content));
 }
 
-TEST(ArchiveLimitTest, WritesLongNamesThatFitTheFormat)
+TEST(ArchiveLimitsTest, WritesLongNamesThatFitTheFormat)
 {
     const QByteArray name = QByteArray(200, 'n') + '/' + QByteArray(200, 'm');
     QBuffer target;

@@ -1,6 +1,6 @@
 #include "app/commands/ClearPageCommand.h"
 
-#include "tests/commands/CommandTest.h"
+#include "tests/app/commands/CommandTest.h"
 
 namespace {
 

@@ -4,11 +4,11 @@
 
 namespace {
 
-using PaneWidthsTest = MainWindowFixture;
+using MainWindowPaneWidthsTest = MainWindowFixture;
 
 } // namespace
 
-TEST_F(PaneWidthsTest, SidePanesFillTheirColumnsAtEveryWidth)
+TEST_F(MainWindowPaneWidthsTest, SidePanesFillTheirColumnsAtEveryWidth)
 {
     const QSplitter& splitter = *m_window->findChild<QSplitter*>();
     for (const int width : {1280, 1600, 900}) {
