@@ -2,9 +2,9 @@
 
 #include "telemetry/RecordedNames.h"
 
-#include <QElapsedTimer>
-
 #include <gtest/gtest.h>
+
+#include <ctime>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +29,12 @@ QStringList names(std::initializer_list<const char*> all)
 }
 
 const QString kNone;
+
+/// Unlike elapsed time independent of what else the machine does.
+std::clock_t processorSeconds(std::clock_t since)
+{
+    return (std::clock() - since) / CLOCKS_PER_SEC;
+}
 
 TEST(ChannelMatcher, MatchesNothingForAnEmptyName)
 {
@@ -214,13 +220,12 @@ TEST(ChannelMatcher, AHostileLayoutTakesNoMinutes)
         recorded.append(u"Sensor Name %1"_s.arg(i));
     const RecordedNames prepared(recorded);
     const QString filler = u"long text "_s.repeated(1'000);
-    QElapsedTimer timer;
-    timer.start();
+    const std::clock_t start = std::clock();
     for (int i = 0; i < 500; ++i) {
         EXPECT_EQ(ChannelMatcher::match(filler + QString::number(i), prepared),
                   ChannelMatcher::Match());
     }
-    EXPECT_LT(timer.elapsed(), 10'000);
+    EXPECT_LT(processorSeconds(start), 10);
 }
 
 TEST(ChannelMatcher, AHostileRecordingTakesNoMinutes)
@@ -228,14 +233,13 @@ TEST(ChannelMatcher, AHostileRecordingTakesNoMinutes)
     QStringList recorded;
     for (int i = 0; i < 65'536; ++i)
         recorded.append(u"Sensor Name %1"_s.arg(i));
-    QElapsedTimer timer;
-    timer.start();
+    const std::clock_t start = std::clock();
     const RecordedNames prepared(recorded);
     for (int i = 0; i < 30; ++i) {
         EXPECT_EQ(ChannelMatcher::match(u"Sensor_Name_%1"_s.arg(i), prepared).name, recorded[i]);
         EXPECT_EQ(ChannelMatcher::match(u"Lambda_xyz"_s, prepared).name, kNone);
     }
-    EXPECT_LT(timer.elapsed(), 10'000);
+    EXPECT_LT(processorSeconds(start), 10);
 }
 
 } // namespace
