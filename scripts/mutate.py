@@ -13,6 +13,7 @@ and the survivors; docs/mutation.md explains the survivors.
 
 import collections
 import filecmp
+import itertools
 import os
 import pathlib
 import random
@@ -149,21 +150,21 @@ def judge(mutant, subsystem):
             return None
         folders = (subsystem.folder, *subsystem.dependants)
         programs = dict.fromkeys(program for folder in folders for program in TESTS[folder])
-        return noticed(programs, f"{file.stem}*")
+        return noticed(programs, f"{file.stem}*-{SLOW}")
     finally:
         file.write_text(mutant.text, encoding="utf-8")
 
 
 def try_out(subsystem, drawn, count):
     """Pairs of a mutant and the test that caught it, for the first count of those drawn that compile."""
-    outcomes = []
-    for mutant in drawn:
-        if len(outcomes) == count:
-            break
-        failure = judge(mutant, subsystem)
-        if failure is not None:
-            outcomes.append((mutant, failure))
-            print(f"{mutant.place}\n{difference(mutant)}\n  {failure or 'SURVIVED'}", flush=True)
+    drawn, outcomes = iter(drawn), []
+    # In the order of files: the build then compiles a restored file only before the next one.
+    while batch := sorted(itertools.islice(drawn, count - len(outcomes)), key=lambda mutant: mutant.place):
+        for mutant in batch:
+            failure = judge(mutant, subsystem)
+            if failure is not None:
+                outcomes.append((mutant, failure))
+                print(f"{mutant.place}\n{difference(mutant)}\n  {failure or 'SURVIVED'}", flush=True)
     return outcomes
 
 

@@ -109,6 +109,14 @@ TEST_F(DashCanvasTest, AReplayTimeIsPaintedAtOnce)
     EXPECT_EQ(paintsCausedBy([&] { m_canvas.setReplayTime(1.5); }), (Paints{1, 0}));
 }
 
+TEST_F(DashCanvasTest, CancellingWithoutADragSchedulesNoRepaint)
+{
+    add({}); // where a drag that never began would restore it to
+    m_canvas.rebindPage(&m_page, 0);
+    show();
+    EXPECT_EQ(paintsCausedBy([&] { m_canvas.cancelDrag(); }), (Paints{0, 0}));
+}
+
 TEST_F(DashCanvasTest, SnappingSchedulesNoRepaint)
 {
     show();

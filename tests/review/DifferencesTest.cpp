@@ -4,7 +4,10 @@
 
 #include <QStringList>
 
+#include <gmock/gmock.h>
+
 using namespace Qt::StringLiterals;
+using ::testing::Contains;
 using TestPackage::digitElement;
 using TestPackage::labelElement;
 using TestPackage::Object;
@@ -30,6 +33,11 @@ QStringList betweenElements(std::vector<Object> former, std::vector<Object> pres
 {
     return between({page("Race", 800, 480, std::move(former))},
                    {page("Race", 800, 480, std::move(present))});
+}
+
+QString renamedFromATo(QChar name)
+{
+    return u"page 1 \"Race\", element \"%1\": renamed from \"a\" to \"%1\""_s.arg(name);
 }
 
 Object withProperty(Object object, const QByteArray& key, const QByteArray& value)
@@ -99,6 +107,26 @@ TEST(Differences, ElementsOfTheSameLikenessAreRenamed)
     EXPECT_EQ(betweenElements({digitElement("a", 1, 2, 3, 4), digitElement("b", 5, 6, 7, 8)},
                               {digitElement("c", 1, 2, 3, 4), digitElement("b", 5, 6, 7, 8)}),
               QStringList{u"page 1 \"Race\", element \"c\": renamed from \"a\" to \"c\""_s});
+}
+
+// Of candidates that are equally alike, the first is taken.
+TEST(Differences, TheSameChannelCountsAsMuchAsTheSameKind)
+{
+    const Object former = digitElement("a", 1, 2, 3, 4);
+    const Object sameKind = digitElement("b", 1, 2, 3, 4, "Speed");
+    Object sameChannel = digitElement("c", 1, 2, 3, 4);
+    sameChannel.objects.push_back({"BargraphTrapezio", {}, {}, {}});
+    EXPECT_THAT(betweenElements({former}, {sameKind, sameChannel}), Contains(renamedFromATo(u'b')));
+    EXPECT_THAT(betweenElements({former}, {sameChannel, sameKind}), Contains(renamedFromATo(u'c')));
+}
+
+TEST(Differences, TheSamePlaceCountsAsMuchAsTheSameSize)
+{
+    const Object former = digitElement("a", 1, 2, 3, 4);
+    const Object samePlace = digitElement("b", 1, 2, 30, 40);
+    const Object sameSize = digitElement("c", 10, 20, 3, 4);
+    EXPECT_THAT(betweenElements({former}, {samePlace, sameSize}), Contains(renamedFromATo(u'b')));
+    EXPECT_THAT(betweenElements({former}, {sameSize, samePlace}), Contains(renamedFromATo(u'c')));
 }
 
 TEST(Differences, ElementsInAnotherOrder)
