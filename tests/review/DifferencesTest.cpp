@@ -196,6 +196,21 @@ TEST(Differences, PagesResizedRenamedAndWithAnotherImage)
                      u"page 1 \"Rain\": background image changed from \"\" to \"rain.png\""_s}));
 }
 
+TEST(Differences, APageOfAnotherNameIsTheSameWhenHalfOfItsElementsAre)
+{
+    const auto withElements = [](const QByteArray& name, const QByteArrayList& elements) {
+        std::vector<Object> objects;
+        for (const QByteArray& element : elements)
+            objects.push_back(digitElement(element, 1, 2, 3, 4));
+        return page(name, 800, 480, objects);
+    };
+    const Object former = withElements("Race", {"a", "b", "c", "d"});
+    EXPECT_THAT(between({former}, {withElements("Rain", {"a", "b", "e", "f"})}),
+                Contains(u"page 1 \"Rain\": renamed from \"Race\" to \"Rain\""_s));
+    EXPECT_EQ(between({former}, {withElements("Rain", {"a", "e", "f", "g"})}),
+              (QStringList{u"page 1 \"Race\": removed"_s, u"page 1 \"Rain\": added"_s}));
+}
+
 TEST(Differences, DeviceChannelsAndOtherFiles)
 {
     const std::vector<Object> pages{page("Race", 800, 480)};
