@@ -121,7 +121,8 @@ public:
         const QString path = memberPath(record.name).value_or(QString());
         const QString target = m_folder + u'/' + path;
         // A folder that cannot be made costs nothing by itself: a file in it will report it.
-        QDir().mkpath(record.isFolder() ? target : QFileInfo(target).absolutePath());
+        // QFileInfo does not name it: on Windows it takes "folder/." for a file next to the folder.
+        QDir().mkpath(record.isFolder() ? target : m_folder + u'/' + folderOf(path));
         if (record.isFolder()) {
             checkFolder(index, member);
         } else {
