@@ -15,7 +15,7 @@ esac
 
 # Both set root to a folder with the files that users get.
 make_packages() {
-    build_preset mingw
+    cmake --build --preset mingw -j "$jobs"
     rm -rf "$packages"
     cpack --preset mingw
     unzip -q -d "$work/archive" "$packages/gaugewright-$(version)-win64.zip"
@@ -23,7 +23,8 @@ make_packages() {
 }
 
 install_programs() {
-    build_preset mingw --target gaugewright gaugewright-cli gaugewright_sample_packages_made
+    cmake --build --preset mingw -j "$jobs" \
+        --target gaugewright gaugewright-cli gaugewright_sample_packages_made
     root=$work/installed
     cmake --install build/mingw --prefix "$root" --strip >/dev/null
 }
@@ -51,6 +52,7 @@ source scripts/wine.sh
 # of scripts/prove-windows.sh has configured are no part of a package.
 export CMAKE_PREFIX_PATH=$windows_toolkit/prefix
 use_build_libraries
+use_ccache
 umask 022
 cmake --preset mingw -DGAUGEWRIGHT_SAMPLES=ON -DBUILD_TESTING=OFF
 if "$pack"; then make_packages; else install_programs; fi

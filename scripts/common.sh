@@ -69,13 +69,18 @@ remove_scratch() {
     rm -rf "$work"
 }
 
-# build_preset PRESET [CMAKE-BUILD-ARGUMENT...]: configures and builds, through ccache where there is one.
-build_preset() {
-    local preset=$1
-    shift
+# use_ccache: lets builds that are configured from now on compile through ccache where there is one.
+use_ccache() {
     if command -v ccache >/dev/null; then
         export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
     fi
+}
+
+# build_preset PRESET [CMAKE-BUILD-ARGUMENT...]: configures and builds.
+build_preset() {
+    local preset=$1
+    shift
+    use_ccache
     say "Building the $preset preset"
     cmake --preset "$preset"
     cmake --build --preset "$preset" -j "$jobs" "$@"
