@@ -62,6 +62,17 @@ TEST(PagePicture, HasThePagesSizeTimesTheScale)
     EXPECT_EQ(PagePicture::paint(page, 0.5, {}).size(), QSize(167, 50));
 }
 
+TEST(PagePicture, MayHaveOnePixelOrTheLongestSide)
+{
+    for (const QSize& size :
+         {QSize(1, 1), QSize(PagePicture::kLargestSide, 1), QSize(1, PagePicture::kLargestSide)}) {
+        DashPage page;
+        page.width = size.width();
+        page.height = size.height();
+        EXPECT_EQ(PagePicture::size(page, 1.0), size);
+    }
+}
+
 TEST(PagePicture, ThereIsNoneOfAPageWithoutAreaOrTooLargeAOne)
 {
     constexpr int kMax = std::numeric_limits<int>::max();
