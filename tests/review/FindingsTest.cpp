@@ -148,6 +148,14 @@ TEST(Findings, WithoutADeviceNeitherChannelsNorSizesAreChecked)
     EXPECT_EQ(found[0].page, 0);
 }
 
+TEST(Findings, ADeviceOfWhichOnlyTheTypeOrTheChannelsAreKnownIsADevice)
+{
+    const Object race = page("Race", 800, 480);
+    EXPECT_EQ(findingsOf({race}, TestPackage::deviceXml("MXG", 12, {})), Findings());
+    EXPECT_EQ(findingsOf({race}, TestPackage::deviceXml({}, -1, {{7, "RPM", "RPM", "rpm"}})),
+              Findings());
+}
+
 TEST(Findings, APageOfManyElementsIsCheckedInAMoment)
 {
     std::vector<Object> elements;

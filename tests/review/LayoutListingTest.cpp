@@ -64,3 +64,13 @@ TEST(LayoutListing, SaysWhenThereIsNoDevice)
     const OpenedLayout layout(std::vector{page("Race", 800, 480)});
     EXPECT_EQ(layoutListing(layout.document()).at(0), u"device: none"_s);
 }
+
+TEST(LayoutListing, ADeviceHasATypeOrACode)
+{
+    const auto deviceLine = [](const QByteArray& type, int code) {
+        const OpenedLayout layout({page("Race", 800, 480)}, TestPackage::deviceXml(type, code, {}));
+        return layoutListing(layout.document()).at(0);
+    };
+    EXPECT_EQ(deviceLine("MXG", -1), u"device: \"MXG\" code -1"_s);
+    EXPECT_EQ(deviceLine({}, 12), u"device: \"\" code 12"_s);
+}

@@ -22,6 +22,14 @@ TEST_F(MoveCommandTest, IsNamedAfterTheElement)
     EXPECT_EQ(MoveCommand(page(0), 0, {}, {}).text(), QStringLiteral("Move/Resize %1"));
 }
 
+TEST_F(MoveCommandTest, KnowsWhichElementItMoves)
+{
+    const MoveCommand command(page(0), 2, {}, {});
+    EXPECT_TRUE(command.moves(document()->pageAt(0), 2));
+    EXPECT_FALSE(command.moves(document()->pageAt(0), 1));
+    EXPECT_FALSE(command.moves(document()->pageAt(1), 2));
+}
+
 TEST_F(MoveCommandTest, SetsTheFourFieldsOfTheRecordAndNothingElse)
 {
     const QByteArray xml = InStep::overlayText(*document());
