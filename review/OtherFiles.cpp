@@ -1,10 +1,11 @@
 #include "review/OtherFiles.h"
 
 #include "document/DashboardDocument.h"
+#include "document/archive/FolderListing.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 
 #include <zlib.h>
 
@@ -24,14 +25,17 @@ quint32 crcOf(QFile& file)
 
 } // namespace
 
-QStringList allFilesBelow(const QString& folder)
+std::optional<QStringList> allFilesBelow(const QString& folder)
 {
-    const QDir root(folder);
+    const QDir root(QFileInfo(folder).absoluteFilePath());
+    const std::optional<QStringList> files = filesBelow(root.path(), HiddenFiles::Listed);
+    if (!files)
+        return std::nullopt;
     QStringList paths;
-    QDirIterator entry(folder, QDir::Files | QDir::Hidden | QDir::System | QDir::NoSymLinks,
-                       QDirIterator::Subdirectories);
-    while (entry.hasNext())
-        paths.append(root.relativeFilePath(entry.next()));
+    for (const QString& path : *files) {
+        if (!QFileInfo(path).isSymLink())
+            paths.append(root.relativeFilePath(path));
+    }
     paths.sort();
     return paths;
 }
@@ -41,7 +45,7 @@ std::vector<PackageFile> otherFiles(const DashboardDocument& document)
     const QDir root(document.tempDir());
     const QString overlay = root.relativeFilePath(document.overlayPath());
     std::vector<PackageFile> files;
-    for (const QString& path : allFilesBelow(root.path())) {
+    for (const QString& path : allFilesBelow(root.path()).value_or(QStringList())) {
         QFile file(root.filePath(path));
         if (path != overlay && file.open(QIODevice::ReadOnly))
             files.push_back({path, file.size(), crcOf(file)});

@@ -71,6 +71,11 @@ Outcome recoverPackage(const QString& unpackFolder, const QString& packagePath)
     if (!QFileInfo(unpackFolder).isDir())
         return Outcome::failure(
             translated(QT_TRANSLATE_NOOP("UnpackFolders", "There is no such folder")));
+    // Listed before the package exists, which may be in the same folder.
+    const std::optional<QStringList> paths = allFilesBelow(unpackFolder);
+    if (!paths)
+        return Outcome::failure(
+            translated(QT_TRANSLATE_NOOP("UnpackFolders", "Not all of its folders can be read")));
     const QString overlay = DashboardPackage::findOverlayFile(unpackFolder);
     if (overlay.isEmpty())
         return Outcome::failure(
@@ -78,9 +83,12 @@ Outcome recoverPackage(const QString& unpackFolder, const QString& packagePath)
     DashboardDocument document;
     if (!document.loadOverlay(overlay))
         return Outcome::failure(document.errorString());
-    // Listed before the package exists, which may be in the same folder.
-    const QStringList paths = allFilesBelow(unpackFolder);
-    return replaceFile(packagePath, [&](QIODevice& target) {
-        return writeArchive(target, QDir(unpackFolder), paths);
+    const Outcome written = replaceFile(packagePath, [&](QIODevice& target) {
+        return writeArchive(target, QDir(unpackFolder), *paths);
     });
+    return written ? written
+                   : Outcome::failure(
+                         translated(QT_TRANSLATE_NOOP("UnpackFolders",
+                                                      "The package \"%1\" cannot be written: %2"))
+                             .arg(packagePath, written.reason()));
 }

@@ -21,6 +21,7 @@ struct UnpackFolder
 /// first. Names alone decide what an unpack folder is, so those of running editors are among them.
 [[nodiscard]] std::vector<UnpackFolder> unpackFolders(const QString& temporaryFolder);
 
-/// Makes a package of everything in an unpack folder. Fails without changing anything when the
-/// folder holds no overlay that can be read, or the package cannot be written.
+/// Makes a package of all regular files in an unpack folder. Fails without changing anything when
+/// not all of the folder can be read, it holds no overlay that can be read, or the package cannot
+/// be written.
 [[nodiscard]] Outcome recoverPackage(const QString& unpackFolder, const QString& packagePath);

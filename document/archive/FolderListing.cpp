@@ -26,14 +26,14 @@ fs::file_type typeOf(const fs::directory_entry& entry)
 } // namespace
 
 // Not with QDirIterator, which ends silently at an error.
-std::optional<QStringList> filesBelow(const QString& folder)
+std::optional<QStringList> filesBelow(const QString& folder, HiddenFiles hidden)
 {
     QStringList paths;
     std::error_code error;
     fs::recursive_directory_iterator entry(QFileInfo(folder).filesystemFilePath(), error);
     for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
         const QFileInfo info(entry->path());
-        if (info.isHidden()) {
+        if (hidden == HiddenFiles::LeftOut && info.isHidden()) {
             entry.disable_recursion_pending();
             continue;
         }

@@ -29,7 +29,7 @@ bool isDots(const QString& name)
 }
 
 /// Appends the files below the folder; false when a folder cannot be listed to its end.
-bool appendFiles(const QString& folder, QStringList& paths)
+bool appendFiles(const QString& folder, HiddenFiles hidden, QStringList& paths)
 {
     WIN32_FIND_DATAW entry;
     const HANDLE search = FindFirstFileW(searchPattern(folder).c_str(), &entry);
@@ -39,13 +39,16 @@ bool appendFiles(const QString& folder, QStringList& paths)
     do {
         const QString name = QString::fromWCharArray(entry.cFileName);
         const DWORD attributes = entry.dwFileAttributes;
-        if (isDots(name) || (attributes & FILE_ATTRIBUTE_HIDDEN) != 0)
+        const bool isLeftOut =
+            hidden == HiddenFiles::LeftOut && (attributes & FILE_ATTRIBUTE_HIDDEN) != 0;
+        if (isDots(name) || isLeftOut)
             continue;
         const QString path =
             folder + (folder.endsWith(u'/') ? QString() : QStringLiteral("/")) + name;
         if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
             paths.append(path);
-        else if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0 && !appendFiles(path, paths))
+        else if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0 &&
+                 !appendFiles(path, hidden, paths))
             return false;
     } while (FindNextFileW(search, &entry) != 0);
     return GetLastError() == ERROR_NO_MORE_FILES;
@@ -55,10 +58,10 @@ bool appendFiles(const QString& folder, QStringList& paths)
 
 // Neither with QDirIterator, which ends silently at an error, nor with std::filesystem, whose
 // listing ends at 260 characters.
-std::optional<QStringList> filesBelow(const QString& folder)
+std::optional<QStringList> filesBelow(const QString& folder, HiddenFiles hidden)
 {
     QStringList paths;
-    if (folder.isEmpty() || !appendFiles(folder, paths))
+    if (folder.isEmpty() || !appendFiles(folder, hidden, paths))
         return std::nullopt;
     return paths;
 }

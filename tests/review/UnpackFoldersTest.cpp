@@ -2,12 +2,17 @@
 
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
+#include "tests/support/Unprivileged.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +71,55 @@ TEST_F(UnpackFoldersTest, BecomePackagesWithEverythingInThem)
     EXPECT_TRUE(members.at(u"a/overlay.ov3.xml"_s).contains("Race"));
 }
 
+TEST_F(UnpackFoldersTest, MayBeGivenRelativeToTheWorkingFolder)
+{
+    make(u"left"_s, "Race", 1'000'000);
+    const QString workingFolder = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(m_root.path()));
+    for (const QString& folder : {u"left"_s, u"./left/"_s, u"left/../left"_s}) {
+        const Outcome outcome = recoverPackage(folder, u"saved.zconf2"_s);
+        EXPECT_TRUE(outcome) << folder.toStdString() << ": " << outcome.reason().toStdString();
+    }
+    QDir::setCurrent(workingFolder);
+    EXPECT_EQ(TestPackage::readPackage(m_root.filePath(u"saved.zconf2"_s)).size(), 2U);
+}
+
+#ifdef Q_OS_UNIX
+
+TEST_F(UnpackFoldersTest, AreRecoveredWithoutLinksAndPipes)
+{
+    make(u"left"_s, "Race", 1'000'000);
+    ASSERT_TRUE(QFile::link(u"/etc/hostname"_s, m_root.filePath(u"left/to a file"_s)));
+    ASSERT_TRUE(QFile::link(u"nothing"_s, m_root.filePath(u"left/to nothing"_s)));
+    const QString pipe = m_root.filePath(u"left/pipe"_s); // reading it would wait forever
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QString package = m_root.filePath(u"saved.zconf2"_s);
+    const Outcome outcome = recoverPackage(m_root.filePath(u"left"_s), package);
+    EXPECT_TRUE(outcome) << outcome.reason().toStdString();
+    EXPECT_EQ(TestPackage::readPackage(package).size(), 2U);
+}
+
+TEST_F(UnpackFoldersTest, AreRefusedWhenNotAllOfThemCanBeRead)
+{
+    const QTemporaryDir root(openFolderTemplate());
+    const QString left = root.filePath(u"left"_s);
+    TestPackage::writeFolder(
+        left,
+        {{u"overlay.ov3.xml"_s, TestPackage::overlayXml({TestPackage::page("Race", 800, 480)})},
+         {u"closed/0.png"_s, "picture"}});
+    const QByteArray closed = QFile::encodeName(left + u"/closed"_s);
+    ASSERT_EQ(chmod(QFile::encodeName(root.path()).constData(), 0777), 0);
+    ASSERT_EQ(chmod(closed.constData(), 0), 0);
+    EXPECT_TRUE(runUnprivileged([&] {
+        return recoverPackage(left, root.filePath(u"saved.zconf2"_s)).reason() ==
+               u"Not all of its folders can be read"_s;
+    }));
+    ASSERT_EQ(chmod(closed.constData(), 0755), 0);
+    EXPECT_EQ(FolderTools::names(root.path()), QStringList{u"left"_s});
+}
+
+#endif
+
 TEST_F(UnpackFoldersTest, AreRefusedWithoutAnOverlayAndLeaveNoFile)
 {
     ASSERT_TRUE(TestPackage::writeFile(m_root.filePath(u"old.zconf2"_s), "old"));
@@ -83,6 +137,7 @@ TEST_F(UnpackFoldersTest, SayWhenThePackageCannotBeWritten)
     make(u"left"_s, "Race", 1'000'000);
     const Outcome outcome =
         recoverPackage(m_root.filePath(u"left"_s), m_root.filePath(u"missing/saved.zconf2"_s));
-    EXPECT_FALSE(outcome.reason().isEmpty());
+    EXPECT_TRUE(outcome.reason().contains(u"missing/saved.zconf2\" cannot be written: "_s))
+        << outcome.reason().toStdString();
     EXPECT_EQ(FolderTools::names(m_root.path()), QStringList{u"left"_s});
 }

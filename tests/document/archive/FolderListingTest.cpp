@@ -17,10 +17,10 @@
 
 namespace {
 
-QStringList walked(const QString& folder)
+QStringList walked(const QString& folder, QDir::Filters filters = QDir::Files)
 {
     QStringList paths;
-    QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator files(folder, filters, QDirIterator::Subdirectories);
     while (files.hasNext())
         paths.append(files.next());
     return paths;
@@ -51,6 +51,13 @@ TEST_F(FolderListingTest, IsTheWalkOfTheToolkit)
     EXPECT_EQ(filesBelow(m_folder.path()), walked(m_folder.path()));
     EXPECT_EQ(filesBelow(path("empty")), QStringList());
     EXPECT_TRUE(filesBelow(m_folder.path())->contains(path("d/e/f")));
+}
+
+TEST_F(FolderListingTest, HasHiddenFilesWhereTheCallerWantsThem)
+{
+    const std::optional<QStringList> files = filesBelow(m_folder.path(), HiddenFiles::Listed);
+    EXPECT_EQ(files, walked(m_folder.path(), QDir::Files | QDir::Hidden));
+    EXPECT_TRUE(files->contains(path("h/.i")) && files->contains(path(".j/k")));
 }
 
 TEST_F(FolderListingTest, BeginsEveryPathWithTheFolderAsItIsGiven)
