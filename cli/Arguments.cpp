@@ -31,16 +31,16 @@ Arguments::Arguments(const QString& command, const QString& description) : m_com
 void Arguments::addFile(const QString& name, const QString& description)
 {
     m_parser.addPositionalArgument(name, description);
-    m_required.append(name);
+    m_fileNames.append(name);
     m_synopsis += u' ' + name;
-    ++m_mostFiles;
+    ++m_required;
 }
 
 void Arguments::addOptionalFile(const QString& name, const QString& description)
 {
     m_parser.addPositionalArgument(name, description);
+    m_fileNames.append(name);
     m_synopsis += QStringLiteral(" [") + name + u']';
-    ++m_mostFiles;
 }
 
 void Arguments::addFlag(const QString& name, const QString& description)
@@ -62,20 +62,33 @@ std::optional<ExitStatus> Arguments::parse(const QStringList& arguments, Console
     }
     if (!understood)
         return refuse(console, m_parser.errorText());
-    const QString format = value(QStringLiteral("format"));
-    if (format != u"text" && format != u"json")
-        return refuse(console,
-                      text(QT_TRANSLATE_NOOP("Arguments", "Unknown format \"%1\"")).arg(format));
     m_files = m_parser.positionalArguments();
-    if (m_files.size() < m_required.size())
-        return refuse(console, text(QT_TRANSLATE_NOOP("Arguments", "%1 is missing"))
-                                   .arg(m_required.at(m_files.size())));
-    if (m_files.size() > m_mostFiles)
-        return refuse(console, text(QT_TRANSLATE_NOOP("Arguments", "Too many arguments: \"%1\""))
-                                   .arg(m_files.at(m_mostFiles)));
+    if (const QString reason = fault(); !reason.isEmpty())
+        return refuse(console, reason);
     if (isSet(QStringLiteral("quiet")))
         console.setQuiet();
     return std::nullopt;
+}
+
+QString Arguments::fault() const
+{
+    const QString format = value(QStringLiteral("format"));
+    if (format != u"text" && format != u"json")
+        return text(QT_TRANSLATE_NOOP("Arguments", "Unknown format \"%1\"")).arg(format);
+    if (m_files.size() < m_required)
+        return text(QT_TRANSLATE_NOOP("Arguments", "%1 is missing"))
+            .arg(m_fileNames.at(m_files.size()));
+    if (m_files.size() > m_fileNames.size())
+        return text(QT_TRANSLATE_NOOP("Arguments", "Too many arguments: \"%1\""))
+            .arg(m_files.at(m_fileNames.size()));
+    // Mostly a variable that a script did not set; as a folder it would be the working folder.
+    if (const qsizetype file = m_files.indexOf(QString()); file >= 0)
+        return text(QT_TRANSLATE_NOOP("Arguments", "%1 is empty")).arg(m_fileNames.at(file));
+    for (const QString& option : m_parser.optionNames()) {
+        if (values(option).contains(QString()))
+            return text(QT_TRANSLATE_NOOP("Arguments", "--%1 is empty")).arg(option);
+    }
+    return {};
 }
 
 ExitStatus Arguments::refuse(Console& console, const QString& reason) const

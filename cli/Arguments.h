@@ -49,11 +49,13 @@ public:
 
 private:
     [[nodiscard]] QString help() const;
+    /// Why the arguments cannot be used; empty when they can.
+    [[nodiscard]] QString fault() const;
 
     QString m_command;
     QString m_synopsis;
     QCommandLineParser m_parser;
-    QStringList m_required;
-    int m_mostFiles = 0;
+    QStringList m_fileNames; ///< as the help shows them
+    qsizetype m_required = 0;
     QStringList m_files;
 };

@@ -6,13 +6,13 @@
 #include <cstring>
 
 #ifdef Q_OS_WIN
-#include <filesystem>
+#include <QDir>
+
 #include <mutex>
-#include <string>
-#include <system_error>
 #include <windows.h>
 #else
 #include <csignal>
+#include <pthread.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #endif
@@ -21,16 +21,16 @@
 
 namespace {
 
-std::mutex folderGuard;
-std::wstring guardedFolder;
+std::mutex guard;
+QString guardedFolder;
 
-/// Runs in a thread of its own while the program goes on. A file that is open cannot be removed.
+/// Runs in a thread of its own. Keeps the guard, so that the program does not begin anything that
+/// must not be left half done. Files that are open cannot be removed; all others are.
 BOOL WINAPI removeFolder(DWORD /*event*/)
 {
-    const std::scoped_lock lock(folderGuard);
-    std::error_code error;
-    if (!guardedFolder.empty())
-        std::filesystem::remove_all(guardedFolder, error);
+    guard.lock();
+    if (!guardedFolder.isEmpty())
+        QDir(guardedFolder).removeRecursively();
     return FALSE; // the next handler ends the program
 }
 
@@ -38,19 +38,27 @@ BOOL WINAPI removeFolder(DWORD /*event*/)
 
 void Interruption::setFolder(const QString& folder)
 {
-    const std::scoped_lock lock(folderGuard);
-    guardedFolder = folder.toStdWString();
+    guardedFolder = folder;
     SetConsoleCtrlHandler(removeFolder, folder.isEmpty() ? FALSE : TRUE);
 }
 
-Interruption::Pause::Pause() = default;
-Interruption::Pause::~Pause() = default;
+Interruption::Pause::Pause()
+{
+    guard.lock();
+}
+
+Interruption::Pause::~Pause()
+{
+    guard.unlock();
+}
 
 #else
 
 namespace {
 
-constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
+constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE};
+
+pthread_t mainThread{};
 
 // Read by the handler, so nothing that allocates. Empty while there is no folder.
 std::array<char, 4096> guardedFolder{};
@@ -64,10 +72,14 @@ sigset_t allSignals()
     return set;
 }
 
-/// Runs in the main thread, which so stops writing into the folder. A handler may neither allocate
-/// nor list folders; to start a program that does is allowed.
+/// Runs in the main thread, which so stops writing into the folder, and which a pause protects. A
+/// handler may neither allocate nor list folders; to start a program that does is allowed.
 void removeFolder(int signal)
 {
+    if (pthread_equal(pthread_self(), mainThread) == 0) { // one that Qt or a reader library started
+        pthread_kill(mainThread, signal);
+        return;
+    }
     const pid_t child = guardedFolder[0] != '\0' ? fork() : -1;
     if (child == 0) {
         execl("/bin/rm", "rm", "-rf", "--", guardedFolder.data(), nullptr);
@@ -100,6 +112,7 @@ void Interruption::setFolder(const QString& folder)
     guardedFolder.fill('\0');
     if (path.size() < static_cast<qsizetype>(guardedFolder.size()))
         std::memcpy(guardedFolder.data(), path.constData(), static_cast<std::size_t>(path.size()));
+    mainThread = pthread_self();
     for (const int signal : kSignals)
         install(signal);
 }

@@ -9,6 +9,7 @@
 #include "review/FactText.h"
 #include "telemetry/TelemetrySession.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -132,13 +133,34 @@ bool areAllowed(const std::vector<Picture>& pictures, const Task& task, const Ar
     return true;
 }
 
+/// Encoded before anything is written: an encoder that cannot write complains on standard error.
+Outcome encode(const QImage& image, QByteArray& png)
+{
+    QBuffer buffer(&png);
+    QImageWriter writer(&buffer, "png");
+    return writer.write(image) ? Outcome() : Outcome::failure(writer.errorString());
+}
+
+/// A full disk may take a part at first; why it takes no more is known after the next attempt.
+Outcome writeTo(QIODevice& device, const QByteArray& content)
+{
+    for (qint64 at = 0; at < content.size();) {
+        const qint64 count = device.write(content.constData() + at, content.size() - at);
+        if (count <= 0)
+            return Outcome::failure(device.errorString());
+        at += count;
+    }
+    return {};
+}
+
 bool write(const QImage& image, const QString& path, Console& console)
 {
-    const Interruption::Pause untilWritten;
-    const Outcome outcome = replaceFile(path, [&image](QIODevice& device) {
-        QImageWriter writer(&device, "png");
-        return writer.write(image) ? Outcome() : Outcome::failure(writer.errorString());
-    });
+    QByteArray png;
+    Outcome outcome = encode(image, png);
+    if (outcome) {
+        const Interruption::Pause untilWritten;
+        outcome = replaceFile(path, [&png](QIODevice& device) { return writeTo(device, png); });
+    }
     if (!outcome)
         console.fail(path, outcome.reason());
     return static_cast<bool>(outcome);

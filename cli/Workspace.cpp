@@ -44,7 +44,7 @@ bool Workspace::open(DashboardDocument& document, const QString& packagePath,
 {
     console.progress(translated(QT_TRANSLATE_NOOP("Workspace", "Opening %1")).arg(packagePath));
     if (!m_folder->isValid())
-        console.fail(m_folder->path(), m_folder->errorString());
+        console.fail(QDir::tempPath(), m_folder->errorString());
     else if (unpack(document, packagePath))
         return true;
     else

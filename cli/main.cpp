@@ -7,11 +7,13 @@
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <memory>
 
 #ifdef Q_OS_WIN
 #include <io.h>
 #else
+#include <csignal>
 #include <unistd.h>
 #endif
 
@@ -44,21 +46,28 @@ std::unique_ptr<QCoreApplication> makeGuiApplication(int& argc, char** argv)
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
-std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv)
+QStringList argumentsOf(int argc, char** argv)
 {
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
-    if (!CommandLine::needsGui(arguments))
-        return std::make_unique<QCoreApplication>(argc, argv);
-    return makeGuiApplication(argc, argv);
+    return arguments;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
+#ifndef Q_OS_WIN
+    // A write beyond the limit on file sizes then fails and is reported.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+    const QStringList arguments = argumentsOf(argc, argv);
+    // Qt would take options of its own out of the arguments, and files of that name.
+    int nameOnly = std::min(argc, 1);
+    const std::unique_ptr<QCoreApplication> application =
+        CommandLine::needsGui(arguments) ? makeGuiApplication(nameOnly, argv)
+                                         : std::make_unique<QCoreApplication>(nameOnly, argv);
     QCoreApplication::setApplicationName(QStringLiteral("gaugewright-cli"));
     QFile answer;
     QFile errors;
@@ -66,6 +75,6 @@ int main(int argc, char** argv)
         !errors.open(stderr, QIODevice::WriteOnly | QIODevice::Unbuffered))
         return static_cast<int>(ExitStatus::Trouble);
     Console console(answer, errors, isTerminal(2));
-    const ExitStatus status = CommandLine::run(QCoreApplication::arguments().mid(1), console);
+    const ExitStatus status = CommandLine::run(arguments, console);
     return static_cast<int>(console.flush() ? status : ExitStatus::Trouble);
 }

@@ -84,6 +84,29 @@ TEST(CommandLine, RefusesWrongUsageInOneLine)
                   "--speed-unit is one of km/h, mph, knots");
 }
 
+TEST(CommandLine, RefusesEmptyNamesAndValues)
+{
+    expectRefused({u"show"_s, QString()}, "PACKAGE is empty");
+    expectRefused({u"diff"_s, u"a"_s, QString()}, "NEW is empty");
+    expectRefused({u"recover"_s, QString(), u"--output"_s, u"a"_s}, "FOLDER is empty");
+    expectRefused({u"recover"_s, u"a"_s, u"--output="_s}, "--output is empty");
+    expectRefused({u"render"_s, u"a"_s, u"--output"_s, QString()}, "--output is empty");
+    expectRefused({u"check"_s, u"a"_s, u"--recording"_s, QString()}, "--recording is empty");
+    expectRefused({u"check"_s, u"a"_s, u"--ignore=covered"_s, u"--ignore="_s}, "--ignore is empty");
+}
+
+TEST(CommandLine, SaysWhenTheFolderForTemporaryFilesCannotBeUsed)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"file"_s);
+    ASSERT_TRUE(TestPackage::writeFile(file, "not a folder"));
+    const QByteArray former = qgetenv(FolderTools::kTempVariable);
+    qputenv(FolderTools::kTempVariable, QFile::encodeName(file));
+    expectRefused({u"show"_s, file},
+                  QByteArray("gaugewright-cli: " + QFile::encodeName(file) + ": "));
+    qputenv(FolderTools::kTempVariable, former);
+}
+
 TEST(CommandLine, ErrorsNameTheFile)
 {
     expectRefused({u"show"_s, u"missing.zconf2"_s}, "missing.zconf2: There is no such file\n");

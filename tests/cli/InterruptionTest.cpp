@@ -1,6 +1,9 @@
 // The program in the middle of its work, ended by a signal.
 
+#include "cli/Interruption.h"
+
 #include "tests/support/FolderTools.h"
+#include "tests/support/PackageBuilder.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -12,24 +15,43 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <pthread.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Sends the signal to another thread of this process while the main thread is in a pause, and
+/// writes the file before that ends.
+[[noreturn]] void interruptInAPause(const QString& guarded, const QString& file)
+{
+    std::thread other([] { ::pause(); });
+    {
+        const Interruption::Pause pause;
+        Interruption::setFolder(guarded);
+        pthread_kill(other.native_handle(), SIGTERM);
+        QThread::msleep(200);
+        static_cast<void>(TestPackage::writeFile(file, "complete"));
+    }
+    _exit(0); // not reached: the signal was only put off
+}
+
 /// Waits for a recording that never comes, the package unpacked.
-class Interruption : public ::testing::TestWithParam<int>
+class InterruptionTest : public ::testing::TestWithParam<int>
 {
 protected:
-    Interruption()
+    InterruptionTest()
     {
         EXPECT_EQ(mkfifo(QFile::encodeName(m_recording).constData(), 0600), 0);
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"TMPDIR"_s, m_temporary.path());
         m_program.setProcessEnvironment(environment);
     }
-    ~Interruption() override
+    ~InterruptionTest() override
     {
         m_program.kill();
         m_program.waitForFinished();
@@ -66,7 +88,7 @@ protected:
 
 } // namespace
 
-TEST_P(Interruption, RemovesTheUnpackFolder)
+TEST_P(InterruptionTest, RemovesTheUnpackFolder)
 {
     start();
     send(GetParam());
@@ -76,9 +98,10 @@ TEST_P(Interruption, RemovesTheUnpackFolder)
     EXPECT_EQ(FolderTools::names(m_temporary.path()), QStringList());
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, Interruption, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
+INSTANTIATE_TEST_SUITE_P(Signals, InterruptionTest,
+                         ::testing::Values(SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE));
 
-TEST_F(Interruption, IsIgnoredWhereTheCallerWantsThat)
+TEST_F(InterruptionTest, IsIgnoredWhereTheCallerWantsThat)
 {
     start(u"trap '' HUP; "_s);
     send(SIGHUP);
@@ -87,4 +110,19 @@ TEST_F(Interruption, IsIgnoredWhereTheCallerWantsThat)
     send(SIGTERM);
     ASSERT_TRUE(m_program.waitForFinished());
     EXPECT_EQ(FolderTools::names(m_temporary.path()), QStringList());
+}
+
+TEST_F(InterruptionTest, IsPutOffInAPauseWhicheverThreadTheSignalReaches)
+{
+    const QString guarded = m_folder.filePath(u"guarded"_s);
+    const QString file = m_folder.filePath(u"file"_s);
+    ASSERT_TRUE(QDir().mkdir(guarded));
+    const pid_t child = fork();
+    if (child == 0)
+        interruptInAPause(guarded, file);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM) << status;
+    EXPECT_EQ(TestPackage::readFile(file), "complete");
+    EXPECT_FALSE(QFileInfo::exists(guarded));
 }

@@ -2,6 +2,8 @@
 // it does with pipes and full disks.
 
 #include "tests/support/FolderTools.h"
+#include "tests/support/PackageBuilder.h"
+#include "tests/support/SmallDisk.h"
 
 #include <QDir>
 #include <QFile>
@@ -159,6 +161,60 @@ TEST_F(Program, AReaderThatGoesAwayLeavesNothingBehind)
                                                      sample(u"endurance-large.zconf2"_s))});
     ASSERT_TRUE(m_process.waitForFinished());
     EXPECT_EQ(m_process.readAllStandardError().count('\n'), 1);
+}
+
+TEST_F(Program, AReaderOfErrorsThatGoesAwayLeavesNothingBehind)
+{
+    const QString broken = m_folder.filePath(u"broken.zconf2"_s);
+    ASSERT_TRUE(TestPackage::writeFile(broken, "no archive"));
+    m_process.start(u"/bin/sh"_s, {u"-c"_s, QStringLiteral("(sleep 0.2; '%1' show '%2') 2>&1 | :")
+                                                .arg(QStringLiteral(CLI_PROGRAM), broken)});
+    ASSERT_TRUE(m_process.waitForFinished());
+}
+
+TEST_F(Program, SaysWhenALimitOnFileSizesIsReached)
+{
+    for (const QString& command :
+         {QString(u"show '"_s + m_club + u'\''),
+          QString(u"render '"_s + m_club + u"' --output '"_s + m_folder.path() + u'\'')}) {
+        m_process.start(
+            u"/bin/sh"_s,
+            {u"-c"_s,
+             QStringLiteral("ulimit -f 8; '%1' ").arg(QStringLiteral(CLI_PROGRAM)) + command});
+        ASSERT_TRUE(m_process.waitForFinished());
+        EXPECT_EQ(m_process.exitCode(), 2);
+        EXPECT_EQ(m_process.exitStatus(), QProcess::NormalExit);
+        const QByteArray errors = m_process.readAllStandardError();
+        EXPECT_EQ(errors.count('\n'), 1) << errors.toStdString();
+    }
+    EXPECT_EQ(FolderTools::names(m_folder.path()), QStringList());
+}
+
+TEST_F(Program, ReportsAFullDiskInOneLine)
+{
+    const QString folder = m_folder.filePath(u"disk"_s);
+    ASSERT_TRUE(QDir().mkdir(folder));
+    const SmallDisk disk(folder, 4);
+    if (!disk.isMounted())
+        GTEST_SKIP() << "needs the right to mount";
+    EXPECT_EQ(run({u"render"_s, m_club, u"--page=1"_s, u"--output"_s, folder}), 2);
+    EXPECT_EQ(m_errors, QByteArray("gaugewright-cli: " + folder.toUtf8() +
+                                   "/page-1.png: No space left on device\n"));
+    EXPECT_EQ(FolderTools::names(folder), QStringList());
+}
+
+TEST_F(Program, FilesMayHaveTheNamesOfQtsOptions)
+{
+    m_process.setWorkingDirectory(m_folder.path());
+    for (const QString& name : {u"-platform"_s, u"-reverse"_s, u"-qmljsdebugger=x"_s}) {
+        ASSERT_TRUE(QFile::copy(m_club, m_folder.filePath(name)));
+        EXPECT_EQ(run({u"show"_s, u"--"_s, name}), 0) << m_errors.toStdString();
+        EXPECT_EQ(run({u"render"_s, u"--page=1"_s, u"--force"_s, u"--output=."_s, u"--"_s, name}),
+                  0)
+            << m_errors.toStdString();
+    }
+    EXPECT_EQ(run({u"render"_s, m_club, u"--output=."_s, u"-platform"_s, u"none"_s}), 2);
+    EXPECT_EQ(m_errors.count('\n'), 1) << m_errors.toStdString();
 }
 
 TEST_F(Program, LoadsNoWidgets)
