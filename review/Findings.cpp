@@ -138,23 +138,28 @@ public:
 
     void checkCovered()
     {
-        /// A page shows some dozens of elements; a damaged one may hold a million.
+        /// A page shows some dozens of elements; a damaged one may hold a hundred thousand.
         constexpr std::size_t kMostCompared = 1000;
         const std::vector<DashElement>& elements = m_page.elements;
-        for (std::size_t i = 0; i < elements.size(); ++i) {
+        std::vector<std::size_t> uncovered; // what a covered one covers, its cover covers too
+        std::vector<Finding> reversed;
+        for (std::size_t i = elements.size(); i-- > 0;) {
             const Box box(elements[i]);
-            const auto first = elements.begin() + static_cast<std::ptrdiff_t>(i) + 1;
-            const auto last = elements.begin() + static_cast<std::ptrdiff_t>(
-                                                     std::min(elements.size(), i + kMostCompared));
-            const auto covering =
-                std::find_if(std::min(first, last), last,
-                             [&](const DashElement& later) { return Box(later).holds(box); });
-            if (box.hasArea() && covering != last) {
-                add(Rule::Covered, elements[i].name,
-                    translated(QT_TRANSLATE_NOOP("Findings", "is covered by element %1"))
-                        .arg(FactText::quoted(covering->name)));
+            if (!box.hasArea())
+                continue;
+            const auto cover =
+                std::find_if(uncovered.begin(), uncovered.end(),
+                             [&](std::size_t later) { return Box(elements[later]).holds(box); });
+            if (cover != uncovered.end()) {
+                reversed.push_back(
+                    finding(Rule::Covered, elements[i].name,
+                            translated(QT_TRANSLATE_NOOP("Findings", "is covered by element %1"))
+                                .arg(FactText::quoted(elements[*cover].name))));
+            } else if (uncovered.size() < kMostCompared) {
+                uncovered.push_back(i);
             }
         }
+        m_found.insert(m_found.end(), reversed.rbegin(), reversed.rend());
     }
 
     void checkNames()
@@ -200,9 +205,13 @@ public:
     }
 
 private:
+    [[nodiscard]] Finding finding(Rule rule, const QString& element, const QString& message) const
+    {
+        return {rule, m_number, m_page.name, element, message};
+    }
     void add(Rule rule, const QString& element, const QString& message)
     {
-        m_found.push_back({rule, m_number, m_page.name, element, message});
+        m_found.push_back(finding(rule, element, message));
     }
 
     const DashPage& m_page;

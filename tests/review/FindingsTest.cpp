@@ -82,6 +82,20 @@ TEST(Findings, ElementsCoveredByALaterOne)
         << "neither by an earlier one nor in part";
 }
 
+TEST(Findings, ElementsCoveredByAMuchLaterOne)
+{
+    std::vector<Object> elements{digitElement("first", 10, 10, 20, 20)};
+    for (int i = 0; i < 2000; ++i) // stacked, so that one cover stands for all
+        elements.push_back(digitElement(QByteArray::number(i), 100, 100, 20, 20));
+    elements.push_back(digitElement("last", 0, 0, 90, 90));
+    const Findings found = findingsOn(elements);
+    ASSERT_EQ(found.size(), 2000U);
+    EXPECT_EQ(found.front(),
+              aboutElement(Rule::Covered, u"first"_s, u"is covered by element \"last\""_s));
+    EXPECT_EQ(found.back(),
+              aboutElement(Rule::Covered, u"1998"_s, u"is covered by element \"1999\""_s));
+}
+
 TEST(Findings, NamesUsedTwiceOnAPage)
 {
     const std::vector<Object> pages{
