@@ -18,13 +18,17 @@ QString translated(const char* text)
 /// The key that the subject's name goes under, null when the difference has none.
 const char* subjectKey(Difference::Change change)
 {
-    using Change = Difference::Change;
-    if (change >= Change::FileAdded)
-        return "file";
-    if (change >= Change::ElementAdded)
-        return "element";
-    if (change >= Change::ChannelAdded && change <= Change::ChannelChanged)
+    switch (subjectOf(change)) {
+    case Difference::Subject::Channel:
         return "channel";
+    case Difference::Subject::Element:
+        return "element";
+    case Difference::Subject::File:
+        return "file";
+    case Difference::Subject::Layout:
+    case Difference::Subject::Page:
+        break;
+    }
     return nullptr;
 }
 

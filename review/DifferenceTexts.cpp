@@ -10,6 +10,7 @@
 namespace {
 
 using Change = Difference::Change;
+using Subject = Difference::Subject;
 
 constexpr char kContext[] = "Differences";
 
@@ -26,67 +27,69 @@ enum class Facts
 struct Texts
 {
     Change change;
+    Subject subject;
     const char* id;
     const char* text;
     Facts facts;
 };
 
 constexpr std::array kTexts{
-    Texts{Change::Device, "device-changed",
+    Texts{Change::Device, Subject::Layout, "device-changed",
           QT_TRANSLATE_NOOP("Differences", "device changed from %1 to %2"), Facts::Both},
-    Texts{Change::Display, "display-changed",
+    Texts{Change::Display, Subject::Layout, "display-changed",
           QT_TRANSLATE_NOOP("Differences", "display changed from %1 to %2"), Facts::Both},
-    Texts{Change::LayoutSettings, "layout-settings-changed",
+    Texts{Change::LayoutSettings, Subject::Layout, "layout-settings-changed",
           QT_TRANSLATE_NOOP("Differences", "other settings of the layout changed"), Facts::None},
-    Texts{Change::ChannelAdded, "channel-added", QT_TRANSLATE_NOOP("Differences", "added: %1"),
-          Facts::Present},
-    Texts{Change::ChannelRemoved, "channel-removed",
+    Texts{Change::ChannelAdded, Subject::Channel, "channel-added",
+          QT_TRANSLATE_NOOP("Differences", "added: %1"), Facts::Present},
+    Texts{Change::ChannelRemoved, Subject::Channel, "channel-removed",
           QT_TRANSLATE_NOOP("Differences", "removed: %1"), Facts::Former},
-    Texts{Change::ChannelChanged, "channel-changed",
+    Texts{Change::ChannelChanged, Subject::Channel, "channel-changed",
           QT_TRANSLATE_NOOP("Differences", "changed from %1 to %2"), Facts::Both},
-    Texts{Change::PageAdded, "page-added", QT_TRANSLATE_NOOP("Differences", "added"), Facts::None},
-    Texts{Change::PageRemoved, "page-removed", QT_TRANSLATE_NOOP("Differences", "removed"),
+    Texts{Change::PageAdded, Subject::Page, "page-added", QT_TRANSLATE_NOOP("Differences", "added"),
           Facts::None},
-    Texts{Change::PageRenamed, "page-renamed",
+    Texts{Change::PageRemoved, Subject::Page, "page-removed",
+          QT_TRANSLATE_NOOP("Differences", "removed"), Facts::None},
+    Texts{Change::PageRenamed, Subject::Page, "page-renamed",
           QT_TRANSLATE_NOOP("Differences", "renamed from %1 to %2"), Facts::BothNames},
-    Texts{Change::PageOrder, "page-reordered",
+    Texts{Change::PageOrder, Subject::Page, "page-reordered",
           QT_TRANSLATE_NOOP("Differences", "order changed from place %1 to %2"), Facts::Both},
-    Texts{Change::PageSize, "page-resized",
+    Texts{Change::PageSize, Subject::Page, "page-resized",
           QT_TRANSLATE_NOOP("Differences", "resized from %1 to %2"), Facts::Both},
-    Texts{Change::PageImage, "page-image-changed",
+    Texts{Change::PageImage, Subject::Page, "page-image-changed",
           QT_TRANSLATE_NOOP("Differences", "background image changed from %1 to %2"),
           Facts::BothNames},
-    Texts{Change::PageSettings, "page-settings-changed",
+    Texts{Change::PageSettings, Subject::Page, "page-settings-changed",
           QT_TRANSLATE_NOOP("Differences", "other settings changed"), Facts::None},
-    Texts{Change::ElementAdded, "element-added", QT_TRANSLATE_NOOP("Differences", "added: %1"),
-          Facts::Present},
-    Texts{Change::ElementRemoved, "element-removed",
+    Texts{Change::ElementAdded, Subject::Element, "element-added",
+          QT_TRANSLATE_NOOP("Differences", "added: %1"), Facts::Present},
+    Texts{Change::ElementRemoved, Subject::Element, "element-removed",
           QT_TRANSLATE_NOOP("Differences", "removed: %1"), Facts::Former},
-    Texts{Change::ElementRenamed, "element-renamed",
+    Texts{Change::ElementRenamed, Subject::Element, "element-renamed",
           QT_TRANSLATE_NOOP("Differences", "renamed from %1 to %2"), Facts::BothNames},
-    Texts{Change::ElementOrder, "element-reordered",
+    Texts{Change::ElementOrder, Subject::Element, "element-reordered",
           QT_TRANSLATE_NOOP("Differences", "order changed from place %1 to %2"), Facts::Both},
-    Texts{Change::ElementKind, "element-kind-changed",
+    Texts{Change::ElementKind, Subject::Element, "element-kind-changed",
           QT_TRANSLATE_NOOP("Differences", "kind changed from %1 to %2"), Facts::Both},
-    Texts{Change::ElementMoved, "element-moved",
+    Texts{Change::ElementMoved, Subject::Element, "element-moved",
           QT_TRANSLATE_NOOP("Differences", "moved from %1 to %2"), Facts::Both},
-    Texts{Change::ElementResized, "element-resized",
+    Texts{Change::ElementResized, Subject::Element, "element-resized",
           QT_TRANSLATE_NOOP("Differences", "resized from %1 to %2"), Facts::Both},
-    Texts{Change::ElementChannel, "element-rebound",
+    Texts{Change::ElementChannel, Subject::Element, "element-rebound",
           QT_TRANSLATE_NOOP("Differences", "bound to another channel, from %1 to %2"), Facts::Both},
-    Texts{Change::ElementValueStyle, "element-value-restyled",
+    Texts{Change::ElementValueStyle, Subject::Element, "element-value-restyled",
           QT_TRANSLATE_NOOP("Differences", "value restyled from %1 to %2"), Facts::Both},
-    Texts{Change::ElementLabelStyle, "element-label-restyled",
+    Texts{Change::ElementLabelStyle, Subject::Element, "element-label-restyled",
           QT_TRANSLATE_NOOP("Differences", "label restyled from %1 to %2"), Facts::Both},
-    Texts{Change::ElementTexts, "element-text-changed",
+    Texts{Change::ElementTexts, Subject::Element, "element-text-changed",
           QT_TRANSLATE_NOOP("Differences", "text changed from %1 to %2"), Facts::Both},
-    Texts{Change::ElementSettings, "element-settings-changed",
+    Texts{Change::ElementSettings, Subject::Element, "element-settings-changed",
           QT_TRANSLATE_NOOP("Differences", "other settings changed"), Facts::None},
-    Texts{Change::FileAdded, "file-added", QT_TRANSLATE_NOOP("Differences", "added: %1"),
-          Facts::Present},
-    Texts{Change::FileRemoved, "file-removed", QT_TRANSLATE_NOOP("Differences", "removed: %1"),
-          Facts::Former},
-    Texts{Change::FileChanged, "file-changed",
+    Texts{Change::FileAdded, Subject::File, "file-added",
+          QT_TRANSLATE_NOOP("Differences", "added: %1"), Facts::Present},
+    Texts{Change::FileRemoved, Subject::File, "file-removed",
+          QT_TRANSLATE_NOOP("Differences", "removed: %1"), Facts::Former},
+    Texts{Change::FileChanged, Subject::File, "file-changed",
           QT_TRANSLATE_NOOP("Differences", "changed from %1 to %2"), Facts::Both},
 };
 
@@ -113,23 +116,31 @@ QString translated(const char* text)
 /// What the difference is about; empty for the layout as a whole.
 QString about(const Difference& difference)
 {
-    const Change change = difference.change;
     const QString subject = FactText::quoted(difference.subject);
-    if (change >= Change::FileAdded)
-        return translated(QT_TRANSLATE_NOOP("Differences", "file %1")).arg(subject);
-    if (change >= Change::ChannelAdded && change <= Change::ChannelChanged)
-        return translated(QT_TRANSLATE_NOOP("Differences", "channel %1")).arg(subject);
-    if (difference.page == 0)
-        return {};
     const QString number = QString::number(difference.page);
-    const QString name = FactText::quoted(difference.pageName);
-    if (change < Change::ElementAdded)
-        return translated(QT_TRANSLATE_NOOP("Differences", "page %1 %2")).arg(number, name);
-    return translated(QT_TRANSLATE_NOOP("Differences", "page %1 %2, element %3"))
-        .arg(number, name, subject);
+    const QString page = FactText::quoted(difference.pageName);
+    switch (subjectOf(difference.change)) {
+    case Subject::Layout:
+        break;
+    case Subject::Channel:
+        return translated(QT_TRANSLATE_NOOP("Differences", "channel %1")).arg(subject);
+    case Subject::Page:
+        return translated(QT_TRANSLATE_NOOP("Differences", "page %1 %2")).arg(number, page);
+    case Subject::Element:
+        return translated(QT_TRANSLATE_NOOP("Differences", "page %1 %2, element %3"))
+            .arg(number, page, subject);
+    case Subject::File:
+        return translated(QT_TRANSLATE_NOOP("Differences", "file %1")).arg(subject);
+    }
+    return {};
 }
 
 } // namespace
+
+Difference::Subject subjectOf(Difference::Change change)
+{
+    return textsOf(change).subject;
+}
 
 QString identifier(Difference::Change change)
 {

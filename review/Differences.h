@@ -41,6 +41,16 @@ struct Difference
         FileChanged
     };
 
+    /// What a change is about.
+    enum class Subject
+    {
+        Layout,
+        Channel,
+        Page,
+        Element,
+        File
+    };
+
     Change change = Change::Device;
     int page = 0;     ///< number of the page, from 1; 0 for none. Of a removed page the former one
     QString pageName; ///< the present one, of a removed page the former one
@@ -51,6 +61,7 @@ struct Difference
     friend bool operator==(const Difference&, const Difference&) = default;
 };
 
+[[nodiscard]] Difference::Subject subjectOf(Difference::Change change);
 /// The change's identifier for programs: fixed, never translated.
 [[nodiscard]] QString identifier(Difference::Change change);
 /// The difference in one line, translated.
