@@ -1,15 +1,19 @@
-// Opening and saving the large sample, each beside the least that any program would have to do
-// with the same libraries. Runs in memory-backed folders where there are any, so that the processor
-// is measured and not the disk.
+// Opening, showing and saving the large sample, each beside the least that any program would have
+// to do with the same libraries. Runs in memory-backed folders where there are any, so that the
+// processor is measured and not the disk.
 
+#include "cli/CommandLine.h"
+#include "cli/Console.h"
 #include "document/DashboardDocument.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QPixmap>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -121,6 +125,37 @@ void openPackage(benchmark::State& state)
     }
 }
 BENCHMARK(openPackage)->Apply(inMilliseconds);
+
+/// The subcommand in this process: opens as openPackage does, with the images, and removes the
+/// folder.
+void showPackage(benchmark::State& state)
+{
+    for ([[maybe_unused]] const auto iteration : state) {
+        QBuffer answer;
+        QBuffer errors;
+        answer.open(QIODevice::WriteOnly);
+        errors.open(QIODevice::WriteOnly);
+        Console console(answer, errors, false);
+        if (CommandLine::run({QStringLiteral("show"), material().package}, console) !=
+                ExitStatus::Clean ||
+            !console.flush())
+            state.SkipWithError("the package cannot be shown");
+    }
+}
+BENCHMARK(showPackage)->Apply(inMilliseconds);
+
+/// What a script waits for: the program from start to end. It decodes no images.
+void showProgram(benchmark::State& state)
+{
+    QProcess program;
+    program.setStandardOutputFile(QProcess::nullDevice());
+    for ([[maybe_unused]] const auto iteration : state) {
+        program.start(QStringLiteral(CLI_PROGRAM), {QStringLiteral("show"), material().package});
+        if (!program.waitForFinished() || program.exitCode() != 0)
+            state.SkipWithError("the program fails");
+    }
+}
+BENCHMARK(showProgram)->Apply(inMilliseconds)->UseRealTime();
 
 /// Deflates everything, as a program must that does not know what has changed.
 void saveFloorDeflatingAll(benchmark::State& state)
