@@ -5,9 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <span>
 
+using namespace Qt::StringLiterals;
 using namespace SamplePackage;
 
 namespace {
@@ -32,18 +32,12 @@ QLinearGradient shade(const QRectF& rect, QRgb top, QRgb bottom)
 // Bold type, spaced for capitals, and the pen that writes it.
 void setType(QPainter& painter, double pixelSize, const QColor& color)
 {
-    QFont font(QStringLiteral("DejaVu Sans"));
+    QFont font(u"DejaVu Sans"_s);
     font.setPixelSize(std::max(static_cast<int>(pixelSize), 5));
     font.setBold(true);
     font.setLetterSpacing(QFont::PercentageSpacing, 104);
     painter.setFont(font);
     painter.setPen(color);
-}
-
-void roundedBox(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush)
-{
-    painter.setBrush(brush);
-    painter.drawRoundedRect(rect, radius, radius);
 }
 
 void line(QPainter& painter, const QPen& pen, const QPointF& from, const QPointF& to)
@@ -75,14 +69,12 @@ void paintName(QPainter& painter, const QRectF& band, const QString& name, const
 {
     const double height = band.height() * 0.6;
     const double width = height / 3; // of a stripe, and how far it leans
+    const QPolygonF stripe({{width, 0}, {2 * width, 0}, {width, height}, {0, height}});
     QPointF corner = band.topLeft() + QPointF(width, (band.height() - height) / 2);
-    const QPointF lean(width, 0);
     painter.setPen(Qt::NoPen);
     for (const int alpha : {255, 170, 90}) {
         painter.setBrush(withAlpha(accent, alpha));
-        const QPointF foot = corner + QPointF(0, height);
-        const QPointF stripe[] = {corner + lean, corner + 2 * lean, foot + lean, foot};
-        painter.drawPolygon(stripe, 4);
+        painter.drawPolygon(stripe.translated(corner));
         corner.rx() += width * 1.4;
     }
     setType(painter, band.height() * 0.5, kInk);
@@ -97,18 +89,19 @@ void paintPanel(QPainter& painter, const QRect& rect, bool raised)
     const double radius = raised ? 5 : 3;
     const double edge = raised ? panel.top() + 1 : panel.bottom();
     painter.setPen(raised ? QColor(0x040506) : QColor(0, 0, 0, 200));
-    roundedBox(painter, panel, radius,
-               raised ? shade(panel, 0x2c323a, 0x16191d) : shade(panel, 0x020304, 0x111418));
+    painter.setBrush(raised ? shade(panel, 0x2c323a, 0x16191d) : shade(panel, 0x020304, 0x111418));
+    painter.drawRoundedRect(panel, radius, radius);
     line(painter, QColor(255, 255, 255, raised ? 34 : 20), {panel.left() + radius, edge},
          {panel.right() - radius, edge});
 }
 
 // The title at the left, the unit at the right when there is room for it.
-void paintTitle(QPainter& painter, const QRect& band, const Tile& tile, const QColor& accent)
+void paintTitle(QPainter& painter, const Tile& tile, int height)
 {
+    const QRect band(tile.bezel.topLeft(), QSize(tile.bezel.width(), height));
     const int size = band.height() * 5 / 8;
     const QRect mark(band.left() + size / 2, band.top() + (band.height() - size) / 2 + 1, 3, size);
-    painter.fillRect(mark, accent);
+    painter.fillRect(mark, tile.accent);
     const QRect text = band.adjusted(mark.right() + size / 2 - band.left(), 1, -size / 2, 1);
     setType(painter, size, kInk);
     QRect used;
@@ -138,8 +131,7 @@ double roundStep(double span, int maxSteps)
 
 // Draws the numbers of a scale and kMinor - 1 marks between every two of them. draw is called with
 // the place on the range, 0 to 1, and the number, empty between numbers.
-void paintScale(const Range& range, int maxSteps,
-                const std::function<void(double, const QString&)>& draw)
+void paintScale(const Range& range, int maxSteps, const auto& draw)
 {
     constexpr int kMinor = 5;
     constexpr double kTolerance = 1e-9; // of a step, against rounding
@@ -169,79 +161,6 @@ void paintDialFace(QPainter& painter, const QPointF& centre, double radius)
     painter.drawEllipse(centre, radius * 0.95, radius * 0.95);
 }
 
-void paintDial(QPainter& painter, const QRectF& rect, const Range& range, const QColor& accent)
-{
-    // Runs clockwise through three quarters of a turn, open at the bottom. Degrees.
-    constexpr double kStart = 225;
-    constexpr double kSweep = 270;
-    const QPointF centre = rect.center();
-    const double radius = std::min(rect.width(), rect.height()) / 2 - 2;
-    const auto point = [&](double share, double at) {
-        const double angle = (kStart - kSweep * at) * M_PI / 180;
-        return centre + radius * share * QPointF(std::cos(angle), -std::sin(angle));
-    };
-    const auto arc = [&](const QColor& color, double width, double share, double from, double to) {
-        const QPointF corner(radius * share, radius * share);
-        painter.setPen(QPen(color, radius * width, Qt::SolidLine, Qt::FlatCap));
-        painter.drawArc(QRectF(centre - corner, centre + corner),
-                        static_cast<int>((kStart - kSweep * from) * 16), // sixteenths of a degree
-                        static_cast<int>(-kSweep * (to - from) * 16));
-    };
-    paintDialFace(painter, centre, radius);
-    const double zoneFrom = fraction(range, range.zoneFrom);
-    const double zoneTo = fraction(range, range.zoneTo);
-    arc(accent, 0.04, 0.88, 0, zoneFrom);
-    arc(accent, 0.04, 0.88, zoneTo, 1);
-    arc(kZone, 0.08, 0.865, zoneFrom, zoneTo);
-    paintScale(range, radius > 60 ? 10 : 5, [&](double at, const QString& number) {
-        const bool major = !number.isEmpty();
-        line(painter, major ? QPen(kInk, std::max(1.5, radius * 0.018)) : QPen(kDimInk, 1),
-             point(0.84, at), point(0.84 * (major ? 0.88 : 0.95), at));
-        setType(painter, radius * 0.15, kInk);
-        const QPointF half(radius * 0.3, radius * 0.3);
-        painter.drawText(QRectF(point(0.6, at) - half, point(0.6, at) + half), Qt::AlignCenter,
-                         number);
-    });
-}
-
-// A row of blocks like a light strip, red in the zone, above numbers.
-void paintBar(QPainter& painter, const QRectF& rect, const Range& range, const QColor& accent)
-{
-    const double numbers = std::min(rect.height() * 0.3, 11.0); // height
-    const double blocks = std::min(rect.height() * 0.38, 16.0); // height
-    const double pitch = rect.width() / std::floor(rect.width() / 6);
-    const double top = rect.bottom() - numbers;
-    for (double x = 0; x + 1 < rect.width(); x += pitch) {
-        const double at = (x + pitch / 2) / rect.width();
-        const bool inZone =
-            at >= fraction(range, range.zoneFrom) && at <= fraction(range, range.zoneTo);
-        painter.fillRect(QRectF(rect.left() + x, top - blocks - 1, pitch - 1.5, blocks),
-                         inZone ? withAlpha(kZone, 170) : withAlpha(accent, 115));
-    }
-    setType(painter, numbers * 0.8, kDimInk);
-    const int maxSteps = std::max(2, static_cast<int>(rect.width()) / 34);
-    paintScale(range, maxSteps, [&](double at, const QString& number) {
-        if (number.isEmpty())
-            return;
-        const double x = rect.left() + at * rect.width();
-        const double centre = std::clamp(x, rect.left() + 10, rect.right() - 10);
-        painter.drawLine(QPointF(x, top - 1), QPointF(x, top + 1));
-        painter.drawText(QRectF(centre - 20, top, 40, numbers), Qt::AlignCenter, number);
-    });
-}
-
-void paintLamp(QPainter& painter, const QRectF& rect, const QColor& color)
-{
-    const double radius = std::min(rect.width(), rect.height()) * 0.42;
-    QRadialGradient glass(rect.center() - QPointF(0, radius / 2), radius * 1.6);
-    glass.setStops({{0, withAlpha(color.lighter(130), 190)},
-                    {0.6, withAlpha(color.darker(260), 230)},
-                    {1, QColor(0x040506)}});
-    painter.setPen(QPen(QColor(0x505862), 1.5));
-    painter.setBrush(glass);
-    painter.drawEllipse(rect.center(), radius, radius);
-}
-
 // Outlines as the control points of a smooth closed curve. Percent of the box round them.
 constexpr QPointF kCircuit[] = {{18, 78}, {10, 60}, {12, 40}, {26, 30}, {36, 40}, {46, 46},
                                 {54, 34}, {50, 18}, {62, 10}, {82, 14}, {91, 28}, {84, 42},
@@ -267,29 +186,117 @@ QPainterPath closedCurve(const QRectF& box, std::span<const QPointF> points)
     return path;
 }
 
-void paintTrackMap(QPainter& painter, const QRectF& box, const QColor& accent)
+} // namespace
+
+void SamplePackage::paintDial(QPainter& painter, const Tile& tile)
 {
+    // Runs clockwise through three quarters of a turn, open at the bottom. Degrees.
+    constexpr double kStart = 225;
+    constexpr double kSweep = 270;
+    const QPointF centre = QRectF(tile.field).center();
+    const double radius = std::min(tile.field.width(), tile.field.height()) / 2.0 - 2;
+    const auto point = [&](double share, double at) {
+        const double angle = (kStart - kSweep * at) * M_PI / 180;
+        return centre + radius * share * QPointF(std::cos(angle), -std::sin(angle));
+    };
+    const auto arc = [&](const QColor& color, double width, double share, double from, double to) {
+        const QPointF corner(radius * share, radius * share);
+        painter.setPen(QPen(color, radius * width, Qt::SolidLine, Qt::FlatCap));
+        painter.drawArc(QRectF(centre - corner, centre + corner),
+                        static_cast<int>((kStart - kSweep * from) * 16), // sixteenths of a degree
+                        static_cast<int>(-kSweep * (to - from) * 16));
+    };
+    paintDialFace(painter, centre, radius);
+    const double zoneFrom = fraction(tile.range, tile.range.zoneFrom);
+    const double zoneTo = fraction(tile.range, tile.range.zoneTo);
+    arc(tile.accent, 0.04, 0.88, 0, zoneFrom);
+    arc(tile.accent, 0.04, 0.88, zoneTo, 1);
+    arc(kZone, 0.08, 0.865, zoneFrom, zoneTo);
+    paintScale(tile.range, radius > 60 ? 10 : 5, [&](double at, const QString& number) {
+        const bool major = !number.isEmpty();
+        line(painter, major ? QPen(kInk, std::max(1.5, radius * 0.018)) : QPen(kDimInk, 1),
+             point(0.84, at), point(0.84 * (major ? 0.88 : 0.95), at));
+        setType(painter, radius * 0.15, kInk);
+        const QPointF half(radius * 0.3, radius * 0.3);
+        painter.drawText(QRectF(point(0.6, at) - half, point(0.6, at) + half), Qt::AlignCenter,
+                         number);
+    });
+}
+
+// A row of blocks like a light strip, red in the zone, above numbers.
+void SamplePackage::paintBar(QPainter& painter, const Tile& tile)
+{
+    const QRectF rect = QRectF(tile.field).adjusted(4, 3, -4, -3);
+    const double numbers = std::min(rect.height() * 0.3, 11.0); // height
+    const double blocks = std::min(rect.height() * 0.38, 16.0); // height
+    const double pitch = rect.width() / std::floor(rect.width() / 6);
+    const double top = rect.bottom() - numbers;
+    for (double x = 0; x + 1 < rect.width(); x += pitch) {
+        const double at = (x + pitch / 2) / rect.width();
+        const bool inZone = at >= fraction(tile.range, tile.range.zoneFrom) &&
+                            at <= fraction(tile.range, tile.range.zoneTo);
+        painter.fillRect(QRectF(rect.left() + x, top - blocks - 1, pitch - 1.5, blocks),
+                         inZone ? withAlpha(kZone, 170) : withAlpha(tile.accent, 115));
+    }
+    setType(painter, numbers * 0.8, kDimInk);
+    const int maxSteps = std::max(2, static_cast<int>(rect.width()) / 34);
+    paintScale(tile.range, maxSteps, [&](double at, const QString& number) {
+        if (number.isEmpty())
+            return;
+        const double x = rect.left() + at * rect.width();
+        const double centre = std::clamp(x, rect.left() + 10, rect.right() - 10);
+        painter.drawLine(QPointF(x, top - 1), QPointF(x, top + 1));
+        painter.drawText(QRectF(centre - 20, top, 40, numbers), Qt::AlignCenter, number);
+    });
+}
+
+void SamplePackage::paintLamp(QPainter& painter, const Tile& tile)
+{
+    const QColor color(tile.tone->name == "Alert"_L1 ? 0xff3b30 : 0xffb300);
+    const QPointF centre = QRectF(tile.field).center();
+    const double radius = std::min(tile.field.width(), tile.field.height()) * 0.42;
+    QRadialGradient glass(centre - QPointF(0, radius / 2), radius * 1.6);
+    glass.setStops({{0, withAlpha(color.lighter(130), 190)},
+                    {0.6, withAlpha(color.darker(260), 230)},
+                    {1, QColor(0x040506)}});
+    painter.setPen(QPen(QColor(0x505862), 1.5));
+    painter.setBrush(glass);
+    painter.drawEllipse(centre, radius, radius);
+}
+
+// Thin lines between the texts.
+void SamplePackage::paintStrip(QPainter& painter, const Tile& tile)
+{
+    for (const int third : {1, 2})
+        painter.fillRect(tile.field.left() + third * tile.field.width() / 3, tile.field.top() + 4,
+                         1, tile.field.height() - 8, QColor(255, 255, 255, 40));
+}
+
+void SamplePackage::paintTrackMap(QPainter& painter, const Tile& tile)
+{
+    const QRectF box = QRectF(tile.field).adjusted(8, 8, -8, -8);
     const QPainterPath path = closedCurve(box, kCircuit);
-    painter.strokePath(path,
-                       QPen(QColor(0x464e58), 15, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.strokePath(path, QPen(accent, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    for (const auto& [color, width] : {std::pair(QColor(0x464e58), 15), std::pair(tile.accent, 3)})
+        painter.strokePath(path, QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     const QPointF start = path.pointAtPercent(0);
     line(painter, QPen(kInk, 3), start - QPointF(-7, 9), start + QPointF(-7, 9));
     setType(painter, 10, kDimInk);
-    painter.drawText(start + QPointF(12, -12), QStringLiteral("START"));
-    painter.drawText(into(box, kCircuit[5]) + QPointF(-4, 26), QStringLiteral("S1"));
-    painter.drawText(into(box, kCircuit[11]) + QPointF(-4, 26), QStringLiteral("S2"));
+    painter.drawText(start + QPointF(12, -12), u"START"_s);
+    painter.drawText(into(box, kCircuit[5]) + QPointF(-4, 26), u"S1"_s);
+    painter.drawText(into(box, kCircuit[11]) + QPointF(-4, 26), u"S2"_s);
 }
 
-void paintCarPlan(QPainter& painter, const QRectF& box, const QColor& accent)
+void SamplePackage::paintCarPlan(QPainter& painter, const Tile& tile)
 {
+    const QRectF box = QRectF(tile.field).adjusted(8, 8, -8, -8);
     const auto part = [&](const QRectF& percent, double radius, QRgb color) {
-        roundedBox(painter, {into(box, percent.topLeft()), into(box, percent.bottomRight())},
-                   radius, QColor(color));
+        painter.setBrush(QColor(color));
+        painter.drawRoundedRect({into(box, percent.topLeft()), into(box, percent.bottomRight())},
+                                radius, radius);
     };
     for (const double y : {21.0, 80.0}) // axles
         line(painter, QPen(QColor(0x5a6470), 2), into(box, {14, y}), into(box, {86, y}));
-    painter.setPen(QPen(accent, 2));
+    painter.setPen(QPen(tile.accent, 2));
     for (const QPointF& wheel : {QPointF(9, 12), QPointF(9, 70), QPointF(76, 12), QPointF(76, 70)})
         part({wheel, QSizeF(15, 19)}, 5, 0x0d0f12);
     painter.setPen(QPen(QColor(0x8b95a1), 2));
@@ -299,36 +306,6 @@ void paintCarPlan(QPainter& painter, const QRectF& box, const QColor& accent)
     painter.drawPath(closedCurve(box, kCockpit));
 }
 
-void paintTile(QPainter& painter, const Tile& tile, int titleBand, const QColor& accent)
-{
-    const QRect well = tile.isElement() ? tile.element : tile.bezel.adjusted(4, 4, -4, -4);
-    paintPanel(painter, tile.bezel, true);
-    paintPanel(painter, well, false);
-    if (tile.hasTitleBand())
-        paintTitle(painter, {tile.bezel.topLeft(), QSize(tile.bezel.width(), titleBand)}, tile,
-                   accent);
-    const QRectF scene = QRectF(well).adjusted(8, 8, -8, -8);
-    painter.setBrush(Qt::NoBrush);
-    if (tile.instrument == Instrument::Dial) {
-        paintDial(painter, well, tile.range, accent);
-    } else if (tile.instrument <= Instrument::BarReadout) {
-        paintBar(painter, QRectF(well).adjusted(4, 3, -4, -3), tile.range, accent);
-    } else if (tile.instrument == Instrument::Lamp) {
-        const bool alert = tile.tone == Tone::Alert;
-        paintLamp(painter, well, alert ? 0xff3b30 : 0xffb300);
-    } else if (tile.instrument == Instrument::Strip) {
-        for (const int third : {1, 2}) // thin lines between the texts
-            painter.fillRect(well.left() + third * well.width() / 3, well.top() + 4, 1,
-                             well.height() - 8, QColor(255, 255, 255, 40));
-    } else if (tile.instrument == Instrument::TrackMap) {
-        paintTrackMap(painter, scene, accent);
-    } else if (tile.instrument == Instrument::CarPlan) {
-        paintCarPlan(painter, scene, accent);
-    }
-}
-
-} // namespace
-
 QImage SamplePackage::paintBackground(const Package& package, const Page& page)
 {
     QImage image(package.size, QImage::Format_RGB32);
@@ -336,7 +313,13 @@ QImage SamplePackage::paintBackground(const Package& package, const Page& page)
     painter.setRenderHint(QPainter::Antialiasing);
     paintBackdrop(painter, image.rect(), package.header, page.accent);
     paintName(painter, nameBand(package), page.name, page.accent);
-    for (const Tile& tile : page.tiles)
-        paintTile(painter, tile, package.titleBand, page.accent);
+    for (const Tile& tile : page.tiles) {
+        paintPanel(painter, tile.bezel, true);
+        paintPanel(painter, tile.field, false);
+        if (tile.instrument->hasTitleBand)
+            paintTitle(painter, tile, package.titleBand);
+        if (tile.instrument->paint)
+            tile.instrument->paint(painter, tile);
+    }
     return image;
 }

@@ -50,9 +50,27 @@ Driver Heart Rate|HR|bpm; Alarm Code|Alm|#
 // A page is a line "page NAME COLOUR", with "bare" for no background, and lines of tiles:
 // INSTRUMENT COLUMN ROW COLUMNS ROWS TITLE/CHANNEL/TONE/RANGE. The tone is Plain and the range is
 // the channel's unless given. "*" labels the element.
-constexpr auto kInstruments =
-    "Dial Bar BarReadout Readout IconReadout Lamp Caption Strip TrackMap CarPlan"_L1;
-constexpr auto kTones = "Plain Good Caution Alert Info Dimmed"_L1;
+constexpr auto kAnalog = R"(<e c="Analog"><p n="START_ANGLE">225</p><p n="SWEEP">270</p>)"_L1;
+constexpr auto kBargraph = R"(<e c="BargraphTrapezio">)"_L1;
+constexpr auto kIcon = R"(<e c="Icon">)"_L1;
+constexpr Instrument kInstruments[] = {
+    {"Dial"_L1, "gauge"_L1, kAnalog, false, 0.14, true, paintDial},
+    {"Bar"_L1, "bar"_L1, kBargraph, false, 0, true, paintBar},
+    {"BarReadout"_L1, "bar"_L1, kBargraph, false, 0.4, true, paintBar},
+    {"Readout"_L1, "value"_L1, {}, false, 0.55, true},
+    {"IconReadout"_L1, "value"_L1, {}, true, 0.55, true},
+    {"Lamp"_L1, "lamp"_L1, kIcon, true, 0, false, paintLamp},
+    {"Caption"_L1, "text"_L1},
+    {"Strip"_L1, "text"_L1, {}, false, 0, false, paintStrip},
+    {"TrackMap"_L1, {}, {}, false, 0, false, paintTrackMap},
+    {"CarPlan"_L1, {}, {}, false, 0, false, paintCarPlan},
+};
+
+constexpr Tone kTones[] = {
+    {"Plain"_L1, kWideFont, "0xffffffff"_L1},   {"Good"_L1, kWideFont, "0xff4cd964"_L1},
+    {"Caution"_L1, kWideFont, "0xffffc233"_L1}, {"Alert"_L1, kWideFont, "0xffff5a4d"_L1},
+    {"Info"_L1, kPlainFont, "0xff5ac8fa"_L1},   {"Dimmed"_L1, kPlainFont, "0xb4c8d2dc"_L1},
+};
 
 constexpr char kWideHeader[] =
     "Caption 5 0 2 1 CAR 12; Strip 7 0 5 1 LAP|POS|GAP; Lamp 12 0 1 1 OIL/Oil Press/Alert; "
@@ -181,49 +199,40 @@ std::vector<Channel> parseChannels()
     return channels;
 }
 
-const Channel* findChannel(const QString& longName)
+// The row of a table with that name, which is in the given member.
+template <typename Table, typename Member>
+auto* find(const Table& table, Member name, const QString& wanted)
 {
-    const auto& all = channels();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const Channel& channel) {
-        return channel.longName == longName;
-    });
-    if (found == all.end())
-        qFatal("no such channel: %s", qPrintable(longName));
-    return &*found;
-}
-
-// The value of an enumeration whose names are listed in order.
-template <typename Enumeration>
-Enumeration parseName(QLatin1StringView names, const QString& name)
-{
-    const auto index = QString(names).split(u' ').indexOf(name);
-    if (index < 0)
-        qFatal("no such word in a layout: %s", qPrintable(name));
-    return static_cast<Enumeration>(index);
+    const auto row = std::find_if(std::begin(table), std::end(table),
+                                  [&](const auto& each) { return each.*name == wanted; });
+    if (row == std::end(table))
+        qFatal("no such word in a layout: %s", qPrintable(wanted));
+    return &*row;
 }
 
 Tile parseTile(const Package& package, const QString& text, bool inHeader)
 {
-    Tile tile;
-    tile.labelled = text.endsWith(u'*');
-    const QStringList fields = text.chopped(tile.labelled ? 1 : 0).split(u'/');
+    const bool starred = text.endsWith(u'*');
+    const QStringList fields = text.chopped(starred ? 1 : 0).split(u'/');
     const QStringList words = fields[0].split(u' ');
-    tile.instrument = parseName<Instrument>(kInstruments, words[0]);
+    Tile tile;
+    tile.accent = package.pages.back().accent;
+    tile.instrument = find(kInstruments, &Instrument::name, words[0]);
     tile.title = words.mid(5).join(u' ');
+    tile.tone = find(kTones, &Tone::name, fields.value(2, u"Plain"_s));
     if (fields.size() > 1)
-        tile.channel = findChannel(fields[1]);
-    if (fields.size() > 2)
-        tile.tone = parseName<Tone>(kTones, fields[2]);
+        tile.channel = find(channels(), &Channel::longName, fields[1]);
+    tile.labelled = starred || !tile.channel;
     if (fields.size() > 3)
         tile.range = parseRange(fields[3]);
-    else if (tile.channel && tile.instrument != Instrument::Lamp)
+    else if (tile.instrument->hasTitleBand)
         tile.range = tile.channel->range;
     tile.bezel = cellRect(package, inHeader,
                           {words[1].toInt(), words[2].toInt(), words[3].toInt(), words[4].toInt()});
-    const int inset = package.gap / 2;
-    tile.element = tile.bezel.adjusted(inset, inset, -inset, -inset);
-    if (tile.hasTitleBand())
-        tile.element.setTop(tile.bezel.top() + package.titleBand);
+    const int inset = tile.instrument->element.isEmpty() ? 4 : package.gap / 2;
+    tile.field = tile.bezel.adjusted(inset, inset, -inset, -inset);
+    if (tile.instrument->hasTitleBand)
+        tile.field.setTop(tile.bezel.top() + package.titleBand);
     return tile;
 }
 

@@ -9,34 +9,39 @@
 
 #include <vector>
 
+class QPainter;
+
 /// Sample packages as plain data. The overlay XML and the page backgrounds are both made from it,
 /// so that the artwork is always below its elements. Lengths are pixels of the target display.
 namespace SamplePackage {
 
-/// What a tile shows. The order matters to the comparisons in Tile.
-enum class Instrument
+inline constexpr QLatin1StringView kWideFont("MicrogrammaDBolExt");
+inline constexpr QLatin1StringView kPlainFont("Basic Sans SF");
+
+struct Tile;
+
+/// Paints what does not change of an instrument into its tile.
+using PaintInstrument = void(QPainter& painter, const Tile& tile);
+PaintInstrument paintDial, paintBar, paintLamp, paintStrip, paintTrackMap, paintCarPlan;
+
+/// What a tile shows, and what its element consists of.
+struct Instrument
 {
-    Dial,        ///< round gauge with a value in the middle
-    Bar,         ///< horizontal bar
-    BarReadout,  ///< horizontal bar with a value
-    Readout,     ///< value
-    IconReadout, ///< value with a pictogram
-    Lamp,        ///< pictogram alone, lit when its channel enters the zone
-    Caption,     ///< fixed text
-    Strip,       ///< three fixed texts side by side, separated by '|' in the title
-    TrackMap,    ///< artwork only: outline of a circuit
-    CarPlan,     ///< artwork only: the car seen from above
+    QLatin1StringView name;    ///< in the layouts
+    QLatin1StringView element; ///< beginning of the element's name; empty for artwork only
+    QLatin1StringView gauge{}; ///< XML that opens the object with the zone; empty without a zone
+    bool hasIcon = false;
+    double valueHeight = 0;    ///< share of the element's height; 0 without a value
+    bool hasTitleBand = false; ///< the artwork shows title and unit above the element
+    PaintInstrument* paint = nullptr;
 };
 
-/// Role of a value, which decides its colour.
-enum class Tone
+/// Role of a value: its font and its colour.
+struct Tone
 {
-    Plain,
-    Good,
-    Caution,
-    Alert,
-    Info,
-    Dimmed
+    QLatin1StringView name; ///< in the layouts
+    QLatin1StringView font;
+    QLatin1StringView color;
 };
 
 /// Scale of an instrument; the zone is the part of it that is drawn red.
@@ -55,18 +60,15 @@ struct Channel : ChannelDef
 
 struct Tile
 {
-    Instrument instrument = Instrument::Readout;
-    QString title;
+    const Instrument* instrument = nullptr;
+    QString title;                    ///< of a strip, three texts separated by '|'
     const Channel* channel = nullptr; ///< null for fixed texts and artwork
+    const Tone* tone = nullptr;
     Range range;
-    Tone tone = Tone::Plain;
-    bool labelled = false; ///< the element repeats its title as a label
+    bool labelled = false; ///< the element has its title as a label
+    QColor accent;         ///< of its page
     QRect bezel;
-    QRect element; ///< inside the bezel, below the title
-
-    [[nodiscard]] bool isElement() const { return instrument <= Instrument::Strip; }
-    /// Whether the artwork shows the title above the element.
-    [[nodiscard]] bool hasTitleBand() const { return instrument <= Instrument::IconReadout; }
+    QRect field; ///< inside the bezel, below the title: where the element is
 };
 
 struct Page

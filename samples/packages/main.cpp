@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 
@@ -12,96 +13,72 @@
 #include <algorithm>
 #include <cstdlib>
 #include <numeric>
+#include <sstream>
 
 using namespace Qt::StringLiterals;
 using namespace SamplePackage;
 
 namespace {
 
-constexpr auto kWideFont = "MicrogrammaDBolExt"_L1;
-constexpr auto kPlainFont = "Basic Sans SF"_L1;
-// Of values, by Tone.
-constexpr QLatin1StringView kFonts[] = {kWideFont, kWideFont,  kWideFont,
-                                        kWideFont, kPlainFont, kPlainFont};
-constexpr QLatin1StringView kColors[] = {"0xffffffff"_L1, "0xff4cd964"_L1, "0xffffc233"_L1,
-                                         "0xffff5a4d"_L1, "0xff5ac8fa"_L1, "0xb4c8d2dc"_L1};
+// The texts that a fixed or labelled tile shows.
+QString labelsXml(const Tile& tile, int titleBand)
+{
+    const bool caption = tile.instrument->name == "Caption"_L1;
+    const int size = std::max(8, titleBand * 5 / 8) + (caption ? 4 : 0); // pixels
+    QString xml;
+    for (const QString& text : tile.title.split(u'|'))
+        xml += uR"(<e c="Label"><p n="CHARSET_DIM">%1</p><p n="CHAR_SET_ID_2">%2</p>
+            <p n="COLORE">%3</p><p n="TEXT">%4</p></e>)"_s.arg(
+            QString::number(size), caption ? kWideFont : kPlainFont,
+            caption ? "0xffffc233"_L1 : "0xc8d7dee6"_L1, text.toHtmlEscaped());
+    return xml;
+}
 
 QString digitXml(const Tile& tile)
 {
-    const auto tone = static_cast<std::size_t>(tile.tone);
-    const double share = tile.instrument == Instrument::Dial         ? 0.14
-                         : tile.instrument == Instrument::BarReadout ? 0.4
-                                                                     : 0.55;
-    const int size = std::max(8, static_cast<int>(tile.element.height() * share)); // pixels
+    const double height = tile.field.height() * tile.instrument->valueHeight;
+    const int size = std::max(8, static_cast<int>(height)); // pixels
     return uR"(<e c="Digit" align="centre"><p n="CHARSET_DIM">%1</p><p n="CHAR_SET_ID_2">%2</p>
         <p n="COLORE">%3</p><p n="DECIMALS">1</p></e>)"_s.arg(
-        QString::number(size), size >= 48 ? "Huge Basic Sans Heavy SF"_L1 : kFonts[tone],
-        kColors[tone]);
-}
-
-QString labelsXml(const Tile& tile, int titleBand)
-{
-    const bool caption = tile.instrument == Instrument::Caption;
-    if (!caption && tile.instrument != Instrument::Strip && !tile.labelled)
-        return {};
-    const QString label =
-        uR"(<e c="Label"><p n="CHARSET_DIM">%1</p><p n="CHAR_SET_ID_2">%2</p>
-        <p n="COLORE">%3</p><p n="TEXT">%4</p></e>)"_s
-            .arg(std::max(8, titleBand * 5 / 8) + (caption ? 4 : 0))
-            .arg(caption ? kWideFont : kPlainFont, caption ? "0xffffc233"_L1 : "0xc8d7dee6"_L1);
-    QString xml;
-    for (const QString& text : tile.title.split(u'|'))
-        xml += label.arg(text.toHtmlEscaped());
-    return xml;
+        QString::number(size), size >= 48 ? "Huge Basic Sans Heavy SF"_L1 : tile.tone->font,
+        tile.tone->color);
 }
 
 // What an editor recognises the instrument by. The zone's text has characters that XML escapes.
 QString partsXml(const Tile& tile)
 {
-    const bool dial = tile.instrument == Instrument::Dial;
-    const bool lamp = tile.instrument == Instrument::Lamp;
+    const Instrument& instrument = *tile.instrument;
     const QString title = tile.title.toHtmlEscaped();
-    QString xml;
-    if (dial || lamp || tile.instrument <= Instrument::BarReadout) {
-        xml = uR"(%1<e c="ZoneParam" i="alarm"><p n="FROM">%2</p><p n="TO">%3</p>
-            <p n="TEXT">&lt;%4&gt; &amp; "Größe"</p></e></e>)"_s.arg(
-            dial   ? uR"(<e c="Analog"><p n="START_ANGLE">225</p><p n="SWEEP">270</p>)"_s
-            : lamp ? uR"(<e c="Icon">)"_s
-                   : uR"(<e c="BargraphTrapezio">)"_s,
+    QString xml = instrument.gauge;
+    if (!xml.isEmpty())
+        xml += uR"(<e c="ZoneParam" i="alarm"><p n="FROM">%1</p><p n="TO">%2</p>
+            <p n="TEXT">&lt;%3&gt; &amp; "Größe"</p></e></e>)"_s.arg(
             QString::number(tile.range.zoneFrom), QString::number(tile.range.zoneTo), title);
-    }
-    if (lamp || tile.instrument == Instrument::IconReadout)
+    if (instrument.hasIcon)
         xml += uR"(<e c="AiM_Icona"><p n="SYMBOL">%1</p></e>)"_s.arg(title);
-    if (tile.hasTitleBand() && tile.instrument != Instrument::Bar)
-        xml += digitXml(tile);
-    return xml;
+    return instrument.valueHeight > 0 ? xml + digitXml(tile) : xml;
 }
 
-QString axisXml(const Tile& tile)
+QString axisXml(const Channel& channel, const Range& range)
 {
-    if (!tile.channel)
-        return {};
     return uR"(<e c="Axis"><p n="FID_OK">%1</p><p n="FID_PREF">%2</p><p n="MAX">%3</p><p n="MIN">%4</p>
         <p n="UDM">%5</p><p n="fid">%2</p><p n="lnm">%1</p><p n="shn">%6</p></e>)"_s.arg(
-        tile.channel->longName, QString::number(tile.channel->fid),
-        QString::number(tile.range.maximum), QString::number(tile.range.minimum), tile.channel->uiv,
-        tile.channel->shortName);
+        channel.longName, QString::number(channel.fid), QString::number(range.maximum),
+        QString::number(range.minimum), channel.uiv, channel.shortName);
 }
 
 QString elementXml(const Tile& tile, int titleBand, int number)
 {
-    constexpr const char* kPrefixes[] = {"gauge", "bar",  "bar",  "value",
-                                         "value", "lamp", "text", "text"}; // by Instrument
     return uR"(<e c="GMaskParam" i="%1.%2" layer="%3"><p n="HEIGHT">%4</p><p n="VISIBLE">1</p>
-        <p n="WIDTH">%5</p><p n="XPOS">%6</p><p n="YPOS">%7</p>)"_s
-               .arg(QLatin1String(kPrefixes[static_cast<int>(tile.instrument)]))
+        <p n="WIDTH">%5</p><p n="XPOS">%6</p><p n="YPOS">%7</p>)"_s.arg(tile.instrument->element)
                .arg(number, 2, 10, QLatin1Char('0'))
                .arg(number)
-               .arg(tile.element.height())
-               .arg(tile.element.width())
-               .arg(tile.element.x())
-               .arg(tile.element.y()) +
-           axisXml(tile) + partsXml(tile) + labelsXml(tile, titleBand) + "</e>"_L1;
+               .arg(tile.field.height())
+               .arg(tile.field.width())
+               .arg(tile.field.x())
+               .arg(tile.field.y()) +
+           (tile.channel ? axisXml(*tile.channel, tile.range) : QString()) + partsXml(tile) +
+           (tile.labelled ? labelsXml(tile, titleBand) : QString()) + "</e>"_L1;
 }
 
 QString pageXml(const Package& package, int index)
@@ -110,7 +87,7 @@ QString pageXml(const Package& package, int index)
     QString elements;
     int number = 0;
     for (const Tile& tile : page.tiles) {
-        if (tile.isElement())
+        if (!tile.instrument->element.isEmpty())
             elements += elementXml(tile, package.titleBand, ++number);
     }
     const QString image =
@@ -125,15 +102,18 @@ QString pageXml(const Package& package, int index)
         elements);
 }
 
-// Saved as the logger maker's tools indent it.
-bool save(const QString& text, const QString& path)
+// Indented as by the logger maker's tools.
+QByteArray indented(const QString& text)
 {
     pugi::xml_document xml;
-    return xml.load_string(qUtf8Printable(text)) &&
-           xml.save_file(qPrintable(path), "  ", pugi::format_indent);
+    if (!xml.load_string(qUtf8Printable(text)))
+        qFatal("a sample is no XML");
+    std::ostringstream out;
+    xml.save(out, "  ");
+    return QByteArray::fromStdString(out.str());
 }
 
-bool writeOverlay(const Package& package, const QString& path)
+QByteArray overlayXml(const Package& package)
 {
     QString lights;
     for (int i = 0; i < 10; ++i)
@@ -143,17 +123,16 @@ bool writeOverlay(const Package& package, const QString& path)
     QString pages;
     for (int index = 0; index < static_cast<int>(package.pages.size()); ++index)
         pages += pageXml(package, index);
-    return save(uR"(<overlay_cli build="2026.1"><e c="Overlay" i="dash">
+    return indented(uR"(<overlay_cli build="2026.1"><e c="Overlay" i="dash">
         <p n="AUTHOR">Sample maker, Saint-Étienne</p><e c="Palette"><p n="NIGHT">0xff102030</p></e>
         <e c="GConfParam" i="conf"><p n="DIMENSIONE_X">%1</p><p n="DIMENSIONE_Y">%2</p>
         <e c="ShiftLights" i="row" count="10">%3</e>%4<e c="AlarmList"><p n="COUNT">4</p></e></e></e>
         <e c="History"><p n="LAST">2026-03-01</p></e></overlay_cli>)"_s.arg(
-                    QString::number(package.size.width()), QString::number(package.size.height()),
-                    lights, pages),
-                path);
+        QString::number(package.size.width()), QString::number(package.size.height()), lights,
+        pages));
 }
 
-bool writeDeviceFile(const Package& package, const QString& path)
+QByteArray deviceXml(const Package& package)
 {
     QString list;
     for (const Channel& channel : channels()) {
@@ -161,45 +140,40 @@ bool writeDeviceFile(const Package& package, const QString& path)
             <p n="LabelLongName">%2</p><p n="UIV">%4</p><p n="FREQUENCY">20</p></e>)"_s.arg(
             QString::number(channel.fid), channel.longName, channel.shortName, channel.uiv);
     }
-    return save(uR"(<CfgFileFormat><e c="Configuration"><e c="Device"><p n="Type">%1</p>
+    return indented(uR"(<CfgFileFormat><e c="Configuration"><e c="Device"><p n="Type">%1</p>
         <p n="TypeCode">%2</p><p n="FIRMWARE">02.46.11</p></e><e c="ChannelsList">%3</e>
         <e c="Network"><p n="SPEED">1000000</p></e></e></CfgFileFormat>)"_s.arg(
-                    package.deviceType, QString::number(package.deviceTypeCode), list),
-                path);
+        package.deviceType, QString::number(package.deviceTypeCode), list));
 }
 
 bool writeFile(const QString& path, const QByteArray& content)
 {
     QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush();
+    return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
+           file.write(content) == content.size() && file.flush();
 }
 
 // Overlay, backgrounds and device file, and what else a package may hold: an older layout of an
 // add-on and the definition of a spare device, which an editor must skip, a text, and every byte.
 bool writeFolder(const Package& package, const QString& folder)
 {
-    const QString layout = QDir::cleanPath(folder + u'/' + package.layoutFolder) + u'/';
     Package addOn = package;
     addOn.pages.resize(1);
     QByteArray bytes(256, '\0');
     std::iota(bytes.begin(), bytes.end(), '\0');
-    for (const auto name :
-         {""_L1, "expansions/keypad"_L1, "devices"_L1, "notes"_L1, "resources"_L1}) {
-        if (!QDir().mkpath(name.isEmpty() ? layout : folder + u'/' + name))
-            return false;
+    const QString layout = QDir::cleanPath(folder + u'/' + package.layoutFolder) + u'/';
+    bool written = writeFile(layout + "overlay.ov3.xml"_L1, overlayXml(package)) &&
+                   writeFile(folder + "/expansions/keypad/overlay.ov3.xml"_L1, overlayXml(addOn)) &&
+                   writeFile(folder + "/dash.aimcfg"_L1, deviceXml(package)) &&
+                   writeFile(folder + "/devices/spare.aimcfg"_L1, deviceXml(package)) &&
+                   writeFile(folder + u"/notes/setup für Regen.txt"_s,
+                             "Rear wing +2, tyre pressures 1.65 bar cold.\r\n") &&
+                   writeFile(folder + "/resources/shift-lights.bin"_L1, bytes);
+    for (int i = 0; const Page& page : package.pages) {
+        const QString image = layout + QString::number(i++) + ".png"_L1;
+        written = written && (!page.hasBackground || paintBackground(package, page).save(image));
     }
-    for (std::size_t i = 0; i < package.pages.size(); ++i) {
-        if (package.pages[i].hasBackground && !paintBackground(package, package.pages[i])
-                                                   .save(layout + QString::number(i) + ".png"_L1))
-            return false;
-    }
-    return writeOverlay(package, layout + "overlay.ov3.xml"_L1) &&
-           writeOverlay(addOn, folder + "/expansions/keypad/overlay.ov3.xml"_L1) &&
-           writeDeviceFile(package, folder + "/dash.aimcfg"_L1) &&
-           writeDeviceFile(package, folder + "/devices/spare.aimcfg"_L1) &&
-           writeFile(folder + u"/notes/setup für Regen.txt"_s,
-                     "Rear wing +2, tyre pressures 1.65 bar cold.\r\n") &&
-           writeFile(folder + "/resources/shift-lights.bin"_L1, bytes);
+    return written;
 }
 
 } // namespace
