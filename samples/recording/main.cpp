@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <complex>
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
@@ -19,17 +20,19 @@ using RecordingText::kGps;
 using RecordingText::kGpsRaw;
 using RecordingText::kPlain;
 
+// East and north of the start, in metres.
+using Point = std::complex<double>;
+
 // An invented club circuit of about 3.3 km, driven anticlockwise, as places one metre apart.
 struct Place
 {
-    double x = 0.0;         // metres east of the start
-    double y = 0.0;         // metres north of the start
+    Point point;
     double heading = 0.0;   // radians from east, anticlockwise, -pi to pi
     double curvature = 0.0; // 1/m, positive in left-hand bends
 };
 using Circuit = std::vector<Place>;
 
-constexpr double kWayPoints[][2] = {
+constexpr Point kWayPoints[] = {
     {0, 0},     {180, 0},    {360, 5},    {520, 20},   {640, 55},   {710, 130}, {690, 230},
     {590, 280}, {490, 320},  {480, 410},  {570, 460},  {700, 470},  {790, 520}, {790, 610},
     {700, 660}, {560, 660},  {420, 640},  {290, 590},  {220, 500},  {150, 410}, {50, 380},
@@ -38,22 +41,19 @@ constexpr double kWayPoints[][2] = {
 constexpr std::size_t kEdges = 400; // of the polygon between two way points
 
 // A corner of the circuit as a polygon of short edges: a Catmull-Rom curve.
-Place corner(std::size_t index)
+Point corner(std::size_t index)
 {
     const double t = static_cast<double>(index % kEdges) / kEdges;
-    const auto coordinate = [&](std::size_t axis) {
-        const auto way = [&](std::size_t offset) {
-            return kWayPoints[(index / kEdges + offset) % std::size(kWayPoints)][axis];
-        };
-        const double p = way(std::size(kWayPoints) - 1);
-        const double q = way(0);
-        const double r = way(1);
-        const double s = way(2);
-        return 0.5 *
-               (2.0 * q +
-                t * (r - p + t * (2.0 * p - 5.0 * q + 4.0 * r - s + t * (3.0 * (q - r) + s - p))));
+    const auto way = [&](std::size_t offset) {
+        return kWayPoints[(index / kEdges + offset) % std::size(kWayPoints)];
     };
-    return {coordinate(0), coordinate(1)};
+    const Point p = way(std::size(kWayPoints) - 1);
+    const Point q = way(0);
+    const Point r = way(1);
+    const Point s = way(2);
+    return 0.5 *
+           (2.0 * q +
+            t * (r - p + t * (2.0 * p - 5.0 * q + 4.0 * r - s + t * (3.0 * (q - r) + s - p))));
 }
 
 Circuit makeCircuit()
@@ -62,20 +62,17 @@ Circuit makeCircuit()
     double travelled = 0.0;
     constexpr std::size_t kCorners = std::size(kWayPoints) * kEdges;
     for (std::size_t i = 0; i < kCorners; ++i) {
-        const Place here = corner(i);
-        const Place next = corner((i + 1) % kCorners);
         if (travelled >= static_cast<double>(circuit.size()))
-            circuit.push_back(here);
-        travelled += std::hypot(next.x - here.x, next.y - here.y);
+            circuit.push_back({corner(i)});
+        travelled += std::abs(corner((i + 1) % kCorners) - corner(i));
     }
 
     // Heading and curvature over a few metres, as a car takes them.
     constexpr std::size_t kReach = 5;
     const std::size_t count = circuit.size();
     const auto direction = [&](std::size_t i) {
-        const Place& from = circuit[(i + count - kReach) % count];
-        const Place& to = circuit[(i + kReach) % count];
-        return std::atan2(to.y - from.y, to.x - from.x);
+        return std::arg(circuit[(i + kReach) % count].point -
+                        circuit[(i + count - kReach) % count].point);
     };
     for (std::size_t i = 0; i < count; ++i) {
         const double turn =
@@ -140,19 +137,14 @@ std::vector<double> fastestLap(const Circuit& circuit)
         const double bend = std::abs(place.curvature);
         speeds.push_back(std::min(kTopSpeed, std::sqrt(kGrip / std::max(bend, 1e-6))));
     }
-    const auto reached = [](double speed, double acceleration) {
-        return std::sqrt(speed * speed + 2.0 * acceleration);
+    const auto limit = [&](std::size_t i, double neighbour, double acceleration) {
+        double& speed = speeds[i % count];
+        speed = std::min(speed, std::sqrt(neighbour * neighbour + 2.0 * acceleration));
     };
-    for (std::size_t i = 2 * count; i > 0; --i) { // twice round, as the lap has no beginning
-        const double next = speeds[i % count];
-        double& speed = speeds[(i - 1) % count];
-        speed = std::min(speed, reached(next, kGrip));
-    }
-    for (std::size_t i = 0; i < 2 * count; ++i) {
-        const double before = speeds[i % count];
-        double& speed = speeds[(i + 1) % count];
-        speed = std::min(speed, reached(before, accelerationAt(before)));
-    }
+    for (std::size_t i = 2 * count; i > 0; --i) // twice round, as the lap has no beginning
+        limit(i - 1, speeds[i % count], kGrip);
+    for (std::size_t i = 0; i < 2 * count; ++i)
+        limit(i + 1, speeds[i % count], accelerationAt(speeds[i % count]));
     return speeds;
 }
 
@@ -312,9 +304,10 @@ constexpr RecordedChannel kChannels[] = {
     {kGps, "GPS Satellites", "", 10, 0, 0.0, FROM(car.time < 20.0 ? 9 : 12)},
     {kGpsRaw, "GPS Altitude", "m", 10, 1, 0.2, FROM(car.altitude)},
     {kGpsRaw, "GPS Latitude", "deg", 10, 7, 0.0,
-     FROM(kStartLatitude + car.place.y / kMetresPerDegree)},
+     FROM(kStartLatitude + car.place.point.imag() / kMetresPerDegree)},
     {kGpsRaw, "GPS Longitude", "deg", 10, 7, 0.0,
-     FROM(11.2 + car.place.x / (kMetresPerDegree * std::cos(kStartLatitude / kDegrees)))},
+     FROM(11.2 +
+          car.place.point.real() / (kMetresPerDegree * std::cos(kStartLatitude / kDegrees)))},
     {kGpsRaw, "GPS Accuracy", "m", 10, 2, 0.1, FROM(car.time < 20.0 ? 2.4 : 0.9)},
 };
 
