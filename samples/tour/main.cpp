@@ -3,12 +3,13 @@
 //     gaugewright_tour [--samples FOLDER] [--scale FACTOR] [--dark] FOLDER
 //     gaugewright_tour --list
 #include "app/ApplicationIdentity.h"
-#include "samples/tour/Stage.h"
+#include "samples/tour/Tour.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
+#include <QFont>
 #include <QPalette>
 #include <QStyle>
 #include <QStyleFactory>
@@ -17,45 +18,9 @@
 
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-
-QString pictureName(std::size_t index, const Step& step)
-{
-    return QStringLiteral("%1-%2.png")
-        .arg(index + 1, 2, 10, QLatin1Char('0'))
-        .arg(QLatin1String(step.picture));
-}
-
-// Returns whether every check holds; stops after the first step with one that does not.
-bool takeTour(const QString& samples, const QString& pictures)
-{
-    constexpr int kSmallestFile = 0; // Qt's scale of quality; PNG loses nothing
-    const QTemporaryDir scratch;
-    // Documents leave their unpack folders behind; those of the tour go with this folder.
-    qputenv("TMPDIR", QFile::encodeName(scratch.path()));
-    // A file dialog would look for a relative path in the folder that it shows.
-    Stage stage(QDir(samples).absolutePath(), scratch.path());
-    QTextStream out(stdout);
-    const std::vector<Step> steps = tourSteps();
-    for (std::size_t i = 0; i < steps.size() && stage.failures().isEmpty(); ++i) {
-        const QString name = pictureName(i, steps[i]);
-        steps[i].act(stage);
-        stage.check(stage.takePicture().save(pictures + u'/' + name, "PNG", kSmallestFile),
-                    "the picture can be written");
-        out << (stage.failures().isEmpty() ? "  " : "X ") << name << Qt::endl;
-        for (const QString& failure : stage.failures())
-            out << "    not so: " << failure << Qt::endl;
-    }
-    return stage.failures().isEmpty();
-}
-
-int listPictures()
-{
-    const std::vector<Step> steps = tourSteps();
-    for (std::size_t i = 0; i < steps.size(); ++i)
-        QTextStream(stdout) << pictureName(i, steps[i]) << Qt::endl;
-    return EXIT_SUCCESS;
-}
 
 QPalette darkPalette()
 {
@@ -76,17 +41,6 @@ QPalette darkPalette()
     return palette;
 }
 
-// The pictures must not depend on the desktop.
-void applyFixedLook(bool dark)
-{
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(dark ? darkPalette() : QApplication::style()->standardPalette());
-    QFont font(QStringLiteral("DejaVu Sans"));
-    font.setPointSize(9);
-    QApplication::setFont(font);
-    QApplication::setCursorFlashTime(0);
-}
-
 // Before the application object is made. Offscreen: the same pictures without a display.
 void prepareEnvironment(const QString& scale)
 {
@@ -96,9 +50,81 @@ void prepareEnvironment(const QString& scale)
     defaultHandler = qInstallMessageHandler(
         [](QtMsgType type, const QMessageLogContext& context, const QString& text) {
             // The offscreen platform complains about every window that limits its size.
-            if (!text.contains(QStringLiteral("propagateSizeHints")))
+            if (!text.contains(u"propagateSizeHints"_s))
                 defaultHandler(type, context, text);
         });
+}
+
+// The pictures must not depend on the desktop.
+void applyFixedLook(bool dark)
+{
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setPalette(dark ? darkPalette() : QApplication::style()->standardPalette());
+    QFont font(u"DejaVu Sans"_s);
+    font.setPointSize(9);
+    QApplication::setFont(font);
+    QApplication::setCursorFlashTime(0);
+}
+
+// The steps in order, each with the picture of its result.
+constexpr struct
+{
+    const char* picture;
+    void (Tour::*act)();
+} kSteps[] = {
+    {"01-start.png", &Tour::start},
+    {"02-opened.png", &Tour::open},
+    {"03-pages.png", &Tour::walkPages},
+    {"04-selected.png", &Tour::select},
+    {"05-moved.png", &Tour::move},
+    {"06-resized-on-grid.png", &Tour::resizeOnGrid},
+    {"07-restyled.png", &Tour::restyle},
+    {"08-new-page.png", &Tour::addPage},
+    {"09-insert-element.png", &Tour::insertGauge},
+    {"10-page-filled.png", &Tour::fillPage},
+    {"11-element-deleted.png", &Tour::removeElement},
+    {"12-clear-page.png", &Tour::clearPage},
+    {"13-all-undone.png", &Tour::undoAll},
+    {"14-all-redone.png", &Tour::redoAll},
+    {"15-saved-as.png", &Tour::saveAs},
+    {"16-reopened.png", &Tour::reopen},
+    {"17-recording-loaded.png", &Tour::loadRecording},
+    {"18-playing-1x.png", &Tour::play<0>},
+    {"19-playing-2x.png", &Tour::play<1>},
+    {"20-playing-4x.png", &Tour::play<2>},
+    {"21-speed-in-mph.png", &Tour::changeUnit},
+    {"22-about.png", &Tour::about},
+};
+
+// Returns whether every check holds; stops after the first step with one that does not.
+bool takeTour(const QString& samples, const QString& pictures)
+{
+    constexpr int kSmallestFile = 0; // Qt's scale of quality; PNG loses nothing
+    const QTemporaryDir scratch;
+    // Documents leave their unpack folders behind; those of the tour go with this folder.
+    qputenv("TMPDIR", QFile::encodeName(scratch.path()));
+    // A file dialog would look for a relative path in the folder that it shows.
+    Tour tour(QDir(samples).absolutePath(), scratch.path());
+    QTextStream out(stdout);
+    for (const auto& [picture, act] : kSteps) {
+        (tour.*act)();
+        const QString path = pictures + u'/' + QLatin1String(picture);
+        tour.check(tour.takePicture().save(path, "PNG", kSmallestFile),
+                   "the picture can be written");
+        out << (tour.failures().isEmpty() ? "  " : "X ") << picture << Qt::endl;
+        for (const QString& failure : tour.failures())
+            out << "    not so: " << failure << Qt::endl;
+        if (!tour.failures().isEmpty())
+            return false;
+    }
+    return true;
+}
+
+int listPictures()
+{
+    for (const auto& [picture, act] : kSteps)
+        QTextStream(stdout) << picture << Qt::endl;
+    return EXIT_SUCCESS;
 }
 
 int fail(const QString& text)
@@ -111,12 +137,10 @@ int fail(const QString& text)
 
 int main(int argc, char** argv)
 {
-    const QCommandLineOption samples(QStringLiteral("samples"), {}, QStringLiteral("FOLDER"),
-                                     QStringLiteral(SAMPLES_DIR));
-    const QCommandLineOption scale(QStringLiteral("scale"), {}, QStringLiteral("FACTOR"),
-                                   QStringLiteral("1"));
-    const QCommandLineOption dark(QStringLiteral("dark"));
-    const QCommandLineOption list(QStringLiteral("list"));
+    const QCommandLineOption samples(u"samples"_s, {}, u"FOLDER"_s, QStringLiteral(SAMPLES_DIR));
+    const QCommandLineOption scale(u"scale"_s, {}, u"FACTOR"_s, u"1"_s);
+    const QCommandLineOption dark(u"dark"_s);
+    const QCommandLineOption list(u"list"_s);
     QCommandLineParser options;
     options.addOptions({samples, scale, dark, list});
     QStringList words;
@@ -127,10 +151,10 @@ int main(int argc, char** argv)
     if (options.isSet(list))
         return listPictures();
     if (options.positionalArguments().size() != 1)
-        return fail(QStringLiteral("Name one folder for the pictures."));
+        return fail(u"Name one folder for the pictures."_s);
     const QString pictures = options.positionalArguments().constFirst();
     if (!QDir().mkpath(pictures))
-        return fail(QStringLiteral("The folder for the pictures cannot be made."));
+        return fail(u"The folder for the pictures cannot be made."_s);
 
     prepareEnvironment(options.value(scale));
     const QApplication application(argc, argv);
