@@ -5,8 +5,7 @@
 
 namespace {
 
-using RecordingText::kFamilyWords;
-using RecordingText::Recording;
+using namespace RecordingText;
 
 // Removes the text before the separator, and the separator, from the front.
 std::string_view takeUntil(char separator, std::string_view& rest)
@@ -23,8 +22,7 @@ std::string_view takeLine(std::string_view& text)
     return line.substr(0, line.size() - (line.ends_with('\r') ? 1 : 0));
 }
 
-template <typename Number>
-bool readNumber(std::string_view text, Number& number)
+bool readNumber(std::string_view text, auto& number)
 {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     return error == std::errc() && end == text.data() + text.size();
@@ -46,12 +44,12 @@ bool readLine(std::string_view line, Recording& recording, std::size_t& family)
         const auto* const word =
             std::find(kFamilyWords.begin(), kFamilyWords.end(), takeUntil('\t', line));
         family = static_cast<std::size_t>(word - kFamilyWords.begin());
-        if (word != kFamilyWords.end())
+        if (family < kFamilies)
             recording.channels[family].push_back(
                 {std::string(takeUntil('\t', line)), std::string(line), {}, {}});
-        return word != kFamilyWords.end();
+        return family < kFamilies;
     }
-    return family < RecordingText::kFamilies &&
+    return family < kFamilies &&
            readNumber(first, recording.channels[family].back().times.emplace_back()) &&
            readNumber(line, recording.channels[family].back().values.emplace_back());
 }

@@ -34,20 +34,6 @@ const Channel* findChannel(Family family, int file, int channel)
     return &recording->channels[family][static_cast<std::size_t>(channel)];
 }
 
-int openFile(const char* utf8Path)
-{
-    std::ifstream file(std::filesystem::path(reinterpret_cast<const char8_t*>(utf8Path)),
-                       std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    auto recording = parse(text.view());
-    if (!recording)
-        return -1;
-    const int index = openFiles.empty() ? 0 : openFiles.rbegin()->first + 1;
-    openFiles[index] = *std::move(recording);
-    return index;
-}
-
 int copySamples(const Channel& channel, double* times, double* values, int count)
 {
     const auto copied = std::clamp<std::ptrdiff_t>(count, 0, std::ssize(channel.times));
@@ -63,7 +49,16 @@ int copySamples(const Channel& channel, double* times, double* values, int count
 READER_EXPORT int open_file(const char* path)
 {
     try {
-        return openFile(path);
+        std::ifstream file(std::filesystem::path(reinterpret_cast<const char8_t*>(path)),
+                           std::ios::binary);
+        std::ostringstream text;
+        text << file.rdbuf();
+        auto recording = parse(text.view());
+        if (!recording)
+            return -1;
+        const int index = openFiles.empty() ? 0 : openFiles.rbegin()->first + 1;
+        openFiles[index] = *std::move(recording);
+        return index;
     } catch (...) {
         return -1; // not enough memory: C callers know no exceptions
     }
