@@ -69,14 +69,10 @@ QString axisXml(const Channel& channel, const Range& range)
 
 QString elementXml(const Tile& tile, int titleBand, int number)
 {
-    return uR"(<e c="GMaskParam" i="%1.%2" layer="%3"><p n="HEIGHT">%4</p><p n="VISIBLE">1</p>
-        <p n="WIDTH">%5</p><p n="XPOS">%6</p><p n="YPOS">%7</p>)"_s.arg(tile.instrument->element)
-               .arg(number, 2, 10, QLatin1Char('0'))
-               .arg(number)
-               .arg(tile.field.height())
-               .arg(tile.field.width())
-               .arg(tile.field.x())
-               .arg(tile.field.y()) +
+    return QString::asprintf(R"(<e c="GMaskParam" i="%s.%02d" layer="%d"><p n="HEIGHT">%d</p>
+        <p n="VISIBLE">1</p><p n="WIDTH">%d</p><p n="XPOS">%d</p><p n="YPOS">%d</p>)",
+                             tile.instrument->element.data(), number, number, tile.field.height(),
+                             tile.field.width(), tile.field.x(), tile.field.y()) +
            (tile.channel ? axisXml(*tile.channel, tile.range) : QString()) + partsXml(tile) +
            (tile.labelled ? labelsXml(tile, titleBand) : QString()) + "</e>"_L1;
 }
@@ -117,9 +113,9 @@ QByteArray overlayXml(const Package& package)
 {
     QString lights;
     for (int i = 0; i < 10; ++i)
-        lights +=
-            uR"(<e c="Light" i="%1"><p n="FROM_RPM">%2</p><p n="COLOUR">GREEN</p></e>)"_s.arg(i)
-                .arg(6000 + 200 * i);
+        lights += QString::asprintf(
+            R"(<e c="Light" i="%d"><p n="FROM_RPM">%d</p><p n="COLOUR">GREEN</p></e>)", i,
+            6000 + 200 * i);
     QString pages;
     for (int index = 0; index < static_cast<int>(package.pages.size()); ++index)
         pages += pageXml(package, index);
