@@ -16,16 +16,16 @@ constexpr auto kAnalog = R"(<e c="Analog"><p n="START_ANGLE">225</p><p n="SWEEP"
 constexpr auto kBargraph = R"(<e c="BargraphTrapezio">)"_L1;
 constexpr auto kIcon = R"(<e c="Icon">)"_L1;
 constexpr Instrument kInstruments[] = {
-    {"Dial"_L1, "gauge"_L1, kAnalog, false, 0.14, true, paintDial},
-    {"Bar"_L1, "bar"_L1, kBargraph, false, 0, true, paintBar},
-    {"BarReadout"_L1, "bar"_L1, kBargraph, false, 0.4, true, paintBar},
-    {"Readout"_L1, "value"_L1, {}, false, 0.55, true},
-    {"IconReadout"_L1, "value"_L1, {}, true, 0.55, true},
-    {"Lamp"_L1, "lamp"_L1, kIcon, true, 0, false, paintLamp},
+    {"Dial"_L1, "gauge"_L1, kAnalog, 0.14, paintDial, true},
+    {"Bar"_L1, "bar"_L1, kBargraph, 0, paintBar, true},
+    {"BarReadout"_L1, "bar"_L1, kBargraph, 0.4, paintBar, true},
+    {"Readout"_L1, "value"_L1, {}, 0.55, nullptr, true},
+    {"IconReadout"_L1, "value"_L1, {}, 0.55, nullptr, true, true},
+    {"Lamp"_L1, "lamp"_L1, kIcon, 0, paintLamp, false, true},
     {"Caption"_L1, "text"_L1},
-    {"Strip"_L1, "text"_L1, {}, false, 0, false, paintStrip},
-    {"TrackMap"_L1, {}, {}, false, 0, false, paintTrackMap},
-    {"CarPlan"_L1, {}, {}, false, 0, false, paintCarPlan},
+    {"Strip"_L1, "text"_L1, {}, 0, paintStrip},
+    {"TrackMap"_L1, {}, {}, 0, paintTrackMap},
+    {"CarPlan"_L1, {}, {}, 0, paintCarPlan},
 };
 
 constexpr Tone kTones[] = {

@@ -30,10 +30,10 @@ struct Instrument
     QLatin1StringView name;    ///< in the layouts
     QLatin1StringView element; ///< beginning of the element's name; empty for artwork only
     QLatin1StringView gauge{}; ///< XML that opens the object with the zone; empty without a zone
-    bool hasIcon = false;
     double valueHeight = 0;    ///< share of the element's height; 0 without a value
-    bool hasTitleBand = false; ///< the artwork shows title and unit above the element
     PaintInstrument* paint = nullptr;
+    bool hasTitleBand = false; ///< the artwork shows title and unit above the element
+    bool hasIcon = false;
 };
 
 /// Role of a value: its font and its colour.
