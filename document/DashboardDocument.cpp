@@ -9,7 +9,6 @@
 #include "document/OverlayWriter.h"
 #include "document/XmlFile.h"
 #include "document/XmlTree.h"
-#include "document/archive/PrivateFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -101,8 +100,9 @@ Outcome DashboardDocument::writeUnpackedOverlay()
     if (m_overlayPath.isEmpty())
         return Outcome::failure(DocumentText::tr("No package is open"));
     // A cleaner of temporary files may have removed the folder; the package has the rest.
-    if (ensurePrivateFolder(m_tempDir))
-        QDir().mkpath(QFileInfo(m_overlayPath).absolutePath());
+    if (Outcome outcome = m_package.ensureFolder(m_tempDir); !outcome)
+        return outcome;
+    QDir().mkpath(QFileInfo(m_overlayPath).absolutePath());
     return writeOverlay(m_overlayPath);
 }
 

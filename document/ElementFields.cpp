@@ -112,16 +112,20 @@ void read(pugi::xml_node object, Fields fields, DashElement& element)
     });
 }
 
+bool differ(Fields fields, const DashElement& left, const DashElement& right)
+{
+    return std::ranges::any_of(fields, [&](const Field& field) {
+        return std::visit([&](auto member) { return !isSame(left.*member, right.*member); },
+                          field.member);
+    });
+}
+
 void writeChanges(pugi::xml_node object, Fields fields, const DashElement& asRead,
                   const DashElement& element)
 {
     forEachProperty(object, fields, [&](pugi::xml_node property, const Field& field) {
-        std::visit(
-            [&](auto member) {
-                if (!isSame(asRead.*member, element.*member))
-                    writeValue(property, element.*member);
-            },
-            field.member);
+        if (differ({&field, 1}, asRead, element))
+            std::visit([&](auto member) { writeValue(property, element.*member); }, field.member);
     });
 }
 

@@ -30,6 +30,9 @@ using Fields = std::span<const Field>;
 /// without a property keeps its value.
 void read(pugi::xml_node object, Fields fields, DashElement& element);
 
+/// Whether any of the fields would be written differently.
+[[nodiscard]] bool differ(Fields fields, const DashElement& left, const DashElement& right);
+
 /// Writes the fields of element that differ from asRead, into all properties of object that the
 /// table names; creates none. All others keep their text.
 void writeChanges(pugi::xml_node object, Fields fields, const DashElement& asRead,

@@ -12,13 +12,13 @@ namespace Key = OverlaySchema::Key;
 
 namespace {
 
-std::optional<ElementKind> kindByClass(pugi::xml_node object)
+std::optional<ElementKind> kindByClass(const char* className)
 {
-    if (XmlTree::hasClass(object, Class::kAnalog))
+    if (XmlTree::same(className, Class::kAnalog))
         return ElementKind::Analog;
-    if (XmlTree::hasClass(object, Class::kDigit))
+    if (XmlTree::same(className, Class::kDigit))
         return ElementKind::Digit;
-    if (XmlTree::hasClass(object, Class::kIcon))
+    if (XmlTree::same(className, Class::kIcon))
         return ElementKind::Icon;
     return std::nullopt;
 }
@@ -31,11 +31,12 @@ void readKindAndStyles(pugi::xml_node node, DashElement& element)
     pugi::xml_node lastDigit;
     pugi::xml_node lastLabel;
     for (const pugi::xml_node child : XmlTree::objects(node)) {
+        const char* const className = XmlTree::classOf(child);
         if (!kind)
-            kind = kindByClass(child);
-        if (XmlTree::hasClass(child, Class::kDigit))
+            kind = kindByClass(className);
+        if (XmlTree::same(className, Class::kDigit))
             lastDigit = child;
-        else if (XmlTree::hasClass(child, Class::kLabel))
+        else if (XmlTree::same(className, Class::kLabel))
             lastLabel = child;
     }
     element.kind = kind.value_or(ElementKind::Other);
@@ -91,12 +92,18 @@ std::vector<DashElement> OverlayReader::readElements(pugi::xml_node page)
 
 DashElement OverlayReader::readElement(pugi::xml_node node)
 {
-    DashElement element;
+    DashElement element = readEditable(node);
     element.node = node;
     element.name = XmlTree::decoded(node.attribute(XmlTree::kName).as_string());
-    ElementFields::read(node, ElementFields::rectangle(), element);
     ElementFields::read(XmlTree::firstObject(node, Class::kAxis), ElementFields::channel(),
                         element);
+    return element;
+}
+
+DashElement OverlayReader::readEditable(pugi::xml_node node)
+{
+    DashElement element;
+    ElementFields::read(node, ElementFields::rectangle(), element);
     readKindAndStyles(node, element);
     return element;
 }

@@ -24,6 +24,9 @@ namespace OverlayReader {
 
 [[nodiscard]] DashElement readElement(pugi::xml_node node);
 
+/// A record with the kind, rectangle and text styles of an element and nothing else.
+[[nodiscard]] DashElement readEditable(pugi::xml_node node);
+
 /// Sets the display size as far as the configuration object gives one.
 void readDisplaySize(pugi::xml_node conf, TargetDevice& device);
 

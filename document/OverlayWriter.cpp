@@ -11,13 +11,21 @@ namespace {
 
 void writeElement(pugi::xml_node node, const DashElement& element)
 {
-    const DashElement asRead = OverlayReader::readElement(node);
-    ElementFields::writeChanges(node, ElementFields::rectangle(), asRead, element);
+    namespace Fields = ElementFields;
+    const DashElement asRead = OverlayReader::readEditable(node);
+    const bool valueEdited =
+        !element.valueFont.isEmpty() && Fields::differ(Fields::valueStyle(), asRead, element);
+    const bool labelEdited =
+        !element.labelFont.isEmpty() && Fields::differ(Fields::labelStyle(), asRead, element);
+    if (Fields::differ(Fields::rectangle(), asRead, element))
+        Fields::writeChanges(node, Fields::rectangle(), asRead, element);
+    if (!valueEdited && !labelEdited)
+        return; // as nearly all elements of a large layout
     for (const pugi::xml_node child : XmlTree::objects(node)) {
-        if (XmlTree::hasClass(child, Class::kDigit) && !element.valueFont.isEmpty())
-            ElementFields::writeChanges(child, ElementFields::valueStyle(), asRead, element);
-        else if (XmlTree::hasClass(child, Class::kLabel) && !element.labelFont.isEmpty())
-            ElementFields::writeChanges(child, ElementFields::labelStyle(), asRead, element);
+        if (valueEdited && XmlTree::hasClass(child, Class::kDigit))
+            Fields::writeChanges(child, Fields::valueStyle(), asRead, element);
+        else if (labelEdited && XmlTree::hasClass(child, Class::kLabel))
+            Fields::writeChanges(child, Fields::labelStyle(), asRead, element);
     }
 }
 

@@ -20,13 +20,18 @@ inline constexpr char kKey[] = "n";
 
 [[nodiscard]] inline bool same(const char* left, const char* right)
 {
-    return std::strcmp(left, right) == 0;
+    return *left == *right && std::strcmp(left, right) == 0; // mostly decided without a call
 }
 
-/// Whether that is the object's class; an object that carries none is of class "".
+/// The class of an object, empty when it carries none.
+[[nodiscard]] inline const char* classOf(pugi::xml_node object)
+{
+    return object.attribute(kClass).as_string();
+}
+
 [[nodiscard]] inline bool hasClass(pugi::xml_node object, const char* className)
 {
-    return same(object.attribute(kClass).as_string(), className);
+    return same(classOf(object), className);
 }
 
 /// The key of a property, empty when it carries none.

@@ -2,13 +2,12 @@
 
 #include "document/DashboardDocument.h"
 #include "document/DashboardPackage.h"
-#include "document/archive/ArchiveWriter.h"
 #include "document/archive/AtomicFile.h"
+#include "document/archive/FolderArchive.h"
 #include "review/OtherFiles.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -31,19 +30,6 @@ std::optional<UnpackFolder> read(const QString& folder)
     for (const DashPage& page : document.pages())
         found.pages.append(page.name);
     return found;
-}
-
-Outcome writeArchive(QIODevice& target, const QDir& root, const QStringList& paths)
-{
-    ArchiveWriter archive(target);
-    for (const QString& path : paths) {
-        QFile file(root.filePath(path));
-        if (!file.open(QIODevice::ReadOnly))
-            return Outcome::failure(file.errorString());
-        if (Outcome added = archive.addMember(newMember(path.toUtf8()), file); !added)
-            return added;
-    }
-    return archive.finish();
 }
 
 } // namespace
@@ -84,7 +70,7 @@ Outcome recoverPackage(const QString& unpackFolder, const QString& packagePath)
     if (!document.loadOverlay(overlay))
         return Outcome::failure(document.errorString());
     const Outcome written = replaceFile(packagePath, [&](QIODevice& target) {
-        return writeArchive(target, QDir(unpackFolder), *paths);
+        return writeFolderArchive(target, unpackFolder, *paths);
     });
     return written ? written
                    : Outcome::failure(

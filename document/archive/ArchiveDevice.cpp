@@ -16,6 +16,14 @@ zlib_filefunc64_def ArchiveDevice::hooks()
     return {&open, &read, &write, &tell, &seek, &close, &error, this};
 }
 
+qint64 ArchiveDevice::readAt(quint64 position, char* buffer, qint64 size)
+{
+    const qint64 count =
+        m_device.seek(static_cast<qint64>(position)) ? m_device.read(buffer, size) : -1;
+    m_failed = m_failed || count < 0;
+    return count;
+}
+
 voidpf ArchiveDevice::open(voidpf self, const void* /*path*/, int /*mode*/)
 {
     return self; // the device is open already

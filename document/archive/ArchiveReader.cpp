@@ -2,6 +2,7 @@
 
 #include "document/archive/ArchiveLimits.h"
 #include "document/archive/ArchiveText.h"
+#include "document/archive/Checksum.h"
 
 #include <algorithm>
 #include <array>
@@ -10,6 +11,7 @@ namespace {
 
 /// A damaged chunk is dropped as a whole, so a larger one would lose more.
 constexpr quint64 kChunkSize = 8192;
+constexpr quint64 kRawChunkSize = quint64{64} * 1024;
 
 } // namespace
 
@@ -26,7 +28,7 @@ ArchiveReader::ArchiveReader(QIODevice& device, const std::vector<ArchiveMember>
 
 MemberStream ArchiveReader::open(std::size_t index, MemberStream::Form form)
 {
-    return {m_archive.get(), m_plain.recordAt(index), form};
+    return {m_archive.get(), m_device, m_plain.recordAt(index), form};
 }
 
 Outcome ArchiveReader::extract(std::size_t index, QIODevice& target, bool& whole)
@@ -72,15 +74,15 @@ std::optional<quint32> ArchiveReader::rawCrc(std::size_t index)
     MemberStream stream = open(index, MemberStream::Form::Raw);
     if (!stream.isOpen())
         return std::nullopt;
-    std::array<char, kChunkSize> chunk{};
-    uLong crc = crc32(0, nullptr, 0);
+    const auto chunk = std::make_unique_for_overwrite<char[]>(kRawChunkSize);
+    quint32 crc = 0;
     while (remaining > 0) {
         const int count =
-            stream.read(chunk.data(), static_cast<unsigned>(std::min(remaining, kChunkSize)));
+            stream.read(chunk.get(), static_cast<unsigned>(std::min(remaining, kRawChunkSize)));
         if (count <= 0)
             return std::nullopt;
-        crc = crc32(crc, reinterpret_cast<const Bytef*>(chunk.data()), static_cast<uInt>(count));
+        crc = extendedCrc(crc, chunk.get(), count);
         remaining -= static_cast<quint64>(count);
     }
-    return static_cast<quint32>(crc);
+    return crc;
 }

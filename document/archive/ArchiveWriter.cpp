@@ -2,6 +2,7 @@
 
 #include "document/archive/ArchiveLimits.h"
 #include "document/archive/ArchiveText.h"
+#include "document/archive/Checksum.h"
 
 #include <QIODevice>
 
@@ -130,9 +131,7 @@ Outcome ArchiveWriter::writeContent(QIODevice& content)
         if (count == 0)
             break;
         total += count;
-        m_contentCrc =
-            static_cast<quint32>(crc32(m_contentCrc, reinterpret_cast<const Bytef*>(m_chunk.data()),
-                                       static_cast<uInt>(count)));
+        m_contentCrc = extendedCrc(m_contentCrc, m_chunk.data(), count);
         if (zipWriteInFileInZip(m_archive.get(), m_chunk.data(), static_cast<unsigned>(count)) !=
             ZIP_OK)
             return checked(false);
@@ -144,14 +143,14 @@ Outcome ArchiveWriter::writeContent(QIODevice& content)
 bool ArchiveWriter::writeRaw(const ArchiveMember& member, MemberStream& source, quint32 rawCrc)
 {
     quint64 remaining = member.packedSize;
-    uLong crc = crc32(0, nullptr, 0);
+    quint32 crc = 0;
     while (remaining > 0) {
         const int count = source.read(
             m_chunk.data(),
             static_cast<unsigned>(std::min<quint64>(remaining, static_cast<quint64>(kChunkSize))));
         if (count <= 0)
             return false;
-        crc = crc32(crc, reinterpret_cast<const Bytef*>(m_chunk.data()), static_cast<uInt>(count));
+        crc = extendedCrc(crc, m_chunk.data(), count);
         remaining -= static_cast<quint64>(count);
         if (zipWriteInFileInZip(m_archive.get(), m_chunk.data(), static_cast<unsigned>(count)) !=
             ZIP_OK)

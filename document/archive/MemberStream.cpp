@@ -2,13 +2,18 @@
 
 #include <algorithm>
 
-MemberStream::MemberStream(unzFile archive, quint64 recordAt, Form form) : m_archive(archive)
+MemberStream::MemberStream(unzFile archive, ArchiveDevice& device, quint64 recordAt, Form form)
+    : m_archive(archive),
+      m_device(device),
+      m_form(form)
 {
     int method = 0;
     int level = 0;
     const unz64_file_pos position{recordAt, 0};
     m_isOpen = unzGoToFilePos64(archive, &position) == UNZ_OK &&
                unzOpenCurrentFile2(archive, &method, &level, form == Form::Raw ? 1 : 0) == UNZ_OK;
+    if (m_isOpen)
+        m_rawAt = unzGetCurrentFileZStreamPos64(archive);
 }
 
 QByteArray MemberStream::localExtra() const
@@ -22,7 +27,13 @@ QByteArray MemberStream::localExtra() const
 
 int MemberStream::read(char* buffer, unsigned size)
 {
-    return unzReadCurrentFile(m_archive, buffer, size);
+    if (m_form == Form::Unpacked)
+        return unzReadCurrentFile(m_archive, buffer, size);
+    // The library would copy them byte by byte and compute a checksum that it keeps to itself.
+    if (m_device.readAt(m_rawAt, buffer, size) != qint64{size})
+        return -1;
+    m_rawAt += size;
+    return static_cast<int>(size);
 }
 
 bool MemberStream::close()

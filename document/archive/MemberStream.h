@@ -1,5 +1,7 @@
 #pragma once
 
+#include "document/archive/ArchiveDevice.h"
+
 #include <QByteArray>
 
 #include <unzip.h>
@@ -14,9 +16,9 @@ public:
         Raw ///< compressed, as it is in the archive
     };
 
-    /// Opens the member whose record is at a position of the directory. The archive must outlive
-    /// the stream.
-    MemberStream(unzFile archive, quint64 recordAt, Form form);
+    /// Opens the member whose record is at a position of the directory.
+    /// @param archive open on `device`; both must outlive the stream
+    MemberStream(unzFile archive, ArchiveDevice& device, quint64 recordAt, Form form);
     MemberStream(const MemberStream&) = delete;
     MemberStream& operator=(const MemberStream&) = delete;
     ~MemberStream() { close(); }
@@ -27,7 +29,8 @@ public:
     /// The extra fields of the local header, which can differ from those in the directory.
     [[nodiscard]] QByteArray localExtra() const;
 
-    /// Number of bytes read, 0 at the end, negative where the data are damaged.
+    /// Number of bytes read, 0 at the end, negative where the data are damaged. Compressed bytes
+    /// have no end of their own: ask for no more than the record announces.
     [[nodiscard]] int read(char* buffer, unsigned size);
 
     /// Ends reading. False when the stream was not open or when all unpacked bytes were read and
@@ -36,5 +39,8 @@ public:
 
 private:
     unzFile m_archive;
+    ArchiveDevice& m_device;
+    Form m_form;
+    quint64 m_rawAt = 0; ///< position in the device of the compressed bytes not yet read
     bool m_isOpen = false;
 };

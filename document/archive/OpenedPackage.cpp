@@ -55,13 +55,22 @@ Outcome OpenedPackage::unpack(const QString& archivePath, const QString& folder)
         return read;
     m_comment = directory.comment;
     m_isComplete = directory.isComplete;
-    return unpackMembers(file, directory.members, folder, m_members);
+    Outcome unpacked = unpackMembers(file, directory.members, folder, m_members);
+    if (const QFileInfo info(folder); info.exists())
+        m_folderOwner = info.ownerId();
+    return unpacked;
+}
+
+Outcome OpenedPackage::ensureFolder(const QString& folder) const
+{
+    return ensurePrivateFolder(folder, m_folderOwner);
 }
 
 Outcome OpenedPackage::save(const QString& folder, const QString& destination)
 {
-    const bool exists = ensurePrivateFolder(folder);
-    const std::optional<QStringList> files = exists ? filesBelow(folder) : std::nullopt;
+    if (Outcome ensured = ensureFolder(folder); !ensured)
+        return ensured;
+    const std::optional<QStringList> files = filesBelow(folder);
     if (!files)
         return Outcome::failure(ArchiveText::tr("The folder \"%1\" cannot be read").arg(folder));
     if (!m_unread.empty())

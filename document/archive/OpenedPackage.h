@@ -23,6 +23,10 @@ public:
     /// useless, and the folder has what was written before.
     Outcome unpack(const QString& archivePath, const QString& folder);
 
+    /// Makes the folder that was unpacked into again when it is gone. Fails when another one has
+    /// its place; see ensurePrivateFolder.
+    [[nodiscard]] Outcome ensureFolder(const QString& folder) const;
+
     /// Whether the archive's directory could be read to its end. If not, a save would lose members.
     [[nodiscard]] bool isComplete() const { return m_isComplete; }
 
@@ -45,6 +49,7 @@ private:
 
     QString m_path;                         ///< of the archive
     std::optional<FileIdentity> m_identity; ///< when it was read; nullopt if it must not be used
+    std::optional<uint> m_folderOwner;      ///< of the unpack folder; nullopt if there was none
     QByteArray m_comment;
     bool m_isComplete = true;
     std::vector<UnpackedMember> m_members;

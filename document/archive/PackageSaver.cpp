@@ -1,14 +1,16 @@
 #include "document/archive/PackageSaver.h"
 
 #include "document/archive/ArchiveText.h"
+#include "document/archive/Checksum.h"
+#include "document/archive/InputFile.h"
 #include "document/archive/Unpacking.h"
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QHash>
 #include <QTemporaryFile>
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <system_error>
 
@@ -19,8 +21,6 @@ constexpr quint16 kUnixTimes = 0x5455;
 constexpr quint16 kFormerUnixTimes = 0x5855;
 constexpr quint16 kNtfsTimes = 0x000a;
 
-constexpr qint64 kChunkSize = qint64{64} * 1024;
-
 quint32 dosDateOf(const QDateTime& time)
 {
     const QDate date = time.date();
@@ -29,21 +29,6 @@ quint32 dosDateOf(const QDateTime& time)
     const int second =
         time.time().hour() << 11 | time.time().minute() << 5 | time.time().second() / 2;
     return static_cast<quint32>(day) << 16U | static_cast<quint32>(second);
-}
-
-Outcome cannotRead(const QFile& file)
-{
-    return Outcome::failure(
-        ArchiveText::tr("\"%1\" cannot be read: %2").arg(file.fileName(), file.errorString()));
-}
-
-/// Opens for reading, but nothing that is there and no file: a pipe would wait for a writer.
-Outcome openFile(QFile& file)
-{
-    const QFileInfo info(file);
-    if (info.exists() && !info.isFile())
-        return Outcome::failure(ArchiveText::tr("\"%1\" is not a file").arg(file.fileName()));
-    return file.open(QIODevice::ReadOnly) ? Outcome() : cannotRead(file);
 }
 
 /// Whether there is certainly no file. One that cannot be looked at is not missing.
@@ -63,17 +48,10 @@ Outcome compare(QFile& file, const ArchiveMember& member, bool& same)
     same = false;
     if (static_cast<quint64>(file.size()) != member.size)
         return {};
-    std::vector<char> chunk(kChunkSize);
-    uLong crc = crc32(0, nullptr, 0);
-    quint64 total = 0;
-    qint64 count = 0;
-    while ((count = file.read(chunk.data(), kChunkSize)) > 0) {
-        crc = crc32(crc, reinterpret_cast<const Bytef*>(chunk.data()), static_cast<uInt>(count));
-        total += static_cast<quint64>(count);
-    }
-    if (count < 0 || !file.seek(0))
+    const std::optional<ContentSum> found = sumContent(file);
+    if (!found || !file.seek(0))
         return cannotRead(file);
-    same = total == member.size && crc == member.crc;
+    same = *found == ContentSum{member.size, member.crc};
     return {};
 }
 
@@ -86,12 +64,13 @@ PackageSaver::PackageSaver(QIODevice& target, const std::vector<UnpackedMember>&
       m_members(members),
       m_source(source),
       m_folder(folder),
-      m_files(files),
       m_careful(careful),
       m_now(dosDateOf(QDateTime::currentDateTime()))
 {
-    for (const QString& file : files)
-        m_keys.insert(fileKey(m_folder.relativeFilePath(file)));
+    for (const QString& file : files) {
+        m_names.append(m_folder.relativeFilePath(file));
+        m_keys.insert(fileKey(m_names.back()));
+    }
 }
 
 Outcome PackageSaver::write(const QByteArray& comment)
@@ -127,7 +106,7 @@ Outcome PackageSaver::writeOwner(std::size_t index)
     // The listing leaves out hidden files.
     if (!m_keys.contains(fileKey(member.path)) && isMissing(file.fileName()))
         return writeWithoutFile(index);
-    if (Outcome opened = openFile(file); !opened)
+    if (Outcome opened = openInput(file); !opened)
         return opened;
     bool same = false;
     if (Outcome compared = compare(file, member.record, same); !compared)
@@ -155,19 +134,31 @@ Outcome PackageSaver::writeWithoutFile(std::size_t index)
 Outcome PackageSaver::writeNewFiles()
 {
     QSet<QString> known;
-    for (const UnpackedMember& member : m_members)
+    QHash<QString, QString> paths; // by those in lower case
+    for (const UnpackedMember& member : m_members) {
         known.insert(fileKey(member.path));
-    for (const QString& path : m_files) {
-        const QString name = m_folder.relativeFilePath(path);
-        if (known.contains(fileKey(name)))
+        paths[member.path.toCaseFolded()] = member.path;
+    }
+    for (const QString& name : m_names) {
+        if (known.contains(fileKey(name)) || isSameFile(name, paths.value(name.toCaseFolded())))
             continue;
-        QFile file(path);
-        if (Outcome opened = openFile(file); !opened)
+        QFile file(m_folder.path() + u'/' + name);
+        if (Outcome opened = openInput(file); !opened)
             return opened;
         if (Outcome added = deflate(newMember(name.toUtf8(), m_now), name, file); !added)
             return added;
     }
     return {};
+}
+
+/// For disks that ignore case: a folder's file can be listed under another name than the member's.
+bool PackageSaver::isSameFile(const QString& name, const QString& path) const
+{
+    std::error_code error;
+    return !path.isEmpty() &&
+           std::filesystem::equivalent(
+               QFileInfo(m_folder.path() + u'/' + name).filesystemFilePath(),
+               QFileInfo(m_folder.path() + u'/' + path).filesystemFilePath(), error);
 }
 
 Outcome PackageSaver::copy(std::size_t index)

@@ -43,14 +43,15 @@ private:
     Outcome copy(std::size_t index);
     Outcome recover(std::size_t index);
     Outcome deflate(const ArchiveMember& like, const QString& path, QIODevice& content);
+    [[nodiscard]] bool isSameFile(const QString& name, const QString& path) const;
     [[nodiscard]] bool canCopy(std::size_t index);
 
     ArchiveWriter m_writer;
     const std::vector<UnpackedMember>& m_members;
     ArchiveReader* m_source;
     QDir m_folder;
-    const QStringList& m_files;
-    QSet<QString> m_keys; ///< of m_files, below the folder
+    QStringList m_names;  ///< paths of the visible files, below the folder
+    QSet<QString> m_keys; ///< of m_names
     bool m_careful;
     bool m_foundDamage = false;
     quint32 m_now; ///< as the archive has dates

@@ -83,7 +83,9 @@ qint64 PlainArchive::readData(char* data, qint64 size)
     const qint64 at = pos();
     if (at < m_archiveSize) {
         const qint64 wanted = std::min(size, m_archiveSize - at);
-        return m_archive.seek(at) && m_archive.read(data, wanted) == wanted ? wanted : -1;
+        // The library reads headers byte by byte, and every seek is a system call.
+        const bool isThere = m_archive.pos() == at || m_archive.seek(at);
+        return isThere && m_archive.read(data, wanted) == wanted ? wanted : -1;
     }
     const qint64 from = at - m_archiveSize;
     const qint64 count = std::min(size, m_directory.size() - from);

@@ -3,6 +3,7 @@
 #include "document/archive/ArchiveLimits.h"
 #include "document/archive/ArchiveReader.h"
 #include "document/archive/ArchiveText.h"
+#include "document/archive/FileIdentity.h"
 #include "document/archive/MemberPath.h"
 
 #include <QDir>
@@ -15,6 +16,7 @@
 #include <filesystem>
 #include <limits>
 #include <system_error>
+#include <utility>
 
 namespace {
 
@@ -126,9 +128,10 @@ public:
         if (record.isFolder()) {
             checkFolder(index, member);
         } else {
-            if (Outcome written = write(index, target, member); !written)
+            QString key = fileKey(path);
+            if (Outcome written = write(index, target, member, key); !written)
                 return written;
-            takeFile(index, path);
+            takeFile(index, path, key);
         }
         const std::optional<quint32> crc = member.whole ? m_reader.rawCrc(index) : std::nullopt;
         member.whole = crc.has_value();
@@ -139,11 +142,15 @@ public:
     [[nodiscard]] bool deviceFailed() const { return m_reader.deviceFailed(); }
 
 private:
-    Outcome write(std::size_t index, const QString& target, UnpackedMember& member)
+    /// @param key receives the file's number where the system has one: where the disk ignores
+    /// case, one file has two names.
+    Outcome write(std::size_t index, const QString& target, UnpackedMember& member, QString& key)
     {
         QFile file(target);
         if (!file.open(QIODevice::WriteOnly))
             return Outcome::failure(file.errorString());
+        if (const auto identity = identityOf(file); identity && identity->number != 0)
+            key = QStringLiteral("%1:%2").arg(identity->device).arg(identity->number);
         if (Outcome extracted = m_reader.extract(index, file, member.whole); !extracted)
             return extracted;
         file.close();
@@ -161,20 +168,19 @@ private:
         member.whole = m_reader.extract(index, ignored, whole) && whole;
     }
 
-    /// The last member with a path has the file.
-    void takeFile(std::size_t index, const QString& path)
+    /// The last member that was written to a file has it, under the name that the file got first.
+    void takeFile(std::size_t index, const QString& path, const QString& key)
     {
-        const QString key = fileKey(path);
-        if (const auto former = m_owners.constFind(key); former != m_owners.cend())
-            m_unpacked[*former].path.clear();
+        const auto former = m_owners.constFind(key);
+        m_unpacked[index].path =
+            former == m_owners.cend() ? path : std::exchange(m_unpacked[*former].path, {});
         m_owners[key] = index;
-        m_unpacked[index].path = path;
     }
 
     ArchiveReader m_reader;
     QString m_folder;
     std::vector<UnpackedMember>& m_unpacked;
-    QHash<QString, std::size_t> m_owners;
+    QHash<QString, std::size_t> m_owners; ///< of the files, by their keys
 };
 
 } // namespace

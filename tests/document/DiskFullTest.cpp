@@ -102,6 +102,29 @@ TEST_F(DiskFullTest, OpenFailsUntilEverythingFits)
     EXPECT_GT(failures, 20);
 }
 
+TEST_F(DiskFullTest, OpenSaysThatTheDiskIsFull)
+{
+    const QString tempDir = m_document->tempDir();
+    FaultInjection::arm(world(), {{Call::Space}, 1, Effect::Fail, 0});
+    const bool opened = m_document->open(m_package);
+    EXPECT_TRUE(FaultInjection::disarm());
+    EXPECT_FALSE(opened);
+    EXPECT_EQ(m_document->errorString(), QStringLiteral("No space left on the device"));
+    EXPECT_EQ(m_document->tempDir(), tempDir);
+    expectNothingLost(false);
+}
+
+TEST_F(DiskFullTest, SaveSaysThatTheDiskIsFull)
+{
+    FaultInjection::arm(QFile::encodeName(m_folder),
+                        {{Call::Write}, 1, Effect::FailOnward, ENOSPC});
+    const bool saved = m_document->save(m_package);
+    EXPECT_TRUE(FaultInjection::disarm());
+    EXPECT_FALSE(saved);
+    EXPECT_EQ(m_document->errorString(), qt_error_string(ENOSPC));
+    expectNothingLost(false);
+}
+
 TEST_F(DiskFullTest, ReadOnlyDiskKeepsTheOldPackage)
 {
     mountPackages(3 * pagesOf(m_old.size()));

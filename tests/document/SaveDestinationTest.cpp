@@ -66,6 +66,57 @@ TEST_F(SaveDestinationTest, AnotherPackage)
     EXPECT_TRUE(isComplete(m_destination, kMoved));
 }
 
+TEST_F(SaveDestinationTest, ThePackageThatAnotherEditorHasOpen)
+{
+    DashboardDocument other;
+    ASSERT_TRUE(other.open(m_package));
+    other.pageAt(0)->elements.at(0).x = 5;
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(other.save(m_package));
+        EXPECT_TRUE(isComplete(m_package, 5));
+        EXPECT_TRUE(m_document->save(m_package));
+        EXPECT_TRUE(isComplete(m_package, kMoved));
+    }
+    FolderTools::remove(other.tempDir());
+}
+
+TEST_F(SaveDestinationTest, AnotherPackageThatAnotherEditorHasOpen)
+{
+    ASSERT_TRUE(writePackage(m_destination, "Other"));
+    DashboardDocument other;
+    ASSERT_TRUE(other.open(m_destination));
+    const auto files = FolderTools::contents(other.tempDir());
+    EXPECT_TRUE(m_document->save(m_destination));
+    EXPECT_TRUE(isComplete(m_destination, kMoved));
+    EXPECT_TRUE(other.save(m_destination)) << "from its own files";
+    EXPECT_TRUE(isComplete(m_destination, kUnmoved));
+    EXPECT_TRUE(m_document->save(m_package));
+    EXPECT_TRUE(isComplete(m_package, kMoved));
+    EXPECT_EQ(FolderTools::contents(other.tempDir()).size(), files.size());
+    FolderTools::remove(other.tempDir());
+}
+
+TEST_F(SaveDestinationTest, APackageThatAnotherEditorSavedReplacesNoMissingFile)
+{
+    DashboardDocument other;
+    ASSERT_TRUE(other.open(m_package));
+    ASSERT_TRUE(writeFile(other.tempDir() + QStringLiteral("/images/0.png"), "another image"));
+    ASSERT_TRUE(other.save(m_package));
+    const QByteArray saved = readFile(m_package);
+    const QString image = m_document->tempDir() + QStringLiteral("/images/0.png");
+    const QByteArray pixels = readFile(image);
+    ASSERT_TRUE(QFile::remove(image));
+    EXPECT_FALSE(m_document->save(m_package));
+    EXPECT_EQ(m_document->errorString(),
+              QStringLiteral("The file \"images/0.png\" is missing, and the package was changed "
+                             "since it was opened"));
+    EXPECT_EQ(readFile(m_package), saved);
+    ASSERT_TRUE(writeFile(image, pixels));
+    EXPECT_TRUE(m_document->save(m_package));
+    EXPECT_TRUE(isComplete(m_package, kMoved));
+    FolderTools::remove(other.tempDir());
+}
+
 TEST_F(SaveDestinationTest, AFolderIsRefusedAndKept)
 {
     const QString folder = m_world.filePath(QStringLiteral("folder"));

@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <string>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 namespace FaultInjection {
@@ -212,6 +213,15 @@ int stat(const char* path, struct stat* status) noexcept
 {
     static auto* const next = real<int(const char*, struct stat*)>("stat");
     return judge(Call::Look, path) == Verdict::Pass ? next(path, status) : -1;
+}
+
+int statvfs(const char* path, struct statvfs* status) noexcept
+{
+    static auto* const next = real<int(const char*, struct statvfs*)>("statvfs");
+    const int result = next(path, status);
+    if (judge(Call::Space, path) != Verdict::Pass)
+        status->f_bavail = 0;
+    return result;
 }
 
 struct dirent64* readdir64(DIR* folder)

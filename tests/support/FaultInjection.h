@@ -23,11 +23,12 @@ enum class Call
     Rename,
     MakeFolder,
     List,
-    Look
+    Look,
+    Space ///< asks for the free room of a disk; fails by finding none
 };
-inline constexpr Call kCalls[] = {Call::Open,     Call::Read,       Call::Write, Call::Seek,
-                                  Call::Truncate, Call::Sync,       Call::Close, Call::Link,
-                                  Call::Rename,   Call::MakeFolder, Call::List,  Call::Look};
+inline constexpr Call kCalls[] = {
+    Call::Open, Call::Read,   Call::Write,      Call::Seek, Call::Truncate, Call::Sync, Call::Close,
+    Call::Link, Call::Rename, Call::MakeFolder, Call::List, Call::Look,     Call::Space};
 
 enum class Effect
 {

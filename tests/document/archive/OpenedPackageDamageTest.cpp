@@ -201,6 +201,24 @@ TEST_F(OpenedPackageTest, TakesNoFileForMissingThatCannotBeLookedAt)
     }));
 }
 
+TEST_F(OpenedPackageTest, FailsWhileTheFolderOrAFileCannotBeRead)
+{
+    EXPECT_TRUE(runUnprivileged([] {
+        const auto all = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+        const QTemporaryDir world(openFolderTemplate());
+        const QString path = world.filePath(QStringLiteral("a.zconf2"));
+        const QString folder = world.filePath(QStringLiteral("unpacked"));
+        const QByteArray bytes = RawArchive::build({Member{"x", "old"}});
+        OpenedPackage package;
+        bool right = writeFile(path, bytes) && package.unpack(path, folder);
+        for (const QString& closed : {folder, QString(folder + QStringLiteral("/x"))}) {
+            right = right && QFile::setPermissions(closed, {}) && !package.save(folder, path) &&
+                    QFile::setPermissions(closed, all) && readFile(path) == bytes;
+        }
+        return right && package.save(folder, path);
+    }));
+}
+
 TEST_F(OpenedPackageTest, DoesNotWaitForAPipe)
 {
     ASSERT_EQ(mkfifo(QFile::encodeName(m_path).constData(), 0600), 0);

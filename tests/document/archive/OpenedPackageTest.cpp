@@ -5,6 +5,10 @@
 
 #include <QDateTime>
 
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
 using RawArchive::Member;
 using TestPackage::readFile;
 using TestPackage::writeFile;
@@ -180,3 +184,66 @@ TEST_F(OpenedPackageTest, MakesALostUnpackFolderForNobodyElse)
     EXPECT_FALSE(QFile::permissions(m_folder) & others);
 #endif
 }
+
+#ifdef Q_OS_LINUX
+
+TEST_F(OpenedPackageTest, KeepsAllMembersWhereTheDiskIgnoresCase)
+{
+    // Links make one file of two names, as such a disk does.
+    ASSERT_TRUE(writeFile(inFolder("A.png"), ""));
+    ASSERT_EQ(link(QFile::encodeName(inFolder("A.png")).constData(),
+                   QFile::encodeName(inFolder("a.png")).constData()),
+              0);
+    ASSERT_TRUE(QDir().mkpath(inFolder("F")));
+    ASSERT_TRUE(QFile::link(QStringLiteral("F"), inFolder("f")));
+    open(RawArchive::build({Member{"A.png", "first"}, Member{"a.png", "last"}, Member{"F/x", "x"},
+                            Member{"f/y", "y"}}));
+    for (const QString& path : {m_other, m_path}) {
+        save(path);
+        EXPECT_EQ(m_after.members(), m_before.members());
+    }
+    ASSERT_TRUE(writeFile(inFolder("F/y"), "edited"));
+    save(m_other);
+    EXPECT_EQ(m_after.names(), m_before.names());
+    EXPECT_EQ(m_after.content(0), "first");
+    EXPECT_EQ(m_after.content(3), "edited");
+}
+
+TEST_F(OpenedPackageTest, AddsANewNameOfAnOldFile)
+{
+    openRich();
+    ASSERT_EQ(link(QFile::encodeName(inFolder("z.png")).constData(),
+                   QFile::encodeName(inFolder("copy.png")).constData()),
+              0);
+    save(m_other);
+    EXPECT_EQ(m_after.names(), m_before.names() + QByteArrayList{"copy.png"});
+}
+
+#endif
+
+#ifdef Q_OS_UNIX
+
+TEST_F(OpenedPackageTest, UsesNoFolderOfAnotherOwner)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can give a folder away";
+    openRich();
+    constexpr uid_t kNobody = 65534;
+    ASSERT_EQ(chown(QFile::encodeName(m_folder).constData(), kNobody, kNobody), 0);
+    expectFails(QStringLiteral("The folder \"%1\" has been replaced by another one").arg(m_folder));
+    ASSERT_TRUE(QDir(m_folder).removeRecursively());
+    save(m_other);
+    EXPECT_EQ(m_after.members(), m_before.members());
+}
+
+TEST_F(OpenedPackageTest, FollowsNoLinkInTheFoldersPlace)
+{
+    openRich();
+    const QTemporaryDir elsewhere(FolderTools::memoryTemplate());
+    ASSERT_TRUE(writeFile(elsewhere.filePath(QStringLiteral("private")), "secret"));
+    ASSERT_TRUE(QDir(m_folder).removeRecursively());
+    ASSERT_TRUE(QFile::link(elsewhere.path(), m_folder));
+    expectFails(QStringLiteral("The folder \"%1\" has been replaced by another one").arg(m_folder));
+}
+
+#endif
