@@ -21,7 +21,7 @@ public:
     /// The functions to open the library's handle with. They refer to this object.
     [[nodiscard]] zlib_filefunc64_def hooks();
 
-    /// Reads like the library, past it. The number of bytes; negative when the device fails.
+    /// Reads bytes that the library need not see. Their number; negative when the device fails.
     [[nodiscard]] qint64 readAt(quint64 position, char* buffer, qint64 size);
 
     /// Whether the device ever failed to read, write or move. A short read is no failure.
