@@ -10,5 +10,5 @@ function(gaugewright_bench name)
   target_include_directories(${name} PRIVATE "${GAUGEWRIGHT_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE gaugewright_test_support ${ARG_LINK} benchmark::benchmark
     gaugewright_warnings)
-  set_target_properties(${name} PROPERTIES AUTOMOC ON CXX_EXTENSIONS OFF)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
 endfunction()

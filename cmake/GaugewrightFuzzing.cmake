@@ -28,6 +28,5 @@ function(gaugewright_fuzzer name)
     target_include_directories(${target} PRIVATE "${GAUGEWRIGHT_SOURCE_DIR}")
     target_link_libraries(${target} PRIVATE gaugewright_test_support ${ARG_LINK}
       gaugewright_warnings)
-    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
   endforeach()
 endfunction()

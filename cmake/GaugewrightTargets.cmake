@@ -15,6 +15,8 @@ endif()
 target_compile_definitions(gaugewright_warnings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_USE_QSTRINGBUILDER)
 
+include(GaugewrightPrecompiled)
+
 # gaugewright_library(NAME SOURCES ... LINK ...): one subsystem as a static library whose headers
 # are included from the repository root.
 function(gaugewright_library name)
@@ -23,5 +25,6 @@ function(gaugewright_library name)
   target_compile_features(${name} PUBLIC cxx_std_20)
   target_include_directories(${name} PUBLIC "${GAUGEWRIGHT_SOURCE_DIR}")
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE gaugewright_warnings)
-  set_target_properties(${name} PROPERTIES AUTOMOC ON CXX_EXTENSIONS OFF)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  gaugewright_use_precompiled(${name} gaugewright_core_headers)
 endfunction()

@@ -1,4 +1,5 @@
-# Test targets: GoogleTest suites, one executable a subsystem, every test a ctest entry of its own.
+# Test targets: GoogleTest suites, one executable a subsystem. Every test is a ctest entry of its own
+# unless GAUGEWRIGHT_WHOLE_SUITES makes each executable one.
 
 find_package(GTest REQUIRED)
 if(GAUGEWRIGHT_PROPERTY_TESTS)
@@ -6,6 +7,13 @@ if(GAUGEWRIGHT_PROPERTY_TESTS)
 endif()
 find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 include(GoogleTest)
+
+# Not Qt6::Test, whose macros name the folder of each target.
+gaugewright_precompile(gaugewright_test_headers
+  LINK Qt6::Widgets GTest::gmock GTest::gtest
+  HEADERS ${GAUGEWRIGHT_COMMON_HEADERS} QComboBox QDialogButtonBox QImage QInputDialog QLabel
+    QLineEdit QProcess QPushButton QSpinBox QTemporaryDir QTimer QUndoStack gmock/gmock.h
+    gtest/gtest.h)
 
 # gaugewright_test(NAME SOURCES ... PROPERTIES ... LINK ...): PROPERTIES are the sources whose tests
 # draw random input.
@@ -18,8 +26,14 @@ function(gaugewright_test name)
     target_sources(${name} PRIVATE ${ARG_PROPERTIES})
     target_link_libraries(${name} PRIVATE rapidcheck)
   endif()
-  set_target_properties(${name} PROPERTIES AUTOMOC ON CXX_EXTENSIONS OFF)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  gaugewright_use_precompiled(${name} gaugewright_test_headers)
   gaugewright_manifest(${name})
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
-    PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  if(GAUGEWRIGHT_WHOLE_SUITES)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 1500 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  else()
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+      PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  endif()
 endfunction()

@@ -73,6 +73,7 @@ remove_scratch() {
 use_ccache() {
     if command -v ccache >/dev/null; then
         export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
+        export CCACHE_SLOPPINESS=pch_defines,time_macros # else nothing with precompiled headers is cached
     fi
 }
 
