@@ -1,6 +1,6 @@
-// Opening, showing and saving the large sample, each beside the least that any program would have
-// to do with the same libraries. Runs in memory-backed folders where there are any, so that the
-// processor is measured and not the disk.
+// Opening, showing and saving the large sample, next to the least that any program would have to do
+// with the same libraries. Runs in memory-backed folders where there are any, so that the processor
+// is measured and not the disk.
 
 #include "cli/CommandLine.h"
 #include "cli/Console.h"

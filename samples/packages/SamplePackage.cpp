@@ -11,7 +11,7 @@ using namespace SamplePackage;
 
 namespace {
 
-// What the words of the layouts stand for.
+// The XML of the words that the layouts use.
 constexpr auto kAnalog = R"(<e c="Analog"><p n="START_ANGLE">225</p><p n="SWEEP">270</p>)"_L1;
 constexpr auto kBargraph = R"(<e c="BargraphTrapezio">)"_L1;
 constexpr auto kIcon = R"(<e c="Icon">)"_L1;

@@ -85,7 +85,7 @@ TEST(Findings, ElementsCoveredByALaterOne)
 TEST(Findings, ElementsCoveredByAMuchLaterOne)
 {
     std::vector<Object> elements{digitElement("first", 10, 10, 20, 20)};
-    for (int i = 0; i < 2000; ++i) // stacked, so that one cover stands for all
+    for (int i = 0; i < 2000; ++i) // in one place, so the last one covers them all
         elements.push_back(digitElement(QByteArray::number(i), 100, 100, 20, 20));
     elements.push_back(digitElement("last", 0, 0, 90, 90));
     const Findings found = findingsOn(elements);
