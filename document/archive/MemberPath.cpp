@@ -51,3 +51,14 @@ std::optional<QString> memberPath(const QString& name, PathRules rules)
         return std::nullopt;
     return path;
 }
+
+QString folderOf(const QString& path)
+{
+    return path.left(std::max<qsizetype>(path.lastIndexOf(u'/'), 0));
+}
+
+void addFolders(QString folder, QSet<QString>& known)
+{
+    for (; !folder.isEmpty() && !known.contains(folder); folder = folderOf(folder))
+        known.insert(folder);
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSet>
 #include <QString>
 
 #include <optional>
@@ -25,3 +26,9 @@ inline constexpr PathRules kNativePathRules = PathRules::Unix;
 /// Names that climb but stay inside are resolved: "a/../b" gives "b", whether "a" exists or not.
 [[nodiscard]] std::optional<QString> memberPath(const QString& name,
                                                 PathRules rules = kNativePathRules);
+
+/// The folder of a relative path, empty at the top.
+[[nodiscard]] QString folderOf(const QString& path);
+
+/// Adds the folder, a relative path, and those above it to the known ones.
+void addFolders(QString folder, QSet<QString>& known);

@@ -1,8 +1,10 @@
 #include "document/archive/PackageSaver.h"
 
+#include "document/archive/ArchiveLimits.h"
 #include "document/archive/ArchiveText.h"
 #include "document/archive/Checksum.h"
 #include "document/archive/InputFile.h"
+#include "document/archive/MemberPath.h"
 #include "document/archive/Unpacking.h"
 
 #include <QDateTime>
@@ -139,16 +141,41 @@ Outcome PackageSaver::writeNewFiles()
         known.insert(fileKey(member.path));
         paths[member.path.toCaseFolded()] = member.path;
     }
+    QSet<QString> folders = memberFolders();
     for (const QString& name : m_names) {
         if (known.contains(fileKey(name)) || isSameFile(name, paths.value(name.toCaseFolded())))
             continue;
-        QFile file(m_folder.path() + u'/' + name);
-        if (Outcome opened = openInput(file); !opened)
-            return opened;
-        if (Outcome added = deflate(newMember(name.toUtf8(), m_now), name, file); !added)
-            return added;
+        if (Outcome written = writeNewFile(name, folders); !written)
+            return written;
     }
     return {};
+}
+
+/// A package with a file where it also has a folder, or with too many folders, could not be opened.
+Outcome PackageSaver::writeNewFile(const QString& name, QSet<QString>& folders)
+{
+    QFile file(m_folder.path() + u'/' + name);
+    if (folders.contains(fileKey(name))) {
+        return Outcome::failure(
+            ArchiveText::tr("\"%1\" is a file, but a folder in the package").arg(file.fileName()));
+    }
+    addFolders(folderOf(fileKey(name)), folders);
+    if (folders.size() > ArchiveLimits::kFolders)
+        return Outcome::failure(ArchiveText::tr("There are too many folders"));
+    if (Outcome opened = openInput(file); !opened)
+        return opened;
+    return deflate(newMember(name.toUtf8(), m_now), name, file);
+}
+
+/// Keys of the folders that the opened archive unpacks to.
+QSet<QString> PackageSaver::memberFolders() const
+{
+    QSet<QString> folders;
+    for (const UnpackedMember& member : m_members) {
+        const QString key = fileKey(memberPath(member.record.name).value_or(QString()));
+        addFolders(member.record.isFolder() ? key : folderOf(key), folders);
+    }
+    return folders;
 }
 
 /// For disks that ignore case: a folder's file can be listed under another name than the member's.

@@ -40,9 +40,11 @@ private:
     Outcome writeOwner(std::size_t index);
     Outcome writeWithoutFile(std::size_t index);
     Outcome writeNewFiles();
+    Outcome writeNewFile(const QString& name, QSet<QString>& folders);
     Outcome copy(std::size_t index);
     Outcome recover(std::size_t index);
     Outcome deflate(const ArchiveMember& like, const QString& path, QIODevice& content);
+    [[nodiscard]] QSet<QString> memberFolders() const;
     [[nodiscard]] bool isSameFile(const QString& name, const QString& path) const;
     [[nodiscard]] bool canCopy(std::size_t index);
 

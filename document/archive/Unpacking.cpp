@@ -12,7 +12,6 @@
 #include <QHash>
 #include <QSet>
 
-#include <algorithm>
 #include <filesystem>
 #include <limits>
 #include <system_error>
@@ -41,19 +40,6 @@ bool fitsOnVolume(quint64 size, const QString& folder)
     return size <=
            std::filesystem::space(QFileInfo(existingFolder(folder)).filesystemFilePath(), error)
                .available;
-}
-
-/// The folder of a relative path, empty at the top.
-QString folderOf(const QString& path)
-{
-    return path.left(std::max<qsizetype>(path.lastIndexOf(u'/'), 0));
-}
-
-/// Adds the folder, a relative path, and those above it to the known ones.
-void addFolders(QString folder, QSet<QString>& known)
-{
-    for (; !folder.isEmpty() && !known.contains(folder); folder = folderOf(folder))
-        known.insert(folder);
 }
 
 /// Whether the data of a member can be read by us.

@@ -5,6 +5,7 @@
 
 #include "document/DashboardPackage.h"
 #include "document/archive/ArchiveWriter.h"
+#include "document/archive/OpenedPackage.h"
 #include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
 #include "tests/support/RawArchive.h"
@@ -128,6 +129,21 @@ TEST(ArchiveLimitsTest, UnpacksAsManyFoldersAsAnyPackageMayHave)
     const QTemporaryDir empty(FolderTools::memoryTemplate());
     EXPECT_FALSE(DashboardPackage::unpackArchive(path, empty.path()));
     EXPECT_EQ(FolderTools::names(empty.path()), QStringList());
+}
+
+TEST(ArchiveLimitsTest, SavesNoMoreFoldersThanItOpens)
+{
+    const QTemporaryDir world(FolderTools::memoryTemplate());
+    const QString path = world.filePath(QStringLiteral("a.zconf2"));
+    const QString folder = world.filePath(QStringLiteral("unpacked"));
+    ASSERT_TRUE(TestPackage::writeFile(path, RawArchive::build(nestedMembers(64, 128))));
+    OpenedPackage package;
+    ASSERT_TRUE(package.unpack(path, folder));
+    ASSERT_TRUE(TestPackage::writeFile(folder + QStringLiteral("/0/f/new"), "new"));
+    ASSERT_TRUE(package.save(folder, path));
+    EXPECT_TRUE(OpenedPackage().unpack(path, world.filePath(QStringLiteral("again"))));
+    ASSERT_TRUE(TestPackage::writeFile(folder + QStringLiteral("/one more/new"), "new"));
+    EXPECT_EQ(package.save(folder, path).reason().toStdString(), "There are too many folders");
 }
 
 TEST(ArchiveLimitsTest, RefusesTwoHundredThousandFoldersInOneMegabyte)

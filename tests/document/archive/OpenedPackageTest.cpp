@@ -148,6 +148,24 @@ TEST_F(OpenedPackageTest, FailsWhereAFolderIsInTheWayOfAFile)
     EXPECT_EQ(readFile(m_other), "old");
 }
 
+TEST_F(OpenedPackageTest, FailsWhereAFileIsInTheWayOfAFolder)
+{
+    open(RawArchive::build({Member{"f/g/b", "b"}, Member{"listed/", "", RawArchive::kStored}}));
+    for (const char* const folder : {"f", "f/g", "listed"}) {
+        const QTemporaryDir kept(FolderTools::memoryTemplate());
+        const QString away = kept.filePath(QStringLiteral("away"));
+        ASSERT_TRUE(QDir().rename(inFolder(folder), away));
+        ASSERT_TRUE(writeFile(inFolder(folder), "file"));
+        // Written as both, the package could not be opened.
+        expectFails(
+            QStringLiteral("\"%1\" is a file, but a folder in the package").arg(inFolder(folder)));
+        ASSERT_TRUE(QFile::remove(inFolder(folder)));
+        ASSERT_TRUE(QDir().rename(away, inFolder(folder)));
+    }
+    save(m_other);
+    EXPECT_EQ(m_after.members(), m_before.members());
+}
+
 TEST_F(OpenedPackageTest, KeepsAllMembersOfOneName)
 {
     open(RawArchive::build(
