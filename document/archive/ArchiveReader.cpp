@@ -26,30 +26,33 @@ ArchiveReader::ArchiveReader(QIODevice& device, const std::vector<ArchiveMember>
     m_archive.reset(unzOpen2_64(nullptr, &hooks));
 }
 
-MemberStream ArchiveReader::open(std::size_t index, MemberStream::Form form)
+MemberStream ArchiveReader::open(std::size_t index)
 {
-    return {m_archive.get(), m_device, m_plain.recordAt(index), form};
+    return {m_archive.get(), m_device, m_plain.recordAt(index)};
 }
 
-Outcome ArchiveReader::extract(std::size_t index, QIODevice& target, bool& whole)
+Outcome ArchiveReader::extract(std::size_t index, QIODevice& target, std::optional<quint32>& rawCrc)
 {
+    rawCrc.reset();
     const ArchiveMember& member = m_members[index];
-    MemberStream stream = open(index, MemberStream::Form::Unpacked);
+    MemberStream stream = open(index);
     if (!stream.isOpen()) {
         return Outcome::failure(ArchiveText::tr("The member \"%1\" is damaged").arg(member.name));
     }
+    MemberContent content(stream, member);
     quint64 remaining = member.size;
-    Outcome outcome = copyContent(stream, remaining, target);
-    whole = stream.close() && remaining == 0;
+    Outcome outcome = copyContent(content, remaining, target);
+    if (outcome && remaining == 0 && isWorthReading(member.packedSize) && content.isExact())
+        rawCrc = content.rawCrc();
     return outcome;
 }
 
-Outcome ArchiveReader::copyContent(MemberStream& stream, quint64& remaining, QIODevice& target)
+Outcome ArchiveReader::copyContent(MemberContent& content, quint64& remaining, QIODevice& target)
 {
     std::array<char, kChunkSize> chunk{};
     while (remaining > 0) {
         const int count =
-            stream.read(chunk.data(), static_cast<unsigned>(std::min(remaining, kChunkSize)));
+            content.read(chunk.data(), static_cast<unsigned>(std::min(remaining, kChunkSize)));
         if (count <= 0)
             return {};
         const auto size = static_cast<quint64>(count);
@@ -65,13 +68,19 @@ Outcome ArchiveReader::copyContent(MemberStream& stream, quint64& remaining, QIO
     return {};
 }
 
+bool ArchiveReader::isWorthReading(quint64 packedSize)
+{
+    const bool isWorth = packedSize <= m_rawBelievable;
+    m_rawBelievable -= isWorth ? packedSize : 0;
+    return isWorth;
+}
+
 std::optional<quint32> ArchiveReader::rawCrc(std::size_t index)
 {
     quint64 remaining = m_members[index].packedSize;
-    if (remaining > m_rawBelievable)
+    if (!isWorthReading(remaining))
         return std::nullopt;
-    m_rawBelievable -= remaining;
-    MemberStream stream = open(index, MemberStream::Form::Raw);
+    MemberStream stream = open(index);
     if (!stream.isOpen())
         return std::nullopt;
     const auto chunk = std::make_unique_for_overwrite<char[]>(kRawChunkSize);

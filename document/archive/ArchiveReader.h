@@ -2,6 +2,7 @@
 
 #include "document/archive/ArchiveDevice.h"
 #include "document/archive/ArchiveDirectory.h"
+#include "document/archive/MemberContent.h"
 #include "document/archive/MemberStream.h"
 #include "document/archive/PlainArchive.h"
 
@@ -22,15 +23,17 @@ public:
     [[nodiscard]] bool deviceFailed() const { return m_device.failed(); }
 
     /// The index-th member. Only one stream may be open at a time.
-    [[nodiscard]] MemberStream open(std::size_t index, MemberStream::Form form);
+    [[nodiscard]] MemberStream open(std::size_t index);
 
     /// Writes the content of the index-th member to an open device, up to the declared size. A
     /// member whose data are damaged ends where the damage begins, which is no failure.
-    /// @param whole receives whether the content is complete and its checksum right.
-    Outcome extract(std::size_t index, QIODevice& target, bool& whole);
+    /// @param rawCrc receives the CRC of the compressed bytes when they hold exactly the content
+    /// that the record announces; nullopt for a damaged member, or when the members share more data
+    /// than is worth reading.
+    Outcome extract(std::size_t index, QIODevice& target, std::optional<quint32>& rawCrc);
 
-    /// CRC of the index-th member's compressed bytes; nullopt when they cannot all be read, or when
-    /// the members share more data than is worth reading.
+    /// The CRC of the compressed bytes without unpacking them; nullopt also when they cannot all be
+    /// read.
     [[nodiscard]] std::optional<quint32> rawCrc(std::size_t index);
 
 private:
@@ -39,7 +42,8 @@ private:
         void operator()(unzFile archive) const { unzClose(archive); }
     };
 
-    Outcome copyContent(MemberStream& stream, quint64& remaining, QIODevice& target);
+    Outcome copyContent(MemberContent& content, quint64& remaining, QIODevice& target);
+    [[nodiscard]] bool isWorthReading(quint64 packedSize);
 
     const std::vector<ArchiveMember>& m_members;
     quint64 m_believable;    ///< bytes that may still be unpacked

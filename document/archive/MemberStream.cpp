@@ -2,18 +2,23 @@
 
 #include <algorithm>
 
-MemberStream::MemberStream(unzFile archive, ArchiveDevice& device, quint64 recordAt, Form form)
+MemberStream::MemberStream(unzFile archive, ArchiveDevice& device, quint64 recordAt)
     : m_archive(archive),
-      m_device(device),
-      m_form(form)
+      m_device(device)
 {
     int method = 0;
     int level = 0;
     const unz64_file_pos position{recordAt, 0};
     m_isOpen = unzGoToFilePos64(archive, &position) == UNZ_OK &&
-               unzOpenCurrentFile2(archive, &method, &level, form == Form::Raw ? 1 : 0) == UNZ_OK;
+               unzOpenCurrentFile2(archive, &method, &level, 1) == UNZ_OK;
     if (m_isOpen)
         m_rawAt = unzGetCurrentFileZStreamPos64(archive);
+}
+
+MemberStream::~MemberStream()
+{
+    if (m_isOpen)
+        unzCloseCurrentFile(m_archive);
 }
 
 QByteArray MemberStream::localExtra() const
@@ -27,18 +32,9 @@ QByteArray MemberStream::localExtra() const
 
 int MemberStream::read(char* buffer, unsigned size)
 {
-    if (m_form == Form::Unpacked)
-        return unzReadCurrentFile(m_archive, buffer, size);
     // The library would copy them byte by byte and compute a checksum that it keeps to itself.
     if (m_device.readAt(m_rawAt, buffer, size) != qint64{size})
         return -1;
     m_rawAt += size;
     return static_cast<int>(size);
-}
-
-bool MemberStream::close()
-{
-    const bool wasOpen = m_isOpen;
-    m_isOpen = false;
-    return wasOpen && unzCloseCurrentFile(m_archive) == UNZ_OK;
 }

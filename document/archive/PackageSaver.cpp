@@ -191,7 +191,7 @@ bool PackageSaver::isSameFile(const QString& name, const QString& path) const
 Outcome PackageSaver::copy(std::size_t index)
 {
     const UnpackedMember& member = m_members[index];
-    MemberStream stream = m_source->open(index, MemberStream::Form::Raw);
+    MemberStream stream = m_source->open(index);
     bool intact = false;
     Outcome copied = stream.isOpen()
                          ? m_writer.copyMember(member.record, stream, member.rawCrc, intact)
@@ -210,12 +210,12 @@ Outcome PackageSaver::recover(std::size_t index)
 {
     const UnpackedMember& member = m_members[index];
     QTemporaryFile content;
-    bool whole = false;
+    std::optional<quint32> rawCrc;
     if (!content.open())
         return Outcome::failure(content.errorString());
-    if (Outcome extracted = m_source->extract(index, content, whole); !extracted)
+    if (Outcome extracted = m_source->extract(index, content, rawCrc); !extracted)
         return extracted;
-    if (member.whole && !whole) {
+    if (member.whole && !rawCrc) {
         return Outcome::failure(ArchiveText::tr("The member \"%1\" was damaged since it was opened")
                                     .arg(member.record.name));
     }

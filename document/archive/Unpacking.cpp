@@ -111,17 +111,17 @@ public:
         // A folder that cannot be made costs nothing by itself: a file in it will report it.
         // QFileInfo does not name it: on Windows it takes "folder/." for a file next to the folder.
         QDir().mkpath(record.isFolder() ? target : m_folder + u'/' + folderOf(path));
+        std::optional<quint32> rawCrc;
         if (record.isFolder()) {
-            checkFolder(index, member);
+            checkFolder(index, record, rawCrc);
         } else {
             QString key = fileKey(path);
-            if (Outcome written = write(index, target, member, key); !written)
+            if (Outcome written = write(index, target, rawCrc, key); !written)
                 return written;
             takeFile(index, path, key);
         }
-        const std::optional<quint32> crc = member.whole ? m_reader.rawCrc(index) : std::nullopt;
-        member.whole = crc.has_value();
-        member.rawCrc = crc.value_or(0);
+        member.whole = rawCrc.has_value();
+        member.rawCrc = rawCrc.value_or(0);
         return {};
     }
 
@@ -130,14 +130,15 @@ public:
 private:
     /// @param key receives the file's number where the system has one: where the disk ignores
     /// case, one file has two names.
-    Outcome write(std::size_t index, const QString& target, UnpackedMember& member, QString& key)
+    Outcome write(std::size_t index, const QString& target, std::optional<quint32>& rawCrc,
+                  QString& key)
     {
         QFile file(target);
         if (!file.open(QIODevice::WriteOnly))
             return Outcome::failure(file.errorString());
         if (const auto identity = identityOf(file); identity && identity->number != 0)
             key = QStringLiteral("%1:%2").arg(identity->device).arg(identity->number);
-        if (Outcome extracted = m_reader.extract(index, file, member.whole); !extracted)
+        if (Outcome extracted = m_reader.extract(index, file, rawCrc); !extracted)
             return extracted;
         file.close();
         return file.error() == QFileDevice::NoError ? Outcome()
@@ -145,13 +146,11 @@ private:
     }
 
     /// Folders have no content to speak of, but a save should not copy damage.
-    void checkFolder(std::size_t index, UnpackedMember& member)
+    void checkFolder(std::size_t index, const ArchiveMember& record, std::optional<quint32>& rawCrc)
     {
-        if (!isReadable(member.record))
-            return;
         Discard ignored;
-        bool whole = false;
-        member.whole = m_reader.extract(index, ignored, whole) && whole;
+        if (!isReadable(record) || !m_reader.extract(index, ignored, rawCrc))
+            rawCrc.reset();
     }
 
     /// The last member that was written to a file has it, under the name that the file got first.

@@ -37,8 +37,8 @@ SavedArchive::SavedArchive(const QString& path)
     for (std::size_t i = 0; i < m_directory.members.size(); ++i) {
         QBuffer content;
         content.open(QIODevice::WriteOnly);
-        bool whole = false;
-        m_whole = reader.extract(i, content, whole) && whole && m_whole;
+        std::optional<quint32> rawCrc;
+        m_whole = reader.extract(i, content, rawCrc) && rawCrc && m_whole;
         m_contents.push_back(content.data());
         m_members.push_back(describe(m_directory.members[i], reader.rawCrc(i)));
     }

@@ -1,6 +1,7 @@
 // What a save makes of damaged packages, of packages made to do harm, and of files that are in the
 // way.
 
+#include "document/archive/Checksum.h"
 #include "tests/document/archive/OpenedPackageFixture.h"
 #include "tests/support/AwkwardArchives.h"
 
@@ -40,6 +41,36 @@ TEST_F(OpenedPackageTest, WritesDamagedMembersAsFarAsTheyCouldBeRead)
     EXPECT_EQ(m_after.content(2), "content");
     EXPECT_EQ(m_after.content(3), "last");
     EXPECT_EQ(m_after.content(4), "con");
+}
+
+TEST_F(OpenedPackageTest, WritesAnewWhatDoesNotEndWithItsContent)
+{
+    const QByteArray stream = RawArchive::deflated("content");
+    Member longer{"longer", "content"};
+    longer.size = 3;
+    longer.crc = extendedCrc(0, "con", 3);
+    Member storedLonger = longer;
+    storedLonger.name = "stored";
+    storedLonger.method = RawArchive::kStored;
+    Member followed{"followed", "content"};
+    followed.data = stream + "junk";
+    Member unfinished{"unfinished", "content"};
+    unfinished.data = stream;
+    unfinished.data->front() = static_cast<char>(stream.front() & ~1); // not the last block
+    Member nothing{"nothing", ""};
+    nothing.data = "";
+    const Member exact{"exact", "content"};
+    open(RawArchive::build({longer, storedLonger, followed, unfinished, nothing, exact}));
+    save(m_other);
+    const QByteArrayList contents{"con", "con", "content", "content", "", "content"};
+    for (qsizetype i = 0; i < contents.size(); ++i) {
+        const auto index = static_cast<std::size_t>(i);
+        const ArchiveMember& member = m_after.directory().members.at(index);
+        EXPECT_EQ(m_after.content(index), contents[i]);
+        EXPECT_EQ(member.packedSize, quint64(RawArchive::deflated(contents[i]).size()))
+            << member.rawName.toStdString();
+    }
+    EXPECT_EQ(m_after.members().back(), m_before.members().back());
 }
 
 TEST_F(OpenedPackageTest, WritesAFileWithTheAttributeOfAFolderAsAFile)

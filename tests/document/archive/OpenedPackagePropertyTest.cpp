@@ -181,3 +181,26 @@ RC_GTEST_PROP(OpenedPackageProperty, WithoutThePackageTheFolderIsSavedOrNothing,
         RC_ASSERT(FolderTools::contents(again) == FolderTools::contents(world.folder));
     }
 }
+
+RC_GTEST_PROP(OpenedPackageProperty, DamagedPackagesAreRefusedOrSavedWhole, ())
+{
+    const auto bytes = randomBytes();
+    ByteSource source = sourceOf(bytes);
+    QByteArray archive = RawArchive::build(randomArchive(source));
+    for (int i = source.below(3); i >= 0 && !archive.isEmpty(); --i)
+        archive[(256 * source.byte() + source.byte()) % archive.size()] =
+            static_cast<char>(source.byte());
+    const QTemporaryDir root(FolderTools::memoryTemplate());
+    const QString path = root.filePath(QStringLiteral("a"));
+    const QString folder = root.filePath(QStringLiteral("f"));
+    TestPackage::writeFile(path, archive);
+    OpenedPackage package;
+    if (!package.unpack(path, folder) || !package.isComplete())
+        return;
+    const auto files = FolderTools::contents(folder);
+    RC_ASSERT(bool(package.save(folder, path)));
+    RC_ASSERT(SavedArchive(path).isWhole());
+    const QString again = root.filePath(QStringLiteral("again"));
+    RC_ASSERT(bool(OpenedPackage().unpack(path, again)));
+    RC_ASSERT(FolderTools::contents(again) == files);
+}
