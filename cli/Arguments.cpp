@@ -1,8 +1,8 @@
 #include "cli/Arguments.h"
 
+#include "cli/CliText.h"
 #include "cli/Console.h"
 
-#include <QCoreApplication>
 #include <QJsonObject>
 
 #include <cmath>
@@ -11,20 +11,14 @@ namespace {
 
 constexpr int kJsonVersion = 1;
 
-QString text(const char* source)
-{
-    return QCoreApplication::translate("Arguments", source);
-}
-
 } // namespace
 
 Arguments::Arguments(const QString& command, const QString& description) : m_command(command)
 {
     m_parser.setApplicationDescription(description);
-    addFlag(QStringLiteral("help"), text(QT_TRANSLATE_NOOP("Arguments", "Shows this help.")));
-    addFlag(QStringLiteral("quiet"), text(QT_TRANSLATE_NOOP("Arguments", "Reports no progress.")));
-    m_parser.addOption({QStringLiteral("format"),
-                        text(QT_TRANSLATE_NOOP("Arguments", "Answers as \"text\" or \"json\".")),
+    addFlag(QStringLiteral("help"), CliText::tr("Shows this help."));
+    addFlag(QStringLiteral("quiet"), CliText::tr("Reports no progress."));
+    m_parser.addOption({QStringLiteral("format"), CliText::tr("Answers as \"text\" or \"json\"."),
                         QStringLiteral("FORMAT"), QStringLiteral("text")});
 }
 
@@ -74,19 +68,17 @@ QString Arguments::fault() const
 {
     const QString format = value(QStringLiteral("format"));
     if (format != u"text" && format != u"json")
-        return text(QT_TRANSLATE_NOOP("Arguments", "Unknown format \"%1\"")).arg(format);
+        return CliText::tr("Unknown format \"%1\"").arg(format);
     if (m_files.size() < m_required)
-        return text(QT_TRANSLATE_NOOP("Arguments", "%1 is missing"))
-            .arg(m_fileNames.at(m_files.size()));
+        return CliText::tr("%1 is missing").arg(m_fileNames.at(m_files.size()));
     if (m_files.size() > m_fileNames.size())
-        return text(QT_TRANSLATE_NOOP("Arguments", "Too many arguments: \"%1\""))
-            .arg(m_files.at(m_fileNames.size()));
+        return CliText::tr("Too many arguments: \"%1\"").arg(m_files.at(m_fileNames.size()));
     // Mostly a variable that a script did not set; as a folder it would be the working folder.
     if (const qsizetype file = m_files.indexOf(QString()); file >= 0)
-        return text(QT_TRANSLATE_NOOP("Arguments", "%1 is empty")).arg(m_fileNames.at(file));
+        return CliText::tr("%1 is empty").arg(m_fileNames.at(file));
     for (const QString& option : m_parser.optionNames()) {
         if (values(option).contains(QString()))
-            return text(QT_TRANSLATE_NOOP("Arguments", "--%1 is empty")).arg(option);
+            return CliText::tr("--%1 is empty").arg(option);
     }
     return {};
 }
@@ -94,8 +86,7 @@ QString Arguments::fault() const
 ExitStatus Arguments::refuse(Console& console, const QString& reason) const
 {
     console.fail(m_command,
-                 text(QT_TRANSLATE_NOOP("Arguments", "%1 (see gaugewright-cli %2 --help)"))
-                     .arg(reason, m_command));
+                 CliText::tr("%1 (see gaugewright-cli %2 --help)").arg(reason, m_command));
     return ExitStatus::Trouble;
 }
 
@@ -113,18 +104,18 @@ bool Arguments::wantsJson() const
     return value(QStringLiteral("format")) == u"json";
 }
 
-QJsonObject Arguments::jsonFrame() const
+QJsonObject Arguments::framed(QJsonObject facts) const
 {
-    return {{QStringLiteral("format"), QStringLiteral("gaugewright-cli")},
-            {QStringLiteral("version"), kJsonVersion},
-            {QStringLiteral("command"), m_command}};
+    facts.insert(QStringLiteral("format"), QStringLiteral("gaugewright-cli"));
+    facts.insert(QStringLiteral("version"), kJsonVersion);
+    facts.insert(QStringLiteral("command"), m_command);
+    return facts;
 }
 
 /// The parser's help, with our own first line: the parser's names the executable's path.
 QString Arguments::help() const
 {
     const QString whole = m_parser.helpText();
-    return text(QT_TRANSLATE_NOOP("Arguments", "Usage: gaugewright-cli %1 [options]%2"))
-               .arg(m_command, m_synopsis) +
+    return CliText::tr("Usage: gaugewright-cli %1 [options]%2").arg(m_command, m_synopsis) +
            whole.mid(whole.indexOf(u'\n')).trimmed().prepend(QStringLiteral("\n"));
 }

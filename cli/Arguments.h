@@ -44,8 +44,8 @@ public:
     [[nodiscard]] std::optional<double> number(const QString& option, double fallback) const;
 
     [[nodiscard]] bool wantsJson() const;
-    /// The answer's frame: the format's version and the subcommand.
-    [[nodiscard]] QJsonObject jsonFrame() const;
+    /// The whole answer: the facts, the format's version and the subcommand.
+    [[nodiscard]] QJsonObject framed(QJsonObject facts) const;
 
 private:
     [[nodiscard]] QString help() const;

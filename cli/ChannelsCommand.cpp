@@ -1,21 +1,16 @@
 #include "cli/Arguments.h"
+#include "cli/CliText.h"
 #include "cli/Console.h"
 #include "cli/RecordingFile.h"
 #include "review/FactText.h"
 #include "telemetry/TelemetrySession.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonObject>
 
 #include <cmath>
 
 namespace {
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("ChannelsCommand", text);
-}
 
 double lengthOf(const TelemetryChannel& channel)
 {
@@ -49,12 +44,9 @@ QJsonObject objectOf(const TelemetryChannel& channel)
 ExitStatus Subcommands::channels(const QStringList& arguments, Console& console)
 {
     Arguments parsed(QStringLiteral("channels"),
-                     translated(QT_TRANSLATE_NOOP(
-                         "ChannelsCommand",
-                         "Lists the channels of a recording: name, unit, number of samples, time "
-                         "of the last one.")));
-    parsed.addFile(QStringLiteral("FILE.xrk"),
-                   translated(QT_TRANSLATE_NOOP("ChannelsCommand", "The recording.")));
+                     CliText::tr("Lists the channels of a recording: name, unit, number of "
+                                 "samples, time of the last one."));
+    parsed.addFile(QStringLiteral("FILE.xrk"), CliText::tr("The recording."));
     if (const auto status = parsed.parse(arguments, console))
         return *status;
 
@@ -69,12 +61,9 @@ ExitStatus Subcommands::channels(const QStringList& arguments, Console& console)
         else
             console.print(lineOf(channel));
     }
-    if (parsed.wantsJson()) {
-        QJsonObject answer = parsed.jsonFrame();
-        answer.insert(QStringLiteral("recording"), path);
-        answer.insert(QStringLiteral("length"), numberOrNull(session.duration()));
-        answer.insert(QStringLiteral("channels"), list);
-        console.print(answer);
-    }
+    if (parsed.wantsJson())
+        console.print(parsed.framed({{QStringLiteral("recording"), path},
+                                     {QStringLiteral("length"), numberOrNull(session.duration())},
+                                     {QStringLiteral("channels"), list}}));
     return ExitStatus::Clean;
 }

@@ -1,4 +1,5 @@
 #include "cli/Arguments.h"
+#include "cli/CliText.h"
 #include "cli/Console.h"
 #include "cli/RecordingFile.h"
 #include "cli/Workspace.h"
@@ -8,7 +9,6 @@
 #include "review/Findings.h"
 #include "telemetry/TelemetrySession.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -17,11 +17,6 @@
 #include <optional>
 
 namespace {
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("CheckCommand", text);
-}
 
 /// What the user wants to hear of.
 struct Filter
@@ -59,8 +54,7 @@ std::optional<Filter> filterFrom(const Arguments& parsed, QString& wrong)
         filter.ignored += value.split(u',');
     for (const QString& name : std::as_const(filter.ignored)) {
         if (!isRule(name)) {
-            wrong =
-                translated(QT_TRANSLATE_NOOP("CheckCommand", "Unknown finding \"%1\"")).arg(name);
+            wrong = CliText::tr("Unknown finding \"%1\"").arg(name);
             return std::nullopt;
         }
     }
@@ -68,8 +62,7 @@ std::optional<Filter> filterFrom(const Arguments& parsed, QString& wrong)
         const QString name = parsed.value(QStringLiteral("severity"));
         const std::optional<Severity> severity = severityNamed(name);
         if (!severity) {
-            wrong =
-                translated(QT_TRANSLATE_NOOP("CheckCommand", "Unknown severity \"%1\"")).arg(name);
+            wrong = CliText::tr("Unknown severity \"%1\"").arg(name);
             return std::nullopt;
         }
         filter.least = *severity;
@@ -81,12 +74,11 @@ QString lineOf(const Finding& finding)
 {
     QString line = identifier(severityOf(finding.rule)) + u' ' + identifier(finding.rule);
     if (finding.page > 0) {
-        line += translated(QT_TRANSLATE_NOOP("CheckCommand", " page %1 %2"))
+        line += CliText::tr(" page %1 %2")
                     .arg(QString::number(finding.page), FactText::quoted(finding.pageName));
     }
     if (isAboutElement(finding.rule)) {
-        line += translated(QT_TRANSLATE_NOOP("CheckCommand", ", element %1"))
-                    .arg(FactText::quoted(finding.element));
+        line += CliText::tr(", element %1").arg(FactText::quoted(finding.element));
     }
     return line + QStringLiteral(": ") + finding.message;
 }
@@ -116,12 +108,11 @@ void print(const std::vector<Finding>& found, const Arguments& parsed, Console& 
     }
     if (!parsed.wantsJson())
         return;
-    QJsonObject answer = parsed.jsonFrame();
-    answer.insert(QStringLiteral("package"), parsed.file(0));
+    QJsonObject answer{{QStringLiteral("package"), parsed.file(0)},
+                       {QStringLiteral("findings"), list}};
     if (parsed.isSet(QStringLiteral("recording")))
         answer.insert(QStringLiteral("recording"), parsed.value(QStringLiteral("recording")));
-    answer.insert(QStringLiteral("findings"), list);
-    console.print(answer);
+    console.print(parsed.framed(answer));
 }
 
 /// The findings of package and recording; nothing after a failure, which was reported.
@@ -145,20 +136,17 @@ std::optional<std::vector<Finding>> allFindings(const Arguments& parsed, Console
 
 void addOptions(Arguments& parsed)
 {
-    parsed.addFile(QStringLiteral("PACKAGE"),
-                   translated(QT_TRANSLATE_NOOP("CheckCommand", "The package.")));
+    parsed.addFile(QStringLiteral("PACKAGE"), CliText::tr("The package."));
     parsed.addOption(
         QStringLiteral("recording"), QStringLiteral("FILE.xrk"),
-        translated(QT_TRANSLATE_NOOP(
-            "CheckCommand", "Reports which recorded channel each channel of the layout shows.")));
+        CliText::tr("Reports which recorded channel each channel of the layout shows."));
     parsed.addOption(QStringLiteral("ignore"), QStringLiteral("ID"),
-                     translated(QT_TRANSLATE_NOOP(
-                         "CheckCommand", "Leaves out findings of this identifier; several with "
-                                         "commas, or the option several times.")));
-    parsed.addOption(QStringLiteral("severity"), QStringLiteral("LEVEL"),
-                     translated(QT_TRANSLATE_NOOP(
-                         "CheckCommand", "Leaves out findings below this level: \"information\", "
-                                         "\"warning\" or \"error\".")));
+                     CliText::tr("Leaves out findings of this identifier; several with commas, or "
+                                 "the option several times."));
+    parsed.addOption(
+        QStringLiteral("severity"), QStringLiteral("LEVEL"),
+        CliText::tr(
+            "Leaves out findings below this level: \"information\", \"warning\" or \"error\"."));
 }
 
 } // namespace
@@ -166,9 +154,8 @@ void addOptions(Arguments& parsed)
 ExitStatus Subcommands::check(const QStringList& arguments, Console& console)
 {
     Arguments parsed(QStringLiteral("check"),
-                     translated(QT_TRANSLATE_NOOP(
-                         "CheckCommand", "Looks for faults in a package. Ends with status 1 when "
-                                         "it reports a warning or an error.")));
+                     CliText::tr("Looks for faults in a package. Ends with status 1 when it "
+                                 "reports a warning or an error."));
     addOptions(parsed);
     if (const auto status = parsed.parse(arguments, console))
         return *status;

@@ -1,9 +1,8 @@
 #include "cli/CommandLine.h"
 
 #include "app/Version.h"
+#include "cli/CliText.h"
 #include "cli/Console.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
@@ -20,24 +19,18 @@ struct Subcommand
 
 constexpr std::array kSubcommands{
     Subcommand{"show", Subcommands::show,
-               QT_TRANSLATE_NOOP("CommandLine", "lists what is in a package"), false},
+               QT_TRANSLATE_NOOP("CliText", "lists what is in a package"), false},
     Subcommand{"diff", Subcommands::diff,
-               QT_TRANSLATE_NOOP("CommandLine", "tells what changed between two packages"), false},
+               QT_TRANSLATE_NOOP("CliText", "tells what changed between two packages"), false},
     Subcommand{"check", Subcommands::check,
-               QT_TRANSLATE_NOOP("CommandLine", "looks for faults in a package"), false},
+               QT_TRANSLATE_NOOP("CliText", "looks for faults in a package"), false},
     Subcommand{"render", Subcommands::render,
-               QT_TRANSLATE_NOOP("CommandLine", "paints the pages of a package"), true},
+               QT_TRANSLATE_NOOP("CliText", "paints the pages of a package"), true},
     Subcommand{"channels", Subcommands::channels,
-               QT_TRANSLATE_NOOP("CommandLine", "lists the channels of a recording"), false},
+               QT_TRANSLATE_NOOP("CliText", "lists the channels of a recording"), false},
     Subcommand{"recover", Subcommands::recover,
-               QT_TRANSLATE_NOOP("CommandLine", "makes a package of what a crash left behind"),
-               false},
+               QT_TRANSLATE_NOOP("CliText", "makes a package of what a crash left behind"), false},
 };
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("CommandLine", text);
-}
 
 const Subcommand* find(const QStringList& arguments)
 {
@@ -51,18 +44,16 @@ const Subcommand* find(const QStringList& arguments)
 void printHelp(Console& console)
 {
     constexpr int kNameWidth = 10;
-    console.print(translated(
-        QT_TRANSLATE_NOOP("CommandLine", "Usage: gaugewright-cli SUBCOMMAND [options] ...")));
+    console.print(CliText::tr("Usage: gaugewright-cli SUBCOMMAND [options] ..."));
     console.print(QString());
     for (const Subcommand& subcommand : kSubcommands) {
         console.print(QStringLiteral("  ") +
                       QString::fromLatin1(subcommand.name).leftJustified(kNameWidth) +
-                      translated(subcommand.description));
+                      CliText::tr(subcommand.description));
     }
     console.print(QString());
-    console.print(translated(QT_TRANSLATE_NOOP(
-        "CommandLine", "gaugewright-cli SUBCOMMAND --help says more. Exit status: 0 clean, 1 "
-                       "findings or differences, 2 trouble.")));
+    console.print(CliText::tr("gaugewright-cli SUBCOMMAND --help says more. Exit status: 0 clean, "
+                              "1 findings or differences, 2 trouble."));
 }
 
 } // namespace
@@ -86,10 +77,7 @@ ExitStatus CommandLine::run(const QStringList& arguments, Console& console)
                       QString::fromLatin1(kGaugewrightVersion));
         return ExitStatus::Clean;
     }
-    console.fail(arguments.isEmpty()
-                     ? translated(QT_TRANSLATE_NOOP("CommandLine", "the subcommand is missing"))
-                     : arguments.at(0),
-                 translated(QT_TRANSLATE_NOOP("CommandLine",
-                                              "See gaugewright-cli --help for the subcommands")));
+    console.fail(arguments.isEmpty() ? CliText::tr("the subcommand is missing") : arguments.at(0),
+                 CliText::tr("See gaugewright-cli --help for the subcommands"));
     return ExitStatus::Trouble;
 }

@@ -1,8 +1,8 @@
 #include "cli/Console.h"
 
+#include "cli/CliText.h"
 #include "review/FactText.h"
 
-#include <QCoreApplication>
 #include <QFileDevice>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -44,6 +44,6 @@ bool Console::flush()
     auto* const file = qobject_cast<QFileDevice*>(&m_answer);
     if (written && (!file || file->flush()))
         return true;
-    fail(QCoreApplication::translate("Console", "standard output"), m_answer.errorString());
+    fail(CliText::tr("standard output"), m_answer.errorString());
     return false;
 }

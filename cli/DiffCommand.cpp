@@ -1,19 +1,14 @@
 #include "cli/Arguments.h"
+#include "cli/CliText.h"
 #include "cli/Console.h"
 #include "cli/Workspace.h"
 #include "document/DashboardDocument.h"
 #include "review/Differences.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonObject>
 
 namespace {
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("DiffCommand", text);
-}
 
 /// The key that the subject's name goes under, null when the difference has none.
 const char* subjectKey(Difference::Change change)
@@ -56,13 +51,10 @@ void print(const std::vector<Difference>& found, const Arguments& parsed, Consol
         else
             console.print(sentence(difference));
     }
-    if (!parsed.wantsJson())
-        return;
-    QJsonObject answer = parsed.jsonFrame();
-    answer.insert(QStringLiteral("old"), parsed.file(0));
-    answer.insert(QStringLiteral("new"), parsed.file(1));
-    answer.insert(QStringLiteral("differences"), list);
-    console.print(answer);
+    if (parsed.wantsJson())
+        console.print(parsed.framed({{QStringLiteral("old"), parsed.file(0)},
+                                     {QStringLiteral("new"), parsed.file(1)},
+                                     {QStringLiteral("differences"), list}}));
 }
 
 } // namespace
@@ -70,13 +62,10 @@ void print(const std::vector<Difference>& found, const Arguments& parsed, Consol
 ExitStatus Subcommands::diff(const QStringList& arguments, Console& console)
 {
     Arguments parsed(QStringLiteral("diff"),
-                     translated(QT_TRANSLATE_NOOP(
-                         "DiffCommand", "Tells what changed from one package to another. Ends with "
-                                        "status 1 when something did.")));
-    parsed.addFile(QStringLiteral("OLD"),
-                   translated(QT_TRANSLATE_NOOP("DiffCommand", "The former package.")));
-    parsed.addFile(QStringLiteral("NEW"),
-                   translated(QT_TRANSLATE_NOOP("DiffCommand", "The present package.")));
+                     CliText::tr("Tells what changed from one package to another. Ends with status "
+                                 "1 when something did."));
+    parsed.addFile(QStringLiteral("OLD"), CliText::tr("The former package."));
+    parsed.addFile(QStringLiteral("NEW"), CliText::tr("The present package."));
     if (const auto status = parsed.parse(arguments, console))
         return *status;
 

@@ -1,26 +1,17 @@
 #include "cli/RecordingFile.h"
 
+#include "cli/CliText.h"
 #include "cli/Console.h"
 #include "paths/FixedPaths.h"
 #include "telemetry/TelemetrySession.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
-
-namespace {
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("RecordingFile", text);
-}
-
-} // namespace
 
 bool loadRecording(TelemetrySession& session, const QString& path, Console& console)
 {
-    console.progress(translated(QT_TRANSLATE_NOOP("RecordingFile", "Reading %1")).arg(path));
+    console.progress(CliText::tr("Reading %1").arg(path));
     if (!QFileInfo::exists(path)) {
-        console.fail(path, translated(QT_TRANSLATE_NOOP("RecordingFile", "There is no such file")));
+        console.fail(path, CliText::tr("There is no such file"));
         return false;
     }
     const bool loaded = session.load(path, FixedPaths::readerLibrary());

@@ -1,21 +1,16 @@
 #include "cli/Arguments.h"
+#include "cli/CliText.h"
 #include "cli/Console.h"
 #include "cli/Interruption.h"
 #include "review/FactText.h"
 #include "review/UnpackFolders.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 
 namespace {
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("RecoverCommand", text);
-}
 
 QString lineOf(const UnpackFolder& folder)
 {
@@ -42,11 +37,8 @@ ExitStatus list(const Arguments& parsed, Console& console)
         else
             console.print(lineOf(folder));
     }
-    if (parsed.wantsJson()) {
-        QJsonObject answer = parsed.jsonFrame();
-        answer.insert(QStringLiteral("folders"), folders);
-        console.print(answer);
-    }
+    if (parsed.wantsJson())
+        console.print(parsed.framed({{QStringLiteral("folders"), folders}}));
     return ExitStatus::Clean;
 }
 
@@ -55,8 +47,7 @@ ExitStatus recover(const Arguments& parsed, Console& console)
     const QString folder = parsed.file(0);
     const QString package = parsed.value(QStringLiteral("output"));
     if (QFileInfo::exists(package) && !parsed.isSet(QStringLiteral("force"))) {
-        console.fail(package, translated(QT_TRANSLATE_NOOP("RecoverCommand",
-                                                           "It exists; --force writes over it")));
+        console.fail(package, CliText::tr("It exists; --force writes over it"));
         return ExitStatus::Trouble;
     }
     const Interruption::Pause untilWritten;
@@ -64,14 +55,11 @@ ExitStatus recover(const Arguments& parsed, Console& console)
         console.fail(folder, outcome.reason());
         return ExitStatus::Trouble;
     }
-    if (parsed.wantsJson()) {
-        QJsonObject answer = parsed.jsonFrame();
-        answer.insert(QStringLiteral("folder"), folder);
-        answer.insert(QStringLiteral("package"), package);
-        console.print(answer);
-    } else {
+    if (parsed.wantsJson())
+        console.print(parsed.framed(
+            {{QStringLiteral("folder"), folder}, {QStringLiteral("package"), package}}));
+    else
         console.print(FactText::oneLine(package));
-    }
     return ExitStatus::Clean;
 }
 
@@ -79,24 +67,18 @@ ExitStatus recover(const Arguments& parsed, Console& console)
 
 ExitStatus Subcommands::recover(const QStringList& arguments, Console& console)
 {
-    Arguments parsed(QStringLiteral("recover"),
-                     translated(QT_TRANSLATE_NOOP(
-                         "RecoverCommand",
-                         "Makes a package of a folder that the editor unpacked one to. Without "
-                         "FOLDER lists those in the folder for temporary files, the newest "
-                         "first.")));
-    parsed.addOptionalFile(QStringLiteral("FOLDER"),
-                           translated(QT_TRANSLATE_NOOP("RecoverCommand", "The folder.")));
+    Arguments parsed(
+        QStringLiteral("recover"),
+        CliText::tr("Makes a package of a folder that the editor unpacked one to. Without FOLDER "
+                    "lists those in the folder for temporary files, the newest first."));
+    parsed.addOptionalFile(QStringLiteral("FOLDER"), CliText::tr("The folder."));
     parsed.addOption(QStringLiteral("output"), QStringLiteral("PACKAGE"),
-                     translated(QT_TRANSLATE_NOOP("RecoverCommand", "The package to write.")));
-    parsed.addFlag(QStringLiteral("force"),
-                   translated(QT_TRANSLATE_NOOP("RecoverCommand", "Writes over a file.")));
+                     CliText::tr("The package to write."));
+    parsed.addFlag(QStringLiteral("force"), CliText::tr("Writes over a file."));
     if (const auto status = parsed.parse(arguments, console))
         return *status;
     if (parsed.file(0).isEmpty() != !parsed.isSet(QStringLiteral("output"))) {
-        return parsed.refuse(
-            console, translated(QT_TRANSLATE_NOOP("RecoverCommand",
-                                                  "FOLDER and --output PACKAGE belong together")));
+        return parsed.refuse(console, CliText::tr("FOLDER and --output PACKAGE belong together"));
     }
     return parsed.file(0).isEmpty() ? list(parsed, console) : ::recover(parsed, console);
 }

@@ -1,5 +1,6 @@
 #include "canvas/PagePicture.h"
 #include "cli/Arguments.h"
+#include "cli/CliText.h"
 #include "cli/Console.h"
 #include "cli/Interruption.h"
 #include "cli/RecordingFile.h"
@@ -10,7 +11,6 @@
 #include "telemetry/TelemetrySession.h"
 
 #include <QBuffer>
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QImageWriter>
@@ -22,11 +22,6 @@
 #include <vector>
 
 namespace {
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("RenderCommand", text);
-}
 
 /// What to paint and how, as the options say.
 struct Task
@@ -59,21 +54,20 @@ std::optional<Task> taskFrom(const Arguments& parsed, QString& wrong)
             : 0;
     const bool isLive = parsed.isSet(QStringLiteral("recording"));
     if (!parsed.isSet(QStringLiteral("output")))
-        wrong = translated(QT_TRANSLATE_NOOP("RenderCommand", "--output FOLDER is missing"));
+        wrong = CliText::tr("--output FOLDER is missing");
     else if (!page || *page != std::floor(*page) || *page < 0 || *page > 1e9 ||
              (*page == 0 && parsed.isSet(QStringLiteral("page"))))
-        wrong = translated(QT_TRANSLATE_NOOP("RenderCommand", "--page counts from 1"));
+        wrong = CliText::tr("--page counts from 1");
     else if (!scale || *scale <= 0)
-        wrong = translated(QT_TRANSLATE_NOOP("RenderCommand", "--scale is a number above 0"));
+        wrong = CliText::tr("--scale is a number above 0");
     else if (!seconds)
-        wrong = translated(QT_TRANSLATE_NOOP("RenderCommand", "--at is a number of seconds"));
+        wrong = CliText::tr("--at is a number of seconds");
     else if (unit < 0)
-        wrong = translated(QT_TRANSLATE_NOOP("RenderCommand", "--speed-unit is one of %1"))
+        wrong = CliText::tr("--speed-unit is one of %1")
                     .arg(SpeedUnits::texts().join(QStringLiteral(", ")));
     else if (!isLive &&
              (parsed.isSet(QStringLiteral("at")) || parsed.isSet(QStringLiteral("speed-unit"))))
-        wrong = translated(
-            QT_TRANSLATE_NOOP("RenderCommand", "--at and --speed-unit need --recording FILE.xrk"));
+        wrong = CliText::tr("--at and --speed-unit need --recording FILE.xrk");
     if (!wrong.isEmpty())
         return std::nullopt;
     task.page = static_cast<int>(*page);
@@ -108,25 +102,19 @@ bool areAllowed(const std::vector<Picture>& pictures, const Task& task, const Ar
                 Console& console)
 {
     if (pictures.empty()) {
-        console.fail(
-            parsed.file(0),
-            translated(QT_TRANSLATE_NOOP("RenderCommand", "It has no page %1")).arg(task.page));
+        console.fail(parsed.file(0), CliText::tr("It has no page %1").arg(task.page));
         return false;
     }
     for (const Picture& picture : pictures) {
         if (PagePicture::size(*picture.page, task.scale).isEmpty()) {
-            console.fail(
-                parsed.file(0),
-                translated(QT_TRANSLATE_NOOP(
-                               "RenderCommand",
-                               "Page %1 of %2 has no area, or too large a one for a picture"))
-                    .arg(QString::number(picture.number),
-                         FactText::size(picture.page->width, picture.page->height)));
+            console.fail(parsed.file(0),
+                         CliText::tr("Page %1 of %2 has no area, or too large a one for a picture")
+                             .arg(QString::number(picture.number),
+                                  FactText::size(picture.page->width, picture.page->height)));
             return false;
         }
         if (QFileInfo::exists(picture.path) && !parsed.isSet(QStringLiteral("force"))) {
-            console.fail(picture.path, translated(QT_TRANSLATE_NOOP(
-                                           "RenderCommand", "It exists; --force writes over it")));
+            console.fail(picture.path, CliText::tr("It exists; --force writes over it"));
             return false;
         }
     }
@@ -180,8 +168,7 @@ ExitStatus paintAll(const std::vector<Picture>& pictures, const Task& task, cons
 {
     QJsonArray list;
     for (const Picture& picture : pictures) {
-        console.progress(
-            translated(QT_TRANSLATE_NOOP("RenderCommand", "Painting %1")).arg(picture.path));
+        console.progress(CliText::tr("Painting %1").arg(picture.path));
         const QImage image = PagePicture::paint(*picture.page, task.scale, live);
         if (!write(image, picture.path, console))
             return ExitStatus::Trouble;
@@ -190,12 +177,9 @@ ExitStatus paintAll(const std::vector<Picture>& pictures, const Task& task, cons
         else
             console.print(FactText::oneLine(picture.path));
     }
-    if (parsed.wantsJson()) {
-        QJsonObject answer = parsed.jsonFrame();
-        answer.insert(QStringLiteral("package"), parsed.file(0));
-        answer.insert(QStringLiteral("pictures"), list);
-        console.print(answer);
-    }
+    if (parsed.wantsJson())
+        console.print(parsed.framed(
+            {{QStringLiteral("package"), parsed.file(0)}, {QStringLiteral("pictures"), list}}));
     return ExitStatus::Clean;
 }
 
@@ -213,8 +197,7 @@ ExitStatus render(const Task& task, const Arguments& parsed, Console& console)
         !loadRecording(session, parsed.value(QStringLiteral("recording")), console))
         return ExitStatus::Trouble;
     if (!task.folder.mkpath(QStringLiteral("."))) {
-        console.fail(task.folder.path(),
-                     translated(QT_TRANSLATE_NOOP("RenderCommand", "The folder cannot be made")));
+        console.fail(task.folder.path(), CliText::tr("The folder cannot be made"));
         return ExitStatus::Trouble;
     }
     return paintAll(pictures, task, {&session, task.seconds, task.speedUnit}, parsed, console);
@@ -222,30 +205,21 @@ ExitStatus render(const Task& task, const Arguments& parsed, Console& console)
 
 void addOptions(Arguments& parsed)
 {
-    parsed.addFile(QStringLiteral("PACKAGE"),
-                   translated(QT_TRANSLATE_NOOP("RenderCommand", "The package.")));
-    parsed.addOption(
-        QStringLiteral("output"), QStringLiteral("FOLDER"),
-        translated(QT_TRANSLATE_NOOP("RenderCommand", "The folder to write to; made if missing.")));
-    parsed.addOption(
-        QStringLiteral("page"), QStringLiteral("N"),
-        translated(QT_TRANSLATE_NOOP("RenderCommand", "Paints this page only, counted from 1.")));
-    parsed.addOption(
-        QStringLiteral("scale"), QStringLiteral("F"),
-        translated(QT_TRANSLATE_NOOP("RenderCommand",
-                                     "Pixels for every pixel of the display; 1 if not given.")));
-    parsed.addOption(
-        QStringLiteral("recording"), QStringLiteral("FILE.xrk"),
-        translated(QT_TRANSLATE_NOOP("RenderCommand", "Shows the values of this recording.")));
+    parsed.addFile(QStringLiteral("PACKAGE"), CliText::tr("The package."));
+    parsed.addOption(QStringLiteral("output"), QStringLiteral("FOLDER"),
+                     CliText::tr("The folder to write to; made if missing."));
+    parsed.addOption(QStringLiteral("page"), QStringLiteral("N"),
+                     CliText::tr("Paints this page only, counted from 1."));
+    parsed.addOption(QStringLiteral("scale"), QStringLiteral("F"),
+                     CliText::tr("Pixels for every pixel of the display; 1 if not given."));
+    parsed.addOption(QStringLiteral("recording"), QStringLiteral("FILE.xrk"),
+                     CliText::tr("Shows the values of this recording."));
     parsed.addOption(QStringLiteral("at"), QStringLiteral("SECONDS"),
-                     translated(QT_TRANSLATE_NOOP("RenderCommand",
-                                                  "The moment of the recording; 0 if not given.")));
-    parsed.addOption(
-        QStringLiteral("speed-unit"), QStringLiteral("UNIT"),
-        translated(QT_TRANSLATE_NOOP("RenderCommand", "The unit of the GPS speed: %1."))
-            .arg(SpeedUnits::texts().join(QStringLiteral(", "))));
-    parsed.addFlag(QStringLiteral("force"),
-                   translated(QT_TRANSLATE_NOOP("RenderCommand", "Writes over files.")));
+                     CliText::tr("The moment of the recording; 0 if not given."));
+    parsed.addOption(QStringLiteral("speed-unit"), QStringLiteral("UNIT"),
+                     CliText::tr("The unit of the GPS speed: %1.")
+                         .arg(SpeedUnits::texts().join(QStringLiteral(", "))));
+    parsed.addFlag(QStringLiteral("force"), CliText::tr("Writes over files."));
 }
 
 } // namespace
@@ -254,9 +228,8 @@ ExitStatus Subcommands::render(const QStringList& arguments, Console& console)
 {
     Arguments parsed(
         QStringLiteral("render"),
-        translated(QT_TRANSLATE_NOOP(
-            "RenderCommand", "Paints the pages of a package as the editor does, each to a PNG file "
-                             "page-N.png.")));
+        CliText::tr(
+            "Paints the pages of a package as the editor does, each to a PNG file page-N.png."));
     addOptions(parsed);
     if (const auto status = parsed.parse(arguments, console))
         return *status;

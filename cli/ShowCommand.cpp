@@ -1,4 +1,5 @@
 #include "cli/Arguments.h"
+#include "cli/CliText.h"
 #include "cli/Console.h"
 #include "cli/Workspace.h"
 #include "document/ColorText.h"
@@ -11,16 +12,10 @@
 #include "review/OtherFiles.h"
 #include "review/PageNodes.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonObject>
 
 namespace {
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("ShowCommand", text);
-}
 
 QJsonObject styleOf(const QString& font, int size, const QColor& color)
 {
@@ -102,17 +97,18 @@ QJsonArray pagesOf(const DashboardDocument& document)
     return pages;
 }
 
-void addLayout(const DashboardDocument& document, QJsonObject& answer)
+QJsonObject objectOf(const DashboardDocument& document, const QString& package)
 {
-    answer.insert(QStringLiteral("device"),
-                  QJsonObject{{QStringLiteral("type"), document.deviceType()},
-                              {QStringLiteral("typeCode"), document.deviceTypeCode()}});
-    answer.insert(QStringLiteral("display"),
-                  QJsonObject{{QStringLiteral("width"), document.displayWidth()},
-                              {QStringLiteral("height"), document.displayHeight()}});
-    answer.insert(QStringLiteral("channels"), arrayOf(document.channels()));
-    answer.insert(QStringLiteral("pages"), pagesOf(document));
-    answer.insert(QStringLiteral("files"), arrayOf(otherFiles(document)));
+    return {{QStringLiteral("package"), package},
+            {QStringLiteral("device"),
+             QJsonObject{{QStringLiteral("type"), document.deviceType()},
+                         {QStringLiteral("typeCode"), document.deviceTypeCode()}}},
+            {QStringLiteral("display"),
+             QJsonObject{{QStringLiteral("width"), document.displayWidth()},
+                         {QStringLiteral("height"), document.displayHeight()}}},
+            {QStringLiteral("channels"), arrayOf(document.channels())},
+            {QStringLiteral("pages"), pagesOf(document)},
+            {QStringLiteral("files"), arrayOf(otherFiles(document))}};
 }
 
 } // namespace
@@ -120,11 +116,9 @@ void addLayout(const DashboardDocument& document, QJsonObject& answer)
 ExitStatus Subcommands::show(const QStringList& arguments, Console& console)
 {
     Arguments parsed(QStringLiteral("show"),
-                     translated(QT_TRANSLATE_NOOP(
-                         "ShowCommand", "Lists what is in a package, one fact a line: device, "
-                                        "display, channels, pages, elements, other files.")));
-    parsed.addFile(QStringLiteral("PACKAGE"),
-                   translated(QT_TRANSLATE_NOOP("ShowCommand", "The package.")));
+                     CliText::tr("Lists what is in a package, one fact a line: device, display, "
+                                 "channels, pages, elements, other files."));
+    parsed.addFile(QStringLiteral("PACKAGE"), CliText::tr("The package."));
     if (const auto status = parsed.parse(arguments, console))
         return *status;
 
@@ -133,10 +127,7 @@ ExitStatus Subcommands::show(const QStringList& arguments, Console& console)
     if (!workspace.open(document, parsed.file(0), console))
         return ExitStatus::Trouble;
     if (parsed.wantsJson()) {
-        QJsonObject answer = parsed.jsonFrame();
-        answer.insert(QStringLiteral("package"), parsed.file(0));
-        addLayout(document, answer);
-        console.print(answer);
+        console.print(parsed.framed(objectOf(document, parsed.file(0))));
         return ExitStatus::Clean;
     }
     for (const QString& line : layoutListing(document))

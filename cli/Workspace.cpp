@@ -1,10 +1,10 @@
 #include "cli/Workspace.h"
 
+#include "cli/CliText.h"
 #include "cli/Console.h"
 #include "cli/Interruption.h"
 #include "document/DashboardDocument.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QScopeGuard>
@@ -17,11 +17,6 @@ constexpr char kFolderVariable[] = "TMP";
 #else
 constexpr char kFolderVariable[] = "TMPDIR";
 #endif
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("Workspace", text);
-}
 
 } // namespace
 
@@ -42,7 +37,7 @@ Workspace::~Workspace()
 bool Workspace::open(DashboardDocument& document, const QString& packagePath,
                      Console& console) const
 {
-    console.progress(translated(QT_TRANSLATE_NOOP("Workspace", "Opening %1")).arg(packagePath));
+    console.progress(CliText::tr("Opening %1").arg(packagePath));
     if (!m_folder->isValid())
         console.fail(QDir::tempPath(), m_folder->errorString());
     else if (unpack(document, packagePath))

@@ -2,10 +2,10 @@
 
 #include "document/DashboardDocument.h"
 #include "review/FactText.h"
+#include "review/ReviewText.h"
 #include "telemetry/ChannelMatcher.h"
 #include "telemetry/RecordedNames.h"
 
-#include <QCoreApplication>
 #include <QSet>
 
 namespace {
@@ -13,21 +13,15 @@ namespace {
 using ChannelMatcher::Match;
 using ChannelMatcher::Rule;
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("ChannelCoverage", text);
-}
-
 QString ruleText(Rule rule)
 {
     switch (rule) {
     case Rule::Case:
-        return translated(QT_TRANSLATE_NOOP("ChannelCoverage", "equal but for case"));
+        return ReviewText::tr("equal but for case");
     case Rule::Spelling:
-        return translated(
-            QT_TRANSLATE_NOOP("ChannelCoverage", "equal but for case, \"_\" and blanks"));
+        return ReviewText::tr("equal but for case, \"_\" and blanks");
     case Rule::Words:
-        return translated(QT_TRANSLATE_NOOP("ChannelCoverage", "most words in common"));
+        return ReviewText::tr("most words in common");
     case Rule::None:
         break;
     }
@@ -37,11 +31,10 @@ QString ruleText(Rule rule)
 QString messageOf(const QString& channel, const Match& match)
 {
     if (match.rule == Rule::None) {
-        return translated(QT_TRANSLATE_NOOP("ChannelCoverage",
-                                            "channel %1 matches nothing recorded and shows 0.00"))
+        return ReviewText::tr("channel %1 matches nothing recorded and shows 0.00")
             .arg(FactText::quoted(channel));
     }
-    return translated(QT_TRANSLATE_NOOP("ChannelCoverage", "channel %1 shows recorded %2 (%3)"))
+    return ReviewText::tr("channel %1 shows recorded %2 (%3)")
         .arg(FactText::quoted(channel), FactText::quoted(match.name), ruleText(match.rule));
 }
 

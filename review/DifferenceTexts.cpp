@@ -2,8 +2,7 @@
 
 #include "review/Differences.h"
 #include "review/FactText.h"
-
-#include <QCoreApplication>
+#include "review/ReviewText.h"
 
 #include <array>
 
@@ -11,8 +10,6 @@ namespace {
 
 using Change = Difference::Change;
 using Subject = Difference::Subject;
-
-constexpr char kContext[] = "Differences";
 
 /// The facts that a text mentions, in their order.
 enum class Facts
@@ -35,62 +32,62 @@ struct Texts
 
 constexpr std::array kTexts{
     Texts{Change::Device, Subject::Layout, "device-changed",
-          QT_TRANSLATE_NOOP("Differences", "device changed from %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "device changed from %1 to %2"), Facts::Both},
     Texts{Change::Display, Subject::Layout, "display-changed",
-          QT_TRANSLATE_NOOP("Differences", "display changed from %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "display changed from %1 to %2"), Facts::Both},
     Texts{Change::LayoutSettings, Subject::Layout, "layout-settings-changed",
-          QT_TRANSLATE_NOOP("Differences", "other settings of the layout changed"), Facts::None},
+          QT_TRANSLATE_NOOP("ReviewText", "other settings of the layout changed"), Facts::None},
     Texts{Change::ChannelAdded, Subject::Channel, "channel-added",
-          QT_TRANSLATE_NOOP("Differences", "added: %1"), Facts::Present},
+          QT_TRANSLATE_NOOP("ReviewText", "added: %1"), Facts::Present},
     Texts{Change::ChannelRemoved, Subject::Channel, "channel-removed",
-          QT_TRANSLATE_NOOP("Differences", "removed: %1"), Facts::Former},
+          QT_TRANSLATE_NOOP("ReviewText", "removed: %1"), Facts::Former},
     Texts{Change::ChannelChanged, Subject::Channel, "channel-changed",
-          QT_TRANSLATE_NOOP("Differences", "changed from %1 to %2"), Facts::Both},
-    Texts{Change::PageAdded, Subject::Page, "page-added", QT_TRANSLATE_NOOP("Differences", "added"),
+          QT_TRANSLATE_NOOP("ReviewText", "changed from %1 to %2"), Facts::Both},
+    Texts{Change::PageAdded, Subject::Page, "page-added", QT_TRANSLATE_NOOP("ReviewText", "added"),
           Facts::None},
     Texts{Change::PageRemoved, Subject::Page, "page-removed",
-          QT_TRANSLATE_NOOP("Differences", "removed"), Facts::None},
+          QT_TRANSLATE_NOOP("ReviewText", "removed"), Facts::None},
     Texts{Change::PageRenamed, Subject::Page, "page-renamed",
-          QT_TRANSLATE_NOOP("Differences", "renamed from %1 to %2"), Facts::BothNames},
+          QT_TRANSLATE_NOOP("ReviewText", "renamed from %1 to %2"), Facts::BothNames},
     Texts{Change::PageOrder, Subject::Page, "page-reordered",
-          QT_TRANSLATE_NOOP("Differences", "order changed from place %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "order changed from place %1 to %2"), Facts::Both},
     Texts{Change::PageSize, Subject::Page, "page-resized",
-          QT_TRANSLATE_NOOP("Differences", "resized from %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "resized from %1 to %2"), Facts::Both},
     Texts{Change::PageImage, Subject::Page, "page-image-changed",
-          QT_TRANSLATE_NOOP("Differences", "background image changed from %1 to %2"),
+          QT_TRANSLATE_NOOP("ReviewText", "background image changed from %1 to %2"),
           Facts::BothNames},
     Texts{Change::PageSettings, Subject::Page, "page-settings-changed",
-          QT_TRANSLATE_NOOP("Differences", "other settings changed"), Facts::None},
+          QT_TRANSLATE_NOOP("ReviewText", "other settings changed"), Facts::None},
     Texts{Change::ElementAdded, Subject::Element, "element-added",
-          QT_TRANSLATE_NOOP("Differences", "added: %1"), Facts::Present},
+          QT_TRANSLATE_NOOP("ReviewText", "added: %1"), Facts::Present},
     Texts{Change::ElementRemoved, Subject::Element, "element-removed",
-          QT_TRANSLATE_NOOP("Differences", "removed: %1"), Facts::Former},
+          QT_TRANSLATE_NOOP("ReviewText", "removed: %1"), Facts::Former},
     Texts{Change::ElementRenamed, Subject::Element, "element-renamed",
-          QT_TRANSLATE_NOOP("Differences", "renamed from %1 to %2"), Facts::BothNames},
+          QT_TRANSLATE_NOOP("ReviewText", "renamed from %1 to %2"), Facts::BothNames},
     Texts{Change::ElementOrder, Subject::Element, "element-reordered",
-          QT_TRANSLATE_NOOP("Differences", "order changed from place %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "order changed from place %1 to %2"), Facts::Both},
     Texts{Change::ElementKind, Subject::Element, "element-kind-changed",
-          QT_TRANSLATE_NOOP("Differences", "kind changed from %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "kind changed from %1 to %2"), Facts::Both},
     Texts{Change::ElementMoved, Subject::Element, "element-moved",
-          QT_TRANSLATE_NOOP("Differences", "moved from %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "moved from %1 to %2"), Facts::Both},
     Texts{Change::ElementResized, Subject::Element, "element-resized",
-          QT_TRANSLATE_NOOP("Differences", "resized from %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "resized from %1 to %2"), Facts::Both},
     Texts{Change::ElementChannel, Subject::Element, "element-rebound",
-          QT_TRANSLATE_NOOP("Differences", "bound to another channel, from %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "bound to another channel, from %1 to %2"), Facts::Both},
     Texts{Change::ElementValueStyle, Subject::Element, "element-value-restyled",
-          QT_TRANSLATE_NOOP("Differences", "value restyled from %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "value restyled from %1 to %2"), Facts::Both},
     Texts{Change::ElementLabelStyle, Subject::Element, "element-label-restyled",
-          QT_TRANSLATE_NOOP("Differences", "label restyled from %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "label restyled from %1 to %2"), Facts::Both},
     Texts{Change::ElementTexts, Subject::Element, "element-text-changed",
-          QT_TRANSLATE_NOOP("Differences", "text changed from %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "text changed from %1 to %2"), Facts::Both},
     Texts{Change::ElementSettings, Subject::Element, "element-settings-changed",
-          QT_TRANSLATE_NOOP("Differences", "other settings changed"), Facts::None},
+          QT_TRANSLATE_NOOP("ReviewText", "other settings changed"), Facts::None},
     Texts{Change::FileAdded, Subject::File, "file-added",
-          QT_TRANSLATE_NOOP("Differences", "added: %1"), Facts::Present},
+          QT_TRANSLATE_NOOP("ReviewText", "added: %1"), Facts::Present},
     Texts{Change::FileRemoved, Subject::File, "file-removed",
-          QT_TRANSLATE_NOOP("Differences", "removed: %1"), Facts::Former},
+          QT_TRANSLATE_NOOP("ReviewText", "removed: %1"), Facts::Former},
     Texts{Change::FileChanged, Subject::File, "file-changed",
-          QT_TRANSLATE_NOOP("Differences", "changed from %1 to %2"), Facts::Both},
+          QT_TRANSLATE_NOOP("ReviewText", "changed from %1 to %2"), Facts::Both},
 };
 
 constexpr bool isInOrder()
@@ -108,11 +105,6 @@ const Texts& textsOf(Change change)
     return kTexts.at(static_cast<std::size_t>(change));
 }
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate(kContext, text);
-}
-
 /// What the difference is about; empty for the layout as a whole.
 QString about(const Difference& difference)
 {
@@ -123,14 +115,13 @@ QString about(const Difference& difference)
     case Subject::Layout:
         break;
     case Subject::Channel:
-        return translated(QT_TRANSLATE_NOOP("Differences", "channel %1")).arg(subject);
+        return ReviewText::tr("channel %1").arg(subject);
     case Subject::Page:
-        return translated(QT_TRANSLATE_NOOP("Differences", "page %1 %2")).arg(number, page);
+        return ReviewText::tr("page %1 %2").arg(number, page);
     case Subject::Element:
-        return translated(QT_TRANSLATE_NOOP("Differences", "page %1 %2, element %3"))
-            .arg(number, page, subject);
+        return ReviewText::tr("page %1 %2, element %3").arg(number, page, subject);
     case Subject::File:
-        return translated(QT_TRANSLATE_NOOP("Differences", "file %1")).arg(subject);
+        return ReviewText::tr("file %1").arg(subject);
     }
     return {};
 }
@@ -152,7 +143,7 @@ QString sentence(const Difference& difference)
     const Texts& texts = textsOf(difference.change);
     const QString& before = difference.before;
     const QString& after = difference.after;
-    QString text = translated(texts.text);
+    QString text = ReviewText::tr(texts.text);
     if (texts.facts == Facts::Former)
         text = text.arg(before);
     else if (texts.facts == Facts::Present)

@@ -7,8 +7,8 @@
 #include "review/ElementFacts.h"
 #include "review/FactText.h"
 #include "review/PageNodes.h"
+#include "review/ReviewText.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QSet>
@@ -46,11 +46,6 @@ const RuleEntry& entryOf(Rule rule)
 {
     return *std::find_if(kRules.begin(), kRules.end(),
                          [rule](const RuleEntry& entry) { return entry.rule == rule; });
-}
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("Findings", text);
 }
 
 /// An element's rectangle in coordinates that cannot overflow.
@@ -98,7 +93,7 @@ public:
         if (m_page.width == width && m_page.height == height)
             return;
         add(Rule::PageSize, {},
-            translated(QT_TRANSLATE_NOOP("Findings", "is %1, the display %2"))
+            ReviewText::tr("is %1, the display %2")
                 .arg(FactText::size(m_page.width, m_page.height), FactText::size(width, height)));
     }
 
@@ -113,8 +108,7 @@ public:
                 return;
         }
         add(Rule::MissingImage, {},
-            translated(
-                QT_TRANSLATE_NOOP("Findings", "has no background image, although it names %1"))
+            ReviewText::tr("has no background image, although it names %1")
                 .arg(FactText::quoted(rawPath)));
     }
 
@@ -125,13 +119,11 @@ public:
             const Box box(element);
             if (!box.hasArea()) {
                 add(Rule::NoArea, element.name,
-                    translated(QT_TRANSLATE_NOOP("Findings", "has no area: %1"))
-                        .arg(FactText::size(element.w, element.h)));
+                    ReviewText::tr("has no area: %1").arg(FactText::size(element.w, element.h)));
             } else if (!page.holds(box)) {
                 add(Rule::OutsidePage, element.name,
-                    page.meets(box)
-                        ? translated(QT_TRANSLATE_NOOP("Findings", "reaches beyond its page"))
-                        : translated(QT_TRANSLATE_NOOP("Findings", "is outside its page")));
+                    page.meets(box) ? ReviewText::tr("reaches beyond its page")
+                                    : ReviewText::tr("is outside its page"));
             }
         }
     }
@@ -151,10 +143,9 @@ public:
                 std::find_if(uncovered.begin(), uncovered.end(),
                              [&](std::size_t later) { return Box(elements[later]).holds(box); });
             if (cover != uncovered.end()) {
-                reversed.push_back(
-                    finding(Rule::Covered, elements[i].name,
-                            translated(QT_TRANSLATE_NOOP("Findings", "is covered by element %1"))
-                                .arg(FactText::quoted(elements[*cover].name))));
+                reversed.push_back(finding(Rule::Covered, elements[i].name,
+                                           ReviewText::tr("is covered by element %1")
+                                               .arg(FactText::quoted(elements[*cover].name))));
             } else if (uncovered.size() < kMostCompared) {
                 uncovered.push_back(i);
             }
@@ -172,7 +163,7 @@ public:
             } else if (!reported.contains(element.name)) {
                 reported.insert(element.name);
                 add(Rule::DuplicateName, element.name,
-                    translated(QT_TRANSLATE_NOOP("Findings", "shares its name with another")));
+                    ReviewText::tr("shares its name with another"));
             }
         }
     }
@@ -183,8 +174,7 @@ public:
             const QString& channel = element.channelLongName;
             if (!channel.isEmpty() && !known.contains(channel)) {
                 add(Rule::UnknownChannel, element.name,
-                    translated(QT_TRANSLATE_NOOP("Findings",
-                                                 "is bound to %1, which the device does not have"))
+                    ReviewText::tr("is bound to %1, which the device does not have")
                         .arg(FactText::quoted(channel)));
             }
         }
@@ -196,8 +186,7 @@ public:
             for (const QString& font : ElementFacts::fonts(element)) {
                 if (!kFontFamilies.contains(font)) {
                     add(Rule::UnknownFont, element.name,
-                        translated(QT_TRANSLATE_NOOP(
-                                       "Findings", "uses font %1, which the display does not have"))
+                        ReviewText::tr("uses font %1, which the display does not have")
                             .arg(FactText::quoted(font)));
                 }
             }
@@ -269,8 +258,7 @@ std::vector<Finding> findings(const DashboardDocument& document)
              0,
              {},
              {},
-             translated(QT_TRANSLATE_NOOP(
-                 "Findings", "no usable device file: channels and page sizes are not checked"))});
+             ReviewText::tr("no usable device file: channels and page sizes are not checked")});
     }
     const QSet<QString> known = channelNames(document);
     const std::vector<pugi::xml_node> nodes = pageNodes(document);

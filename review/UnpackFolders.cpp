@@ -5,8 +5,8 @@
 #include "document/archive/AtomicFile.h"
 #include "document/archive/FolderArchive.h"
 #include "review/OtherFiles.h"
+#include "review/ReviewText.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -14,11 +14,6 @@
 #include <optional>
 
 namespace {
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("UnpackFolders", text);
-}
 
 std::optional<UnpackFolder> read(const QString& folder)
 {
@@ -55,17 +50,14 @@ std::vector<UnpackFolder> unpackFolders(const QString& temporaryFolder)
 Outcome recoverPackage(const QString& unpackFolder, const QString& packagePath)
 {
     if (!QFileInfo(unpackFolder).isDir())
-        return Outcome::failure(
-            translated(QT_TRANSLATE_NOOP("UnpackFolders", "There is no such folder")));
+        return Outcome::failure(ReviewText::tr("There is no such folder"));
     // Listed before the package exists, which may be in the same folder.
     const std::optional<QStringList> paths = allFilesBelow(unpackFolder);
     if (!paths)
-        return Outcome::failure(
-            translated(QT_TRANSLATE_NOOP("UnpackFolders", "Not all of its folders can be read")));
+        return Outcome::failure(ReviewText::tr("Not all of its folders can be read"));
     const QString overlay = DashboardPackage::findOverlayFile(unpackFolder);
     if (overlay.isEmpty())
-        return Outcome::failure(
-            translated(QT_TRANSLATE_NOOP("UnpackFolders", "There is no overlay in it")));
+        return Outcome::failure(ReviewText::tr("There is no overlay in it"));
     DashboardDocument document;
     if (!document.loadOverlay(overlay))
         return Outcome::failure(document.errorString());
@@ -73,8 +65,6 @@ Outcome recoverPackage(const QString& unpackFolder, const QString& packagePath)
         return writeFolderArchive(target, unpackFolder, *paths);
     });
     return written ? written
-                   : Outcome::failure(
-                         translated(QT_TRANSLATE_NOOP("UnpackFolders",
-                                                      "The package \"%1\" cannot be written: %2"))
-                             .arg(packagePath, written.reason()));
+                   : Outcome::failure(ReviewText::tr("The package \"%1\" cannot be written: %2")
+                                          .arg(packagePath, written.reason()));
 }
