@@ -16,6 +16,7 @@
 namespace {
 
 using Change = Difference::Change;
+using FactText::facts;
 
 /// Collects the differences of one page, or of the layout as a whole.
 class Report
@@ -66,18 +67,6 @@ QString place(std::size_t index)
 
 // --- Channels and files --------------------------------------------------------------------------
 
-QString factsOf(const ChannelDef& channel)
-{
-    return QStringLiteral("short ") + FactText::quoted(channel.shortName) +
-           QStringLiteral(" unit ") + FactText::quoted(channel.uiv) + QStringLiteral(" id ") +
-           QString::number(channel.fid);
-}
-
-QString factsOf(const PackageFile& file)
-{
-    return QString::number(file.size) + QStringLiteral(" bytes crc ") + FactText::crc(file.crc);
-}
-
 /// How the differences of a list of named things are called.
 struct ListChanges
 {
@@ -92,16 +81,16 @@ void compareLists(const Items& former, const Items& present, Member name,
 {
     const Pairing pairing =
         pairUp(namesOf(former, name), namesOf(present, name), [&](std::size_t f, std::size_t p) {
-            return former[f].*name == present[p].*name && factsOf(former[f]) == factsOf(present[p])
+            return former[f].*name == present[p].*name && facts(former[f]) == facts(present[p])
                        ? kAlike
                        : 0;
         });
     for (const std::size_t i : pairing.removed)
-        report.add(changes.removed, former[i].*name, factsOf(former[i]));
+        report.add(changes.removed, former[i].*name, facts(former[i]));
     for (const std::size_t i : pairing.added)
-        report.add(changes.added, present[i].*name, {}, factsOf(present[i]));
+        report.add(changes.added, present[i].*name, {}, facts(present[i]));
     for (const auto& [f, p] : pairing.pairs)
-        report.compare(changes.changed, present[p].*name, factsOf(former[f]), factsOf(present[p]));
+        report.compare(changes.changed, present[p].*name, facts(former[f]), facts(present[p]));
 }
 
 // --- Elements ------------------------------------------------------------------------------------
@@ -266,12 +255,6 @@ void comparePages(const DashboardDocument& former, const DashboardDocument& pres
     }
 }
 
-QString deviceText(const DashboardDocument& document)
-{
-    return FactText::quoted(document.deviceType()) + QStringLiteral(" code ") +
-           QString::number(document.deviceTypeCode());
-}
-
 } // namespace
 
 std::vector<Difference> differences(const DashboardDocument& former,
@@ -279,7 +262,7 @@ std::vector<Difference> differences(const DashboardDocument& former,
 {
     std::vector<Difference> found;
     Report report(found);
-    report.compare(Change::Device, {}, deviceText(former), deviceText(present));
+    report.compare(Change::Device, {}, FactText::device(former), FactText::device(present));
     const bool display = report.compare(
         Change::Display, {}, FactText::size(former.displayWidth(), former.displayHeight()),
         FactText::size(present.displayWidth(), present.displayHeight()));

@@ -1,6 +1,8 @@
 #include "review/FactText.h"
 
 #include "document/ColorText.h"
+#include "document/DashboardDocument.h"
+#include "review/OtherFiles.h"
 
 namespace {
 
@@ -67,4 +69,21 @@ QString FactText::style(const QString& font, int pixels, const QColor& color)
 QString FactText::crc(quint32 value)
 {
     return QStringLiteral("0x") + hex(value, 8);
+}
+
+QString FactText::device(const DashboardDocument& document)
+{
+    return quoted(document.deviceType()) + QStringLiteral(" code ") +
+           QString::number(document.deviceTypeCode());
+}
+
+QString FactText::facts(const ChannelDef& channel)
+{
+    return QStringLiteral("short ") + quoted(channel.shortName) + QStringLiteral(" unit ") +
+           quoted(channel.uiv) + QStringLiteral(" id ") + QString::number(channel.fid);
+}
+
+QString FactText::facts(const PackageFile& file)
+{
+    return QString::number(file.size) + QStringLiteral(" bytes crc ") + crc(file.crc);
 }

@@ -3,6 +3,10 @@
 #include <QColor>
 #include <QString>
 
+class DashboardDocument;
+struct ChannelDef;
+struct PackageFile;
+
 /// How facts of a layout read in one line of text. Not translated: scripts compare them.
 namespace FactText {
 
@@ -20,5 +24,12 @@ namespace FactText {
 [[nodiscard]] QString style(const QString& font, int pixels, const QColor& color);
 /// "0x00c0ffee"
 [[nodiscard]] QString crc(quint32 value);
+
+/// "\"MXS\" code 1201"
+[[nodiscard]] QString device(const DashboardDocument& document);
+/// "short \"RPM\" unit \"rpm\" id 101"
+[[nodiscard]] QString facts(const ChannelDef& channel);
+/// "4711 bytes crc 0x00c0ffee"
+[[nodiscard]] QString facts(const PackageFile& file);
 
 } // namespace FactText

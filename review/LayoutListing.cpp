@@ -15,15 +15,7 @@ QString deviceLine(const DashboardDocument& document)
 {
     if (document.deviceType().isEmpty() && document.deviceTypeCode() < 0)
         return QStringLiteral("device: none");
-    return QStringLiteral("device: ") + quoted(document.deviceType()) + QStringLiteral(" code ") +
-           QString::number(document.deviceTypeCode());
-}
-
-QString channelLine(const ChannelDef& channel)
-{
-    return QStringLiteral("channel: ") + quoted(channel.longName) + QStringLiteral(" short ") +
-           quoted(channel.shortName) + QStringLiteral(" unit ") + quoted(channel.uiv) +
-           QStringLiteral(" id ") + QString::number(channel.fid);
+    return QStringLiteral("device: ") + FactText::device(document);
 }
 
 void appendElement(const DashElement& element, QStringList& lines)
@@ -63,14 +55,12 @@ QStringList layoutListing(const DashboardDocument& document)
                       QStringLiteral("display: ") +
                           FactText::size(document.displayWidth(), document.displayHeight())};
     for (const ChannelDef& channel : document.channels())
-        lines.append(channelLine(channel));
+        lines.append(QStringLiteral("channel: ") + quoted(channel.longName) + u' ' +
+                     FactText::facts(channel));
     const std::vector<pugi::xml_node> nodes = pageNodes(document);
     for (std::size_t i = 0; i < nodes.size(); ++i)
         appendPage(document.pages()[i], nodes[i], lines);
-    for (const PackageFile& file : otherFiles(document)) {
-        lines.append(QStringLiteral("file: ") + quoted(file.path) + u' ' +
-                     QString::number(file.size) + QStringLiteral(" bytes crc ") +
-                     FactText::crc(file.crc));
-    }
+    for (const PackageFile& file : otherFiles(document))
+        lines.append(QStringLiteral("file: ") + quoted(file.path) + u' ' + FactText::facts(file));
     return lines;
 }
