@@ -2,10 +2,10 @@
 
 #include "document/OverlaySchema.h"
 
-#include <QStringBuilder>
-
 #include <algorithm>
 #include <span>
+#include <sstream>
+#include <utility>
 
 namespace Class = OverlaySchema::Class;
 namespace Key = OverlaySchema::Key;
@@ -44,26 +44,15 @@ void removeFromParts(pugi::xml_node element, const char* className, Keys keys)
     }
 }
 
-class ByteWriter : public pugi::xml_writer
+std::string textOf(const pugi::xml_document& document)
 {
-public:
-    void write(const void* data, std::size_t size) override
-    {
-        bytes.append(static_cast<const char*>(data), static_cast<qsizetype>(size));
-    }
-
-    QByteArray bytes;
-};
-
-QByteArray textOf(const pugi::xml_document& document)
-{
-    ByteWriter writer;
-    document.save(writer, "", pugi::format_raw | pugi::format_no_declaration);
-    return writer.bytes;
+    std::ostringstream text;
+    document.save(text, "", pugi::format_raw | pugi::format_no_declaration);
+    return std::move(text).str();
 }
 
 /// Of everything in the object but its objects of that class and its properties with those keys.
-QByteArray without(pugi::xml_node object, const char* className, Keys keys)
+std::string without(pugi::xml_node object, const char* className, Keys keys)
 {
     pugi::xml_document copy;
     pugi::xml_node root = copy.append_child(XmlTree::kObject);
@@ -77,7 +66,7 @@ QByteArray without(pugi::xml_node object, const char* className, Keys keys)
 
 } // namespace
 
-QByteArray OtherSettings::ofElement(pugi::xml_node element, const Reported& reported)
+std::string OtherSettings::ofElement(pugi::xml_node element, const Reported& reported)
 {
     pugi::xml_document copy;
     pugi::xml_node root = copy.append_copy(element);
@@ -94,12 +83,12 @@ QByteArray OtherSettings::ofElement(pugi::xml_node element, const Reported& repo
     return textOf(copy);
 }
 
-QByteArray OtherSettings::ofPage(pugi::xml_node page)
+std::string OtherSettings::ofPage(pugi::xml_node page)
 {
     return without(page, Class::kElement, kPage);
 }
 
-QByteArray OtherSettings::ofLayout(pugi::xml_node conf, bool displayReported)
+std::string OtherSettings::ofLayout(pugi::xml_node conf, bool displayReported)
 {
     return without(conf, Class::kPage, displayReported ? Keys(kDisplay) : Keys()) +
            without(conf.parent(), Class::kConf, {});

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QByteArray>
-
 #include <pugixml.hpp>
+
+#include <string>
 
 /// What the XML of an object says beyond what the records hold, as text to be compared. Equal
 /// settings give equal texts, however the file spaces and spells them.
@@ -17,11 +17,11 @@ struct Reported
     bool texts = false;
 };
 
-[[nodiscard]] QByteArray ofElement(pugi::xml_node element, const Reported& reported);
+[[nodiscard]] std::string ofElement(pugi::xml_node element, const Reported& reported);
 /// Without its elements.
-[[nodiscard]] QByteArray ofPage(pugi::xml_node page);
+[[nodiscard]] std::string ofPage(pugi::xml_node page);
 /// Of the configuration object and what is next to it, without pages, and without the display's
 /// size when that differs anyway.
-[[nodiscard]] QByteArray ofLayout(pugi::xml_node conf, bool displayReported);
+[[nodiscard]] std::string ofLayout(pugi::xml_node conf, bool displayReported);
 
 } // namespace OtherSettings
