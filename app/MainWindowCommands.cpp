@@ -148,11 +148,11 @@ void MainWindow::travel(int command, void (QUndoStack::*step)(), const QString& 
     const int pageCount = m_document.pageCount();
     m_canvas->cancelDrag();
     (m_undoStack->*step)();
-    if (!change || change->pageIndex() < 0 || change->pageIndex() == shownPage)
+    if (!change || change->page().index() < 0 || change->page().index() == shownPage)
         return;
     // A page that came or went is named by the text itself.
     const DashPage* const page =
-        m_document.pageCount() == pageCount ? m_document.pageAt(change->pageIndex()) : nullptr;
+        m_document.pageCount() == pageCount ? change->page().resolve() : nullptr;
     const QString what =
         page ? tr("%1 (page \"%2\")").arg(change->text(), page->name) : change->text();
     statusBar()->showMessage(message.arg(what), kConfirmationTime);

@@ -1,12 +1,9 @@
 #include "app/commands/ClearPageCommand.h"
 
-#include "app/commands/PageRef.h"
-
 ClearPageCommand::ClearPageCommand(DashboardDocument* document, int pageIndex)
-    : m_document(document),
-      m_pageIndex(pageIndex)
+    : PageCommand({document, pageIndex})
 {
-    const DashPage* const page = PageRef(document, pageIndex).resolve();
+    const DashPage* const page = m_page.resolve();
     if (!page) {
         setText(tr("Clear page"));
         return;
@@ -16,22 +13,17 @@ ClearPageCommand::ClearPageCommand(DashboardDocument* document, int pageIndex)
     setText(tr("Clear page (%1 elements)").arg(m_saved.count()));
 }
 
-ClearPageCommand::~ClearPageCommand() = default;
-
 void ClearPageCommand::undo()
 {
-    if (m_document)
-        m_saved.restore(*m_document, m_pageIndex, 0);
+    m_saved.restore(m_page, 0);
 }
 
 void ClearPageCommand::redo()
 {
-    if (!m_document)
-        return;
-    const DashPage* const page = m_document->pageAt(m_pageIndex);
+    const DashPage* const page = m_page.resolve();
     // From last to first: erasing at the end moves no other record.
     while (page && !page->elements.empty()) {
         const int last = static_cast<int>(page->elements.size()) - 1;
-        m_document->removeElement(m_pageIndex, last);
+        m_page.document()->removeElement(m_page.index(), last);
     }
 }

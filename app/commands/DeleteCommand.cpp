@@ -1,14 +1,12 @@
 #include "app/commands/DeleteCommand.h"
 
-#include "app/commands/PageRef.h"
 #include "app/commands/SingleLine.h"
 
 DeleteCommand::DeleteCommand(DashboardDocument* document, int pageIndex, int elementIndex)
-    : m_document(document),
-      m_pageIndex(pageIndex),
+    : PageCommand({document, pageIndex}),
       m_elementIndex(elementIndex)
 {
-    const DashElement* const element = PageRef(document, pageIndex).element(elementIndex);
+    const DashElement* const element = m_page.element(elementIndex);
     if (!element) {
         setText(tr("Delete element"));
         return;
@@ -18,16 +16,13 @@ DeleteCommand::DeleteCommand(DashboardDocument* document, int pageIndex, int ele
     setText(singleLine(tr("Delete %1").arg(bound ? element->channelLongName : element->name)));
 }
 
-DeleteCommand::~DeleteCommand() = default;
-
 void DeleteCommand::undo()
 {
-    if (m_document)
-        m_saved.restore(*m_document, m_pageIndex, m_elementIndex);
+    m_saved.restore(m_page, m_elementIndex);
 }
 
 void DeleteCommand::redo()
 {
-    if (m_document)
-        m_document->removeElement(m_pageIndex, m_elementIndex);
+    if (m_page.document())
+        m_page.document()->removeElement(m_page.index(), m_elementIndex);
 }

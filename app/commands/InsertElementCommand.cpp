@@ -1,6 +1,5 @@
 #include "app/commands/InsertElementCommand.h"
 
-#include "app/commands/PageRef.h"
 #include "app/commands/SingleLine.h"
 #include "document/ElementFields.h"
 
@@ -20,19 +19,12 @@ std::optional<DashElement> recordOf(const DashboardDocument* document, pugi::xml
     return std::nullopt;
 }
 
-void copyStyles(const DashElement& from, DashElement& to)
-{
-    ElementFields::copy(ElementFields::valueStyle(), from, to);
-    ElementFields::copy(ElementFields::labelStyle(), from, to);
-}
-
 } // namespace
 
 InsertElementCommand::InsertElementCommand(DashboardDocument* document, int pageIndex,
                                            const ChannelDef& channel, int x, int y, int w, int h,
                                            pugi::xml_node donor)
-    : m_document(document),
-      m_pageIndex(pageIndex),
+    : PageCommand({document, pageIndex}),
       m_channel(channel),
       m_geometry{x, y, w, h},
       m_donor(recordOf(document, donor))
@@ -41,35 +33,34 @@ InsertElementCommand::InsertElementCommand(DashboardDocument* document, int page
     setText(singleLine(tr("Insert %1").arg(channel.longName)));
 }
 
-InsertElementCommand::~InsertElementCommand() = default;
-
 void InsertElementCommand::undo()
 {
-    if (m_document)
-        m_document->removeElement(m_pageIndex, m_insertedIndex);
+    if (m_page.document())
+        m_page.document()->removeElement(m_page.index(), m_insertedIndex);
 }
 
 void InsertElementCommand::redo()
 {
-    if (!m_document)
-        return;
     if (m_inserted.isEmpty())
         insertFromDonor();
     else
-        m_inserted.restore(*m_document, m_pageIndex, m_insertedIndex);
+        m_inserted.restore(m_page, m_insertedIndex);
 }
 
 void InsertElementCommand::insertFromDonor()
 {
+    if (!m_page.document())
+        return;
     DashElement created;
-    const int index = m_document->addElementFromDonor(m_pageIndex, m_donorXml.first_child(),
-                                                      m_channel, m_geometry.x, m_geometry.y,
-                                                      m_geometry.w, m_geometry.h, created);
+    const int index = m_page.document()->addElementFromDonor(
+        m_page.index(), m_donorXml.first_child(), m_channel, m_geometry.x, m_geometry.y,
+        m_geometry.w, m_geometry.h, created);
     if (index < 0)
         return; // a later redo tries again
     if (m_donor) {
-        DashElement& element = *PageRef(m_document, m_pageIndex).element(index);
-        copyStyles(*m_donor, element);
+        DashElement& element = *m_page.element(index);
+        ElementFields::copy(ElementFields::valueStyle(), *m_donor, element);
+        ElementFields::copy(ElementFields::labelStyle(), *m_donor, element);
         created = element;
     }
     m_insertedIndex = index;

@@ -10,8 +10,7 @@
 
 /// Inserts a copy of a donor element, bound to a channel. The copy has the text styles that the
 /// donor has on the screen. The first redo makes the element; every later one restores it, with the
-/// same name and properties.
-/// The document is not owned and may be null, which makes redo and undo do nothing.
+/// same name and properties. The document is not owned and may be null.
 class InsertElementCommand : public PageCommand
 {
     Q_DECLARE_TR_FUNCTIONS(InsertElementCommand)
@@ -20,17 +19,13 @@ public:
     /// x, y, w, h are the new element's rectangle in display pixels. The donor is copied.
     InsertElementCommand(DashboardDocument* document, int pageIndex, const ChannelDef& channel,
                          int x, int y, int w, int h, pugi::xml_node donor);
-    ~InsertElementCommand() override;
 
-    [[nodiscard]] int pageIndex() const override { return m_pageIndex; }
     void undo() override;
     void redo() override;
 
 private:
     void insertFromDonor();
 
-    DashboardDocument* m_document;
-    int m_pageIndex;
     ChannelDef m_channel;
     ElementGeometry m_geometry;
     pugi::xml_document m_donorXml;

@@ -4,7 +4,7 @@
 
 MoveCommand::MoveCommand(const PageRef& page, int elementIndex, const ElementGeometry& before,
                          const ElementGeometry& after)
-    : m_page(page),
+    : PageCommand(page),
       m_elementIndex(elementIndex),
       m_before(before),
       m_after(after)
@@ -12,8 +12,6 @@ MoveCommand::MoveCommand(const PageRef& page, int elementIndex, const ElementGeo
     const DashElement* const element = page.element(elementIndex);
     setText(singleLine(tr("Move/Resize %1").arg(element ? element->name : QString())));
 }
-
-MoveCommand::~MoveCommand() = default;
 
 bool MoveCommand::moves(const DashPage* page, int elementIndex) const
 {

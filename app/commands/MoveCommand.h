@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/commands/PageCommand.h"
-#include "app/commands/PageRef.h"
 #include "document/ElementGeometry.h"
 
 #include <QCoreApplication>
@@ -17,19 +16,16 @@ public:
     /// element stands by then.
     MoveCommand(const PageRef& page, int elementIndex, const ElementGeometry& before,
                 const ElementGeometry& after);
-    ~MoveCommand() override;
 
     /// Whether this is the element that the command moves.
     [[nodiscard]] bool moves(const DashPage* page, int elementIndex) const;
 
-    [[nodiscard]] int pageIndex() const override { return m_page.index(); }
     void undo() override;
     void redo() override;
 
 private:
     void apply(const ElementGeometry& geometry) const;
 
-    PageRef m_page;
     int m_elementIndex;
     ElementGeometry m_before;
     ElementGeometry m_after;

@@ -1,11 +1,19 @@
 #pragma once
 
+#include "app/commands/PageRef.h"
+
 #include <QUndoCommand>
 
-/// A step of the undo history that changes one page of a document.
+/// A step of the undo history that changes one page. Redo and undo do nothing when the page is of
+/// a document that is null.
 class PageCommand : public QUndoCommand
 {
 public:
-    /// The page that the step changes, adds or removes; -1 when it is no page of a document.
-    [[nodiscard]] virtual int pageIndex() const = 0;
+    /// The page that the step changes, adds or removes.
+    [[nodiscard]] const PageRef& page() const { return m_page; }
+
+protected:
+    explicit PageCommand(const PageRef& page) : m_page(page) {}
+
+    PageRef m_page;
 };

@@ -15,6 +15,8 @@ public:
     }
     explicit PageRef(DashPage* page) : m_page(page) {}
 
+    /// Null for a page of no document.
+    [[nodiscard]] DashboardDocument* document() const { return m_document; }
     /// The page's index in its document, -1 for a page of no document.
     [[nodiscard]] int index() const { return m_pageIndex; }
 

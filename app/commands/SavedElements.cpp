@@ -1,6 +1,5 @@
 #include "app/commands/SavedElements.h"
 
-#include "app/commands/PageRef.h"
 #include "document/OverlaySchema.h"
 
 #include <utility>
@@ -41,27 +40,26 @@ void SavedElements::add(const DashElement& element)
     m_entries.push_back(std::move(entry));
 }
 
-void SavedElements::restore(DashboardDocument& document, int pageIndex, int firstPosition) const
+void SavedElements::restore(const PageRef& page, int firstPosition) const
 {
+    if (!page.document())
+        return;
+    pugi::xml_node node = page.document()->pageNode(page.index());
     int position = firstPosition;
     for (const Entry& entry : m_entries) {
-        if (entry.xml)
-            restoreOne(document, pageIndex, position++, entry);
+        if (!entry.xml)
+            continue;
+        // The neighbour is looked up now: a handle kept from earlier may be stale.
+        const DashElement* const previous = page.element(position - 1);
+        const pugi::xml_node place =
+            placeAfter(node, previous ? previous->node : pugi::xml_node(), entry.othersBefore);
+        pugi::xml_node restored;
+        const bool inserted = page.document()->insertElementCopy(
+            page.index(), position, entry.record, entry.xml, place, restored);
+        // Without a neighbour the document inserts before the first element; other nodes may be
+        // between that and the front of the page.
+        if (inserted && !place)
+            node.prepend_move(restored);
+        ++position;
     }
-}
-
-void SavedElements::restoreOne(DashboardDocument& document, int pageIndex, int position,
-                               const Entry& entry) const
-{
-    pugi::xml_node page = document.pageNode(pageIndex);
-    // The neighbour is looked up now: a handle kept from earlier may be stale.
-    const DashElement* const previous = PageRef(&document, pageIndex).element(position - 1);
-    const pugi::xml_node place =
-        placeAfter(page, previous ? previous->node : pugi::xml_node(), entry.othersBefore);
-    // Without a neighbour the document would put it before the first element, behind what stands
-    // between it and the front of the page.
-    pugi::xml_node restored;
-    if (document.insertElementCopy(pageIndex, position, entry.record, entry.xml, place, restored) &&
-        !place)
-        page.prepend_move(restored);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/DashboardDocument.h"
+#include "app/commands/PageRef.h"
 
 #include <pugixml.hpp>
 
@@ -16,8 +16,8 @@ public:
     void add(const DashElement& element);
 
     /// Puts the elements back, the first one at that position of the page. An element that had no
-    /// XML is left out.
-    void restore(DashboardDocument& document, int pageIndex, int firstPosition) const;
+    /// XML is left out. Does nothing without a document.
+    void restore(const PageRef& page, int firstPosition) const;
 
     [[nodiscard]] bool isEmpty() const { return m_entries.empty(); }
     [[nodiscard]] std::size_t count() const { return m_entries.size(); }
@@ -29,9 +29,6 @@ private:
         pugi::xml_node xml; // in m_xml
         int othersBefore;   // nodes other than elements between the element before this one and it
     };
-
-    void restoreOne(DashboardDocument& document, int pageIndex, int position,
-                    const Entry& entry) const;
 
     pugi::xml_document m_xml; // one for all entries: each document of the library takes 32 KiB
     std::vector<Entry> m_entries;
