@@ -17,40 +17,28 @@ enum class Part
     Whole
 };
 
-Part horizontalPart(DragMode mode)
+struct Parts
 {
-    switch (mode) {
-    case DragMode::Move:
-        return Part::Whole;
-    case DragMode::TopLeft:
-    case DragMode::Left:
-    case DragMode::BottomLeft:
-        return Part::Near;
-    case DragMode::TopRight:
-    case DragMode::Right:
-    case DragMode::BottomRight:
-        return Part::Far;
-    default:
-        return Part::None;
-    }
-}
+    Part across;
+    Part down;
+};
 
-Part verticalPart(DragMode mode)
+constexpr std::array kParts{
+    Parts{Part::None, Part::None},   // Idle
+    Parts{Part::Whole, Part::Whole}, // Move
+    Parts{Part::Near, Part::Near},   // TopLeft
+    Parts{Part::None, Part::Near},   // Top
+    Parts{Part::Far, Part::Near},    // TopRight
+    Parts{Part::Near, Part::None},   // Left
+    Parts{Part::Far, Part::None},    // Right
+    Parts{Part::Near, Part::Far},    // BottomLeft
+    Parts{Part::None, Part::Far},    // Bottom
+    Parts{Part::Far, Part::Far},     // BottomRight
+};
+
+const Parts& partsOf(DragMode mode)
 {
-    switch (mode) {
-    case DragMode::Move:
-        return Part::Whole;
-    case DragMode::TopLeft:
-    case DragMode::Top:
-    case DragMode::TopRight:
-        return Part::Near;
-    case DragMode::BottomLeft:
-    case DragMode::Bottom:
-    case DragMode::BottomRight:
-        return Part::Far;
-    default:
-        return Part::None;
-    }
+    return kParts.at(static_cast<std::size_t>(mode));
 }
 
 double centre(double position, double size, Part part)
@@ -69,34 +57,31 @@ struct Span
 
 Span dragSpan(const Span& start, Part part, qint64 delta, int pageExtent, const SnapGrid& grid)
 {
-    Span span = start;
     switch (part) {
     case Part::Whole:
-        span.position = grid.snap(clampToRange(start.position + delta, pageExtent - start.size));
-        break;
+        return {grid.snap(clampToRange(start.position + delta, pageExtent - start.size)),
+                start.size};
     case Part::Near: {
         const qint64 end = start.position + start.size;
-        span.position = grid.snap(clampToRange(start.position + delta, end - kMinimumSize));
-        span.size = end - span.position;
-        break;
+        const qint64 position = grid.snap(clampToRange(start.position + delta, end - kMinimumSize));
+        return {position, end - position};
     }
-    case Part::Far:
-        span.size = grid.snap(std::max<qint64>(start.size + delta, kMinimumSize));
-        if (span.position + span.size > pageExtent)
-            span.size = pageExtent - span.position;
-        break;
+    case Part::Far: {
+        const qint64 size = grid.snap(std::max<qint64>(start.size + delta, kMinimumSize));
+        return {start.position, std::min(size, pageExtent - start.position)};
+    }
     case Part::None:
         break;
     }
-    return span;
+    return start;
 }
 
 } // namespace
 
 QPointF handlePoint(const QRectF& rect, DragMode handle)
 {
-    return {centre(rect.x(), rect.width(), horizontalPart(handle)),
-            centre(rect.y(), rect.height(), verticalPart(handle))};
+    return {centre(rect.x(), rect.width(), partsOf(handle).across),
+            centre(rect.y(), rect.height(), partsOf(handle).down)};
 }
 
 QRectF handleSquare(const QRectF& rect, DragMode handle, int side)
@@ -124,9 +109,9 @@ ElementGeometry applyDrag(DragMode mode, const ElementGeometry& start,
                           const SnapGrid& grid)
 {
     const Span across =
-        dragSpan({start.x, start.w}, horizontalPart(mode), distance.dx, page.width(), grid);
+        dragSpan({start.x, start.w}, partsOf(mode).across, distance.dx, page.width(), grid);
     const Span down =
-        dragSpan({start.y, start.h}, verticalPart(mode), distance.dy, page.height(), grid);
+        dragSpan({start.y, start.h}, partsOf(mode).down, distance.dy, page.height(), grid);
     return {Saturate::toInt(across.position), Saturate::toInt(down.position),
             Saturate::toInt(across.size), Saturate::toInt(down.size)};
 }
