@@ -23,6 +23,13 @@ Widget* named(const QString& name, Widget* widget)
     return widget;
 }
 
+QFormLayout* addGroup(QLayout* panel, const QString& title)
+{
+    auto* const group = new QGroupBox(title);
+    panel->addWidget(group);
+    return new QFormLayout(group);
+}
+
 QLabel* readOnlyRow(QFormLayout* form, const QString& title, const QString& name)
 {
     auto* const label = named(name, new QLabel);
@@ -68,9 +75,16 @@ PropertyPanel::PropertyPanel(QWidget* parent) : QWidget(parent)
 {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);
-    layout->addWidget(createElementGroup());
-    layout->addWidget(createPositionGroup());
-    layout->addWidget(createSizeGroup());
+    QFormLayout* const element = addGroup(layout, tr("Element"));
+    m_idLabel = readOnlyRow(element, tr("ID:"), QStringLiteral("idLabel"));
+    m_channelLabel = readOnlyRow(element, tr("Channel:"), QStringLiteral("channelLabel"));
+    m_typeLabel = readOnlyRow(element, tr("Type:"), QStringLiteral("typeLabel"));
+    QFormLayout* const position = addGroup(layout, tr("Position"));
+    m_xSpin = pixelRow(position, tr("X:"), QStringLiteral("xSpin"));
+    m_ySpin = pixelRow(position, tr("Y:"), QStringLiteral("ySpin"));
+    QFormLayout* const size = addGroup(layout, tr("Size"));
+    m_widthSpin = pixelRow(size, tr("Width:"), QStringLiteral("widthSpin"));
+    m_heightSpin = pixelRow(size, tr("Height:"), QStringLiteral("heightSpin"));
     m_value = new StyleEditor(tr("Value Font"), QStringLiteral("value"));
     layout->addWidget(m_value);
     m_label = named(QStringLiteral("labelGroup"),
@@ -82,34 +96,6 @@ PropertyPanel::PropertyPanel(QWidget* parent) : QWidget(parent)
     setPageSize(defaultPage.width, defaultPage.height);
     connectEditors();
     clear();
-}
-
-QGroupBox* PropertyPanel::createElementGroup()
-{
-    auto* const group = new QGroupBox(tr("Element"));
-    auto* const form = new QFormLayout(group);
-    m_idLabel = readOnlyRow(form, tr("ID:"), QStringLiteral("idLabel"));
-    m_channelLabel = readOnlyRow(form, tr("Channel:"), QStringLiteral("channelLabel"));
-    m_typeLabel = readOnlyRow(form, tr("Type:"), QStringLiteral("typeLabel"));
-    return group;
-}
-
-QGroupBox* PropertyPanel::createPositionGroup()
-{
-    auto* const group = new QGroupBox(tr("Position"));
-    auto* const form = new QFormLayout(group);
-    m_xSpin = pixelRow(form, tr("X:"), QStringLiteral("xSpin"));
-    m_ySpin = pixelRow(form, tr("Y:"), QStringLiteral("ySpin"));
-    return group;
-}
-
-QGroupBox* PropertyPanel::createSizeGroup()
-{
-    auto* const group = new QGroupBox(tr("Size"));
-    auto* const form = new QFormLayout(group);
-    m_widthSpin = pixelRow(form, tr("Width:"), QStringLiteral("widthSpin"));
-    m_heightSpin = pixelRow(form, tr("Height:"), QStringLiteral("heightSpin"));
-    return group;
 }
 
 void PropertyPanel::connectEditors()

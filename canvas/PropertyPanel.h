@@ -4,7 +4,6 @@
 
 #include <QWidget>
 
-class QGroupBox;
 class QLabel;
 class QSpinBox;
 class StyleEditor;
@@ -48,9 +47,6 @@ Q_SIGNALS:
     void fontChanged();
 
 private:
-    [[nodiscard]] QGroupBox* createElementGroup();
-    [[nodiscard]] QGroupBox* createPositionGroup();
-    [[nodiscard]] QGroupBox* createSizeGroup();
     void connectEditors();
     void setGeometryEnabled(bool enabled);
     void pickColor(QColor DashElement::*color, StyleEditor& editor, const QString& title);
