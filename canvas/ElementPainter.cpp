@@ -71,24 +71,16 @@ ElementPainter::ElementPainter(QPainter& painter, const PageTransform& transform
 void ElementPainter::draw(const DashElement& element, bool selected) const
 {
     const QRectF rect = m_transform.map(geometryOf(element));
-    drawBox(drawable(rect), element, selected);
-    if (m_live.session && m_live.session->isLoaded() && !element.channelLongName.isEmpty())
-        drawLive(rect, element);
-    else
-        drawPlaceholder(rect, element);
-}
-
-void ElementPainter::drawBox(const QRectF& rect, const DashElement& element, bool selected) const
-{
-    m_painter.fillRect(rect, tint(element.kind));
+    const QRectF box = drawable(rect);
+    m_painter.fillRect(box, tint(element.kind));
     m_painter.setPen(outline(element, selected));
-    m_painter.drawRect(rect);
-}
-
-void ElementPainter::drawLive(const QRectF& rect, const DashElement& element) const
-{
-    drawValue(rect, element);
-    drawCaption(rect, element.channelLongName);
+    m_painter.drawRect(box);
+    if (m_live.session && m_live.session->isLoaded() && !element.channelLongName.isEmpty()) {
+        drawValue(rect, element);
+        drawCaption(rect, element.channelLongName);
+    } else {
+        drawPlaceholder(rect, element);
+    }
 }
 
 QString ElementPainter::liveText(const QString& channel) const

@@ -29,8 +29,6 @@ public:
     void draw(const DashElement& element, bool selected) const;
 
 private:
-    void drawBox(const QRectF& rect, const DashElement& element, bool selected) const;
-    void drawLive(const QRectF& rect, const DashElement& element) const;
     void drawValue(const QRectF& rect, const DashElement& element) const;
     void drawCaption(const QRectF& rect, const QString& channel) const;
     void drawPlaceholder(const QRectF& rect, const DashElement& element) const;
