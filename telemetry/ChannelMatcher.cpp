@@ -1,6 +1,5 @@
 #include "telemetry/ChannelMatcher.h"
 
-#include "telemetry/NameForms.h"
 #include "telemetry/RecordedNames.h"
 
 namespace {
@@ -54,7 +53,7 @@ int score(const QStringList& wanted, const QStringList& recorded)
 
 QString bestByWords(const QString& wanted, const RecordedNames& recorded)
 {
-    const QStringList wantedWords = NameForms::words(wanted);
+    const QStringList wantedWords = RecordedNames::wordsOf(wanted);
     int best = 0;
     QString bestName;
     for (const RecordedNames::Entry& entry : recorded.entries()) {

@@ -1,6 +1,14 @@
 #include "telemetry/RecordedNames.h"
 
-#include "telemetry/NameForms.h"
+namespace {
+
+/// Lower case, without '_' and blanks.
+QString compacted(const QString& name)
+{
+    return QString(name).remove(u'_').remove(u' ').toLower();
+}
+
+} // namespace
 
 RecordedNames::RecordedNames(const QStringList& names)
 {
@@ -10,20 +18,26 @@ RecordedNames::RecordedNames(const QStringList& names)
     };
     m_entries.reserve(static_cast<std::size_t>(names.size()));
     for (const QString& name : names) {
-        insertFirst(m_byCase, NameForms::lowered(name));
-        insertFirst(m_bySpelling, NameForms::compacted(name));
-        m_entries.push_back({name, NameForms::words(name)});
+        insertFirst(m_byCase, name.toLower());
+        insertFirst(m_bySpelling, compacted(name));
+        m_entries.push_back({name, wordsOf(name)});
     }
+}
+
+QStringList RecordedNames::wordsOf(const QString& name)
+{
+    QString compared = name.left(kLongestComparedByWords).toLower();
+    return compared.replace(u'_', u' ').split(u' ', Qt::SkipEmptyParts);
 }
 
 const RecordedNames::Entry* RecordedNames::equalButForCase(const QString& name) const
 {
-    return find(m_byCase, NameForms::lowered(name));
+    return find(m_byCase, name.toLower());
 }
 
 const RecordedNames::Entry* RecordedNames::equalButForSpelling(const QString& name) const
 {
-    return find(m_bySpelling, NameForms::compacted(name));
+    return find(m_bySpelling, compacted(name));
 }
 
 const RecordedNames::Entry* RecordedNames::find(const Index& index, const QString& key) const

@@ -10,15 +10,24 @@
 class RecordedNames
 {
 public:
+    /// Names are compared word by word only up to here, in characters. Real names are far shorter.
+    /// Each word of one name is searched for in all of the other, so megabytes of words in a
+    /// damaged layout or recording would block the program.
+    static constexpr qsizetype kLongestComparedByWords = 200;
+
     struct Entry
     {
-        QString name; ///< as recorded
-        QStringList words;
+        QString name;      ///< as recorded
+        QStringList words; ///< see wordsOf
     };
 
     RecordedNames() = default;
     /// Where names tie in a match, the earlier one wins.
     explicit RecordedNames(const QStringList& names);
+
+    /// The words within the first kLongestComparedByWords characters, in lower case. '_' and blanks
+    /// separate them.
+    [[nodiscard]] static QStringList wordsOf(const QString& name);
 
     /// In the given order.
     [[nodiscard]] const std::vector<Entry>& entries() const { return m_entries; }
