@@ -28,6 +28,11 @@ ReplayClock::ReplayClock(QObject* parent) : QObject(parent), m_timer(new QTimer(
     connect(m_timer, &QTimer::timeout, this, &ReplayClock::tick);
 }
 
+bool ReplayClock::isPlaying() const
+{
+    return m_timer->isActive();
+}
+
 double ReplayClock::seconds() const
 {
     return static_cast<double>(m_position) / kTicksPerSecond;
@@ -60,9 +65,9 @@ void ReplayClock::rewind()
 
 void ReplayClock::togglePlaying()
 {
-    if (!m_playing && m_position >= m_maximum)
+    if (!isPlaying() && m_position >= m_maximum)
         setPosition(0);
-    setPlaying(!m_playing);
+    setPlaying(!isPlaying());
 }
 
 void ReplayClock::tick()
@@ -76,12 +81,11 @@ void ReplayClock::tick()
 
 void ReplayClock::setPlaying(bool playing)
 {
+    if (playing == isPlaying())
+        return;
     if (playing)
         m_timer->start();
     else
         m_timer->stop();
-    if (playing == m_playing)
-        return;
-    m_playing = playing;
     Q_EMIT playingChanged(playing);
 }

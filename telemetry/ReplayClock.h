@@ -23,7 +23,7 @@ public:
     [[nodiscard]] int position() const { return m_position; }
     [[nodiscard]] int maximum() const { return m_maximum; }
     [[nodiscard]] int rate() const { return m_rate; }
-    [[nodiscard]] bool isPlaying() const { return m_playing; }
+    [[nodiscard]] bool isPlaying() const;
     /// The position in seconds.
     [[nodiscard]] double seconds() const;
 
@@ -53,5 +53,4 @@ private:
     int m_position = 0;
     int m_maximum = 0;
     int m_rate = 0;
-    bool m_playing = false;
 };

@@ -26,24 +26,22 @@ bool TelemetrySession::load(const QString& filePath, const QString& libraryPath)
     }
     if (m_library->open_file != nullptr)
         m_fileIndex = m_library->open_file(filePath.toUtf8().constData());
-    if (m_fileIndex < 0) {
+    if (!isLoaded()) {
         m_error = refusal(filePath);
         return false;
     }
     m_recording = readRecording(*m_library, m_fileIndex);
     m_names = RecordedNames(channelNames());
-    m_loaded = true;
     return true;
 }
 
 void TelemetrySession::clear()
 {
-    if (m_fileIndex >= 0 && m_library->close_file_i != nullptr)
+    if (isLoaded() && m_library->close_file_i != nullptr)
         m_library->close_file_i(m_fileIndex);
     m_matchCache.clear();
     m_names = {};
     m_recording = {};
-    m_loaded = false;
     m_error.clear();
     m_fileIndex = -1;
     m_library.reset();
@@ -86,7 +84,7 @@ double TelemetrySession::value(const QString& name, double seconds) const
 /// Matches on the first query of a name and traces that match; afterwards it is a lookup.
 const TelemetryChannel* TelemetrySession::matched(const QString& name) const
 {
-    if (!m_loaded || name.isEmpty())
+    if (!isLoaded() || name.isEmpty())
         return nullptr;
     const auto cached = m_matchCache.find(name);
     if (cached != m_matchCache.end())

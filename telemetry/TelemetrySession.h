@@ -38,7 +38,7 @@ public:
     /// Closes the file, forgets everything and unloads the library.
     void clear();
 
-    [[nodiscard]] bool isLoaded() const { return m_loaded; }
+    [[nodiscard]] bool isLoaded() const { return m_fileIndex >= 0; }
     /// Length of the replay in seconds; 0 when empty. Infinite when the recording says so.
     [[nodiscard]] double duration() const { return m_recording.duration; }
     /// The channels by lower-case name. Valid until the next load or clear.
@@ -65,8 +65,7 @@ private:
     RecordedNames m_names;
     // By layout name, verbatim; null where nothing matches.
     mutable std::map<QString, const TelemetryChannel*> m_matchCache;
-    bool m_loaded = false;
     QString m_error;
     std::unique_ptr<XrkLibrary> m_library;
-    int m_fileIndex = -1;
+    int m_fileIndex = -1; // the library's number of the open file
 };
