@@ -1,39 +1,30 @@
 #include "app/ReplayText.h"
 
+#include "canvas/Saturate.h"
 #include "telemetry/ReplayClock.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
 constexpr int kSecondsPerMinute = 60;
 constexpr qsizetype kNamedChannels = 30; // as many as a tool tip has room for
 
-/// Converts to int without leaving its range; not-a-number counts as 0.
+/// Truncated to whole numbers that are not negative.
 int truncated(double value)
 {
-    constexpr int kLargest = std::numeric_limits<int>::max();
-    if (!(value > 0.0))
-        return 0;
-    return value < kLargest ? static_cast<int>(value) : kLargest;
+    return std::max(Saturate::truncate(value), 0);
 }
 
-QString twoDigits(int number)
+/// "mm:ss"; minutes take as many digits as they need.
+QString minutesAndSeconds(int seconds)
 {
-    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
-}
-
-QString minutesOf(double duration)
-{
-    return twoDigits(truncated(duration) / kSecondsPerMinute);
-}
-
-QString secondsOf(double duration)
-{
-    return twoDigits(truncated(duration) % kSecondsPerMinute);
+    constexpr QLatin1Char kZero('0');
+    return QStringLiteral("%1:%2")
+        .arg(seconds / kSecondsPerMinute, 2, 10, kZero)
+        .arg(seconds % kSecondsPerMinute, 2, 10, kZero);
 }
 
 } // namespace
@@ -45,17 +36,14 @@ int ReplayText::lastPosition(double seconds)
 
 QString ReplayText::timeText(int position)
 {
-    const int seconds = position / ReplayClock::kTicksPerSecond;
-    return QStringLiteral("%1:%2.%3")
-        .arg(twoDigits(seconds / kSecondsPerMinute), twoDigits(seconds % kSecondsPerMinute),
-             QString::number(position % ReplayClock::kTicksPerSecond));
+    return minutesAndSeconds(position / ReplayClock::kTicksPerSecond) + u'.' +
+           QString::number(position % ReplayClock::kTicksPerSecond);
 }
 
 QString ReplayText::loadedText(const QString& fileName, qsizetype channelCount, double duration)
 {
-    return QCoreApplication::translate("ReplayText",
-                                       "Loaded XRK: %1 | %2 channels | Duration: %3:%4")
-        .arg(fileName, QString::number(channelCount), minutesOf(duration), secondsOf(duration));
+    return QCoreApplication::translate("ReplayText", "Loaded XRK: %1 | %2 channels | Duration: %3")
+        .arg(fileName, QString::number(channelCount), minutesAndSeconds(truncated(duration)));
 }
 
 QString ReplayText::recordingTip(const QString& fileName, const QStringList& channels,
@@ -65,7 +53,7 @@ QString ReplayText::recordingTip(const QString& fileName, const QStringList& cha
     if (named.size() < channels.size())
         named << QStringLiteral("...");
     return QCoreApplication::translate("ReplayText",
-                                       "%1 | %2 channels | Duration: %3:%4 | Channels: %5")
-        .arg(fileName, QString::number(channels.size()), minutesOf(duration), secondsOf(duration),
+                                       "%1 | %2 channels | Duration: %3 | Channels: %4")
+        .arg(fileName, QString::number(channels.size()), minutesAndSeconds(truncated(duration)),
              named.join(QStringLiteral(", ")));
 }
