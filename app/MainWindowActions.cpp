@@ -14,17 +14,16 @@
 #include <QToolBar>
 #include <QUndoStack>
 
-#include <array>
 #include <utility>
 
 namespace {
 
 constexpr int kSpeedComboWidth = 65;
 
-/// The keys of an action: those that the platform has for a standard command, or one combination.
+/// The keys of an action: those that the platform has for a standard command (none for an unknown
+/// one), or one combination.
 struct Keys
 {
-    constexpr Keys() = default;
     constexpr Keys(QKeySequence::StandardKey key) : standard(key) {}
     constexpr Keys(QKeyCombination keys) : combination(keys) {}
 
@@ -104,83 +103,61 @@ struct ActionRow
     History history = History::None;
 };
 
-constexpr std::array kMenus{
-    MenuRow{"fileMenu", QT_TRANSLATE_NOOP("MainWindow", "&File"), MenuGroup::Files,
-            MenuGroup::Exit},
-    MenuRow{"editMenu", QT_TRANSLATE_NOOP("MainWindow", "&Edit"), MenuGroup::History,
-            MenuGroup::Pages},
-    MenuRow{"helpMenu", QT_TRANSLATE_NOOP("MainWindow", "&Help"), MenuGroup::Help, MenuGroup::Help},
+constexpr MenuRow kMenus[] = {
+    {"fileMenu", QT_TRANSLATE_NOOP("MainWindow", "&File"), MenuGroup::Files, MenuGroup::Exit},
+    {"editMenu", QT_TRANSLATE_NOOP("MainWindow", "&Edit"), MenuGroup::History, MenuGroup::Pages},
+    {"helpMenu", QT_TRANSLATE_NOOP("MainWindow", "&Help"), MenuGroup::Help, MenuGroup::Help},
 };
 
-constexpr std::array kActions{
-    ActionRow{MenuGroup::Files,
-              "openAction",
-              QT_TRANSLATE_NOOP("MainWindow", "&Open..."),
-              {QKeySequence::Open},
-              call<&MainWindow::openDashboard>,
-              {ToolGroup::Files, "toolbarOpenAction", QT_TRANSLATE_NOOP("MainWindow", "Open")}},
-    ActionRow{MenuGroup::Files,
-              "saveAction",
-              QT_TRANSLATE_NOOP("MainWindow", "&Save"),
-              {QKeySequence::Save},
-              call<&MainWindow::saveDashboard>,
-              {ToolGroup::Files, "toolbarSaveAction", QT_TRANSLATE_NOOP("MainWindow", "Save")}},
-    ActionRow{MenuGroup::Files,
-              "saveAsAction",
-              QT_TRANSLATE_NOOP("MainWindow", "Save &As..."),
-              {Qt::CTRL | Qt::SHIFT | Qt::Key_S},
-              call<&MainWindow::saveDashboardAs>},
-    ActionRow{MenuGroup::Recording,
-              "loadTelemetryAction",
-              QT_TRANSLATE_NOOP("MainWindow", "Load &XRK Data..."),
-              {},
-              call<&MainWindow::loadTelemetry>,
-              {ToolGroup::Recording, "toolbarLoadTelemetryAction",
-               QT_TRANSLATE_NOOP("MainWindow", "Load XRK")}},
-    ActionRow{MenuGroup::Exit,
-              "exitAction",
-              QT_TRANSLATE_NOOP("MainWindow", "E&xit"),
-              {},
-              call<&MainWindow::close>},
-    ActionRow{MenuGroup::History,
-              "undoAction",
-              QT_TRANSLATE_NOOP("MainWindow", "&Undo"),
-              {QKeySequence::Undo},
-              call<&MainWindow::undo>,
-              {ToolGroup::History, "toolbarUndoAction", QT_TRANSLATE_NOOP("MainWindow", "Undo")},
-              History::Undo},
-    ActionRow{MenuGroup::History,
-              "redoAction",
-              QT_TRANSLATE_NOOP("MainWindow", "&Redo"),
-              {QKeySequence::Redo},
-              call<&MainWindow::redo>,
-              {ToolGroup::History, "toolbarRedoAction", QT_TRANSLATE_NOOP("MainWindow", "Redo")},
-              History::Redo},
-    ActionRow{MenuGroup::Elements,
-              "insertElementAction",
-              QT_TRANSLATE_NOOP("MainWindow", "&Insert Element..."),
-              {Qt::CTRL | Qt::Key_I},
-              call<&MainWindow::insertElement>},
-    ActionRow{MenuGroup::Elements,
-              "deleteElementAction",
-              QT_TRANSLATE_NOOP("MainWindow", "&Delete Element"),
-              {QKeySequence::Delete},
-              call<&MainWindow::deleteSelectedElement>},
-    ActionRow{MenuGroup::Pages,
-              "clearPageAction",
-              QT_TRANSLATE_NOOP("MainWindow", "&Clear Page"),
-              {},
-              call<&MainWindow::clearPage>},
-    ActionRow{MenuGroup::Pages,
-              "newPageAction",
-              QT_TRANSLATE_NOOP("MainWindow", "&New Page"),
-              {Qt::CTRL | Qt::SHIFT | Qt::Key_N},
-              call<&MainWindow::newPage>},
-    ActionRow{MenuGroup::Help,
-              "aboutAction",
-              QT_TRANSLATE_NOOP("MainWindow", "&About Gaugewright..."),
-              {},
-              call<&MainWindow::showAbout>},
+constexpr ActionRow kActions[] = {
+    {MenuGroup::Files,
+     "openAction",
+     QT_TRANSLATE_NOOP("MainWindow", "&Open..."),
+     QKeySequence::Open,
+     call<&MainWindow::openDashboard>,
+     {ToolGroup::Files, "toolbarOpenAction", QT_TRANSLATE_NOOP("MainWindow", "Open")}},
+    {MenuGroup::Files,
+     "saveAction",
+     QT_TRANSLATE_NOOP("MainWindow", "&Save"),
+     QKeySequence::Save,
+     call<&MainWindow::saveDashboard>,
+     {ToolGroup::Files, "toolbarSaveAction", QT_TRANSLATE_NOOP("MainWindow", "Save")}},
+    {MenuGroup::Files, "saveAsAction", QT_TRANSLATE_NOOP("MainWindow", "Save &As..."),
+     Qt::CTRL | Qt::SHIFT | Qt::Key_S, call<&MainWindow::saveDashboardAs>},
+    {MenuGroup::Recording,
+     "loadTelemetryAction",
+     QT_TRANSLATE_NOOP("MainWindow", "Load &XRK Data..."),
+     QKeySequence::UnknownKey,
+     call<&MainWindow::loadTelemetry>,
+     {ToolGroup::Recording, "toolbarLoadTelemetryAction",
+      QT_TRANSLATE_NOOP("MainWindow", "Load XRK")}},
+    {MenuGroup::Exit, "exitAction", QT_TRANSLATE_NOOP("MainWindow", "E&xit"),
+     QKeySequence::UnknownKey, call<&MainWindow::close>},
+    {MenuGroup::History,
+     "undoAction",
+     QT_TRANSLATE_NOOP("MainWindow", "&Undo"),
+     QKeySequence::Undo,
+     call<&MainWindow::undo>,
+     {ToolGroup::History, "toolbarUndoAction", QT_TRANSLATE_NOOP("MainWindow", "Undo")},
+     History::Undo},
+    {MenuGroup::History,
+     "redoAction",
+     QT_TRANSLATE_NOOP("MainWindow", "&Redo"),
+     QKeySequence::Redo,
+     call<&MainWindow::redo>,
+     {ToolGroup::History, "toolbarRedoAction", QT_TRANSLATE_NOOP("MainWindow", "Redo")},
+     History::Redo},
+    {MenuGroup::Elements, "insertElementAction",
+     QT_TRANSLATE_NOOP("MainWindow", "&Insert Element..."), Qt::CTRL | Qt::Key_I,
+     call<&MainWindow::insertElement>},
+    {MenuGroup::Elements, "deleteElementAction", QT_TRANSLATE_NOOP("MainWindow", "&Delete Element"),
+     QKeySequence::Delete, call<&MainWindow::deleteSelectedElement>},
+    {MenuGroup::Pages, "clearPageAction", QT_TRANSLATE_NOOP("MainWindow", "&Clear Page"),
+     QKeySequence::UnknownKey, call<&MainWindow::clearPage>},
+    {MenuGroup::Pages, "newPageAction", QT_TRANSLATE_NOOP("MainWindow", "&New Page"),
+     Qt::CTRL | Qt::SHIFT | Qt::Key_N, call<&MainWindow::newPage>},
+    {MenuGroup::Help, "aboutAction", QT_TRANSLATE_NOOP("MainWindow", "&About Gaugewright..."),
+     QKeySequence::UnknownKey, call<&MainWindow::showAbout>},
 };
 
 /// "&" would mark the key of the next letter, and a menu shows what follows a tab among the
