@@ -4,7 +4,6 @@
 #include "cli/RecordingFile.h"
 #include "cli/Workspace.h"
 #include "document/DashboardDocument.h"
-#include "review/ChannelCoverage.h"
 #include "review/FactText.h"
 #include "review/Findings.h"
 #include "telemetry/TelemetrySession.h"

@@ -1,7 +1,8 @@
-#include "review/ChannelCoverage.h"
+// Findings about what a recording shows on a layout.
 
 #include "document/DashboardDocument.h"
 #include "review/FactText.h"
+#include "review/Findings.h"
 #include "review/ReviewText.h"
 #include "telemetry/ChannelMatcher.h"
 #include "telemetry/RecordedNames.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -52,3 +53,9 @@ enum class Severity
 /// The findings that need no recording, page by page. On a page with more than 1,000 elements that
 /// nothing covers, some covered ones go unreported: finding all would take minutes.
 [[nodiscard]] std::vector<Finding> findings(const DashboardDocument& document);
+
+/// What a recording shows on a layout: for every layout channel, at the first element bound to it,
+/// either the recorded channel it matches and the rule that found it, or that nothing does.
+/// @param recorded names as a session gives them, sorted by their lower-case form
+[[nodiscard]] std::vector<Finding> channelCoverage(const DashboardDocument& document,
+                                                   const QStringList& recorded);

@@ -1,5 +1,4 @@
-#include "review/ChannelCoverage.h"
-
+#include "review/Findings.h"
 #include "tests/review/OpenedLayout.h"
 
 using namespace Qt::StringLiterals;
