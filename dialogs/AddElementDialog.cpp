@@ -88,31 +88,21 @@ void AddElementDialog::createWidgets()
 
 void AddElementDialog::createLayout()
 {
+    auto* const types = new QVBoxLayout;
+    types->addWidget(new QLabel(tr("<b>Type</b>")), 0);
+    types->addWidget(m_typeList, 1);
+    auto* const channels = new QVBoxLayout;
+    channels->addWidget(new QLabel(tr("<b>Channel</b>")), 0);
+    channels->addWidget(m_filterEdit, 0);
+    channels->addWidget(m_channelList, 1);
     auto* const columns = new QHBoxLayout;
-    columns->addLayout(createTypeColumn(), kTypeStretch);
-    columns->addLayout(createChannelColumn(), kChannelStretch);
+    columns->addLayout(types, kTypeStretch);
+    columns->addLayout(channels, kChannelStretch);
 
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(columns);
     layout->addWidget(m_summaryLabel);
     layout->addWidget(m_buttonBox);
-}
-
-QLayout* AddElementDialog::createTypeColumn()
-{
-    auto* const column = new QVBoxLayout;
-    column->addWidget(new QLabel(tr("<b>Type</b>")), 0);
-    column->addWidget(m_typeList, 1);
-    return column;
-}
-
-QLayout* AddElementDialog::createChannelColumn()
-{
-    auto* const column = new QVBoxLayout;
-    column->addWidget(new QLabel(tr("<b>Channel</b>")), 0);
-    column->addWidget(m_filterEdit, 0);
-    column->addWidget(m_channelList, 1);
-    return column;
 }
 
 void AddElementDialog::connectWidgets()

@@ -11,7 +11,6 @@
 class DashboardDocument;
 class QDialogButtonBox;
 class QLabel;
-class QLayout;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
@@ -46,8 +45,6 @@ private Q_SLOTS:
 private:
     void createWidgets();
     void createLayout();
-    QLayout* createTypeColumn();
-    QLayout* createChannelColumn();
     void connectWidgets();
     void fillTypes();
     void fillChannels(const QString& filter);
