@@ -10,7 +10,9 @@
 #include "review/ReviewText.h"
 
 #include <QFileInfo>
+#include <QHash>
 #include <QImageReader>
+#include <QRectF>
 #include <QSet>
 
 #include <algorithm>
@@ -48,34 +50,11 @@ const RuleEntry& entryOf(Rule rule)
                          [rule](const RuleEntry& entry) { return entry.rule == rule; });
 }
 
-/// An element's rectangle in coordinates that cannot overflow.
-struct Box
+/// In coordinates that cannot overflow.
+QRectF boxOf(const DashElement& element)
 {
-    explicit Box(const DashElement& element)
-        : left(element.x),
-          top(element.y),
-          right(left + element.w),
-          bottom(top + element.h)
-    {
-    }
-    Box(qint64 width, qint64 height) : right(width), bottom(height) {}
-
-    [[nodiscard]] bool hasArea() const { return right > left && bottom > top; }
-    [[nodiscard]] bool holds(const Box& other) const
-    {
-        return left <= other.left && top <= other.top && right >= other.right &&
-               bottom >= other.bottom;
-    }
-    [[nodiscard]] bool meets(const Box& other) const
-    {
-        return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
-    }
-
-    qint64 left = 0;
-    qint64 top = 0;
-    qint64 right = 0;
-    qint64 bottom = 0;
-};
+    return QRectF(element.x, element.y, element.w, element.h);
+}
 
 /// Looks at one page.
 class PageCheck
@@ -114,16 +93,16 @@ public:
 
     void checkRectangles()
     {
-        const Box page(m_page.width, m_page.height);
+        const QRectF page(0, 0, std::max(m_page.width, 0), std::max(m_page.height, 0));
         for (const DashElement& element : m_page.elements) {
-            const Box box(element);
-            if (!box.hasArea()) {
+            const QRectF box = boxOf(element);
+            if (box.isEmpty()) {
                 add(Rule::NoArea, element.name,
                     ReviewText::tr("has no area: %1").arg(FactText::size(element.w, element.h)));
-            } else if (!page.holds(box)) {
+            } else if (!page.contains(box)) {
                 add(Rule::OutsidePage, element.name,
-                    page.meets(box) ? ReviewText::tr("reaches beyond its page")
-                                    : ReviewText::tr("is outside its page"));
+                    page.intersects(box) ? ReviewText::tr("reaches beyond its page")
+                                         : ReviewText::tr("is outside its page"));
             }
         }
     }
@@ -136,12 +115,13 @@ public:
         std::vector<std::size_t> uncovered; // what a covered one covers, its cover covers too
         std::vector<Finding> reversed;
         for (std::size_t i = elements.size(); i-- > 0;) {
-            const Box box(elements[i]);
-            if (!box.hasArea())
+            const QRectF box = boxOf(elements[i]);
+            if (box.isEmpty())
                 continue;
             const auto cover =
-                std::find_if(uncovered.begin(), uncovered.end(),
-                             [&](std::size_t later) { return Box(elements[later]).holds(box); });
+                std::find_if(uncovered.begin(), uncovered.end(), [&](std::size_t later) {
+                    return boxOf(elements[later]).contains(box);
+                });
             if (cover != uncovered.end()) {
                 reversed.push_back(finding(Rule::Covered, elements[i].name,
                                            ReviewText::tr("is covered by element %1")
@@ -155,13 +135,9 @@ public:
 
     void checkNames()
     {
-        QSet<QString> names;
-        QSet<QString> reported;
+        QHash<QString, int> uses;
         for (const DashElement& element : m_page.elements) {
-            if (element.name.isEmpty() || !names.contains(element.name)) {
-                names.insert(element.name);
-            } else if (!reported.contains(element.name)) {
-                reported.insert(element.name);
+            if (!element.name.isEmpty() && ++uses[element.name] == 2) {
                 add(Rule::DuplicateName, element.name,
                     ReviewText::tr("shares its name with another"));
             }
