@@ -85,9 +85,8 @@ QString Arguments::fault() const
 
 ExitStatus Arguments::refuse(Console& console, const QString& reason) const
 {
-    console.fail(m_command,
-                 CliText::tr("%1 (see gaugewright-cli %2 --help)").arg(reason, m_command));
-    return ExitStatus::Trouble;
+    return console.fail(m_command,
+                        CliText::tr("%1 (see gaugewright-cli %2 --help)").arg(reason, m_command));
 }
 
 std::optional<double> Arguments::number(const QString& option, double fallback) const

@@ -77,7 +77,7 @@ ExitStatus CommandLine::run(const QStringList& arguments, Console& console)
                       QString::fromLatin1(kGaugewrightVersion));
         return ExitStatus::Clean;
     }
-    console.fail(arguments.isEmpty() ? CliText::tr("the subcommand is missing") : arguments.at(0),
-                 CliText::tr("See gaugewright-cli --help for the subcommands"));
-    return ExitStatus::Trouble;
+    return console.fail(arguments.isEmpty() ? CliText::tr("the subcommand is missing")
+                                            : arguments.at(0),
+                        CliText::tr("See gaugewright-cli --help for the subcommands"));
 }

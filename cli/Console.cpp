@@ -24,11 +24,12 @@ void Console::print(const QJsonObject& object)
     m_pending += QJsonDocument(object).toJson();
 }
 
-void Console::fail(const QString& subject, const QString& reason)
+ExitStatus Console::fail(const QString& subject, const QString& reason)
 {
     m_errors.write(QStringLiteral("gaugewright-cli: %1: %2\n")
                        .arg(FactText::oneLine(subject), FactText::oneLine(reason))
                        .toUtf8());
+    return ExitStatus::Trouble;
 }
 
 void Console::progress(const QString& text)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cli/Subcommands.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -24,7 +26,8 @@ public:
 
     /// One line: "gaugewright-cli: SUBJECT: reason".
     /// @param subject the file that it is about, as the user named it, or the subcommand
-    void fail(const QString& subject, const QString& reason);
+    /// @return the status to end with
+    ExitStatus fail(const QString& subject, const QString& reason);
     void progress(const QString& text);
 
     /// Writes the answer. False, and says so, when it cannot be written completely.

@@ -46,15 +46,11 @@ ExitStatus recover(const Arguments& parsed, Console& console)
 {
     const QString folder = parsed.file(0);
     const QString package = parsed.value(QStringLiteral("output"));
-    if (QFileInfo::exists(package) && !parsed.isSet(QStringLiteral("force"))) {
-        console.fail(package, CliText::tr("It exists; --force writes over it"));
-        return ExitStatus::Trouble;
-    }
+    if (QFileInfo::exists(package) && !parsed.isSet(QStringLiteral("force")))
+        return console.fail(package, CliText::tr("It exists; --force writes over it"));
     const Interruption::Pause untilWritten;
-    if (const Outcome outcome = recoverPackage(folder, package); !outcome) {
-        console.fail(folder, outcome.reason());
-        return ExitStatus::Trouble;
-    }
+    if (const Outcome outcome = recoverPackage(folder, package); !outcome)
+        return console.fail(folder, outcome.reason());
     if (parsed.wantsJson())
         console.print(parsed.framed(
             {{QStringLiteral("folder"), folder}, {QStringLiteral("package"), package}}));

@@ -196,10 +196,8 @@ ExitStatus render(const Task& task, const Arguments& parsed, Console& console)
     if (parsed.isSet(QStringLiteral("recording")) &&
         !loadRecording(session, parsed.value(QStringLiteral("recording")), console))
         return ExitStatus::Trouble;
-    if (!task.folder.mkpath(QStringLiteral("."))) {
-        console.fail(task.folder.path(), CliText::tr("The folder cannot be made"));
-        return ExitStatus::Trouble;
-    }
+    if (!task.folder.mkpath(QStringLiteral(".")))
+        return console.fail(task.folder.path(), CliText::tr("The folder cannot be made"));
     return paintAll(pictures, task, {&session, task.seconds, task.speedUnit}, parsed, console);
 }
 

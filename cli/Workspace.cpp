@@ -38,17 +38,10 @@ bool Workspace::open(DashboardDocument& document, const QString& packagePath,
                      Console& console) const
 {
     console.progress(CliText::tr("Opening %1").arg(packagePath));
-    if (!m_folder->isValid())
+    if (!m_folder->isValid()) {
         console.fail(QDir::tempPath(), m_folder->errorString());
-    else if (unpack(document, packagePath))
-        return true;
-    else
-        console.fail(packagePath, document.errorString());
-    return false;
-}
-
-bool Workspace::unpack(DashboardDocument& document, const QString& packagePath) const
-{
+        return false;
+    }
     const QByteArray former = qgetenv(kFolderVariable);
     const auto restore = qScopeGuard([&former] {
         if (former.isNull())
@@ -57,5 +50,8 @@ bool Workspace::unpack(DashboardDocument& document, const QString& packagePath) 
             qputenv(kFolderVariable, former);
     });
     qputenv(kFolderVariable, QFile::encodeName(m_folder->path()));
-    return document.open(packagePath);
+    const bool opened = document.open(packagePath);
+    if (!opened)
+        console.fail(packagePath, document.errorString());
+    return opened;
 }

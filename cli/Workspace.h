@@ -24,7 +24,5 @@ public:
                             Console& console) const;
 
 private:
-    [[nodiscard]] bool unpack(DashboardDocument& document, const QString& packagePath) const;
-
     std::optional<QTemporaryDir> m_folder;
 };
