@@ -147,23 +147,20 @@ void AddElementDialog::fillChannels(const QString& filter)
 
 void AddElementDialog::keyPressEvent(QKeyEvent* event)
 {
-    bool handled = false;
-    switch (event->key()) {
-    case Qt::Key_Escape:
-        handled = clearFilter();
-        break;
-    case Qt::Key_Down:
-        handled = m_filterEdit->hasFocus() && enterChannelList();
-        break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        handled = m_filterEdit->hasFocus() && selectOnlyHit();
-        break;
-    default:
-        break;
-    }
-    if (!handled)
+    const int key = event->key();
+    const bool accepts = key == Qt::Key_Return || key == Qt::Key_Enter;
+    const bool inFilter = m_filterEdit->hasFocus();
+    if (key == Qt::Key_Escape && !m_filterEdit->text().isEmpty()) {
+        m_filterEdit->clear();
+    } else if (key == Qt::Key_Down && inFilter) {
+        m_channelList->setFocus(Qt::OtherFocusReason);
+        if (!chosenChannel())
+            m_channelList->setCurrentRow(0);
+    } else if (accepts && inFilter && m_channelList->count() == 1 && !chosenChannel()) {
+        m_channelList->setCurrentRow(0); // the only hit
+    } else {
         QDialog::keyPressEvent(event);
+    }
 }
 
 bool AddElementDialog::eventFilter(QObject* watched, QEvent* event)
@@ -173,30 +170,6 @@ bool AddElementDialog::eventFilter(QObject* watched, QEvent* event)
         static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
         return true;
     return QDialog::eventFilter(watched, event);
-}
-
-bool AddElementDialog::clearFilter()
-{
-    if (m_filterEdit->text().isEmpty())
-        return false;
-    m_filterEdit->clear();
-    return true;
-}
-
-bool AddElementDialog::enterChannelList()
-{
-    m_channelList->setFocus(Qt::OtherFocusReason);
-    if (!chosenChannel())
-        m_channelList->setCurrentRow(0);
-    return true;
-}
-
-bool AddElementDialog::selectOnlyHit()
-{
-    if (m_channelList->count() != 1 || chosenChannel())
-        return false;
-    m_channelList->setCurrentRow(0);
-    return true;
 }
 
 void AddElementDialog::onTypeChanged(int row)

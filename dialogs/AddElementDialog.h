@@ -49,10 +49,6 @@ private:
     void fillTypes();
     void fillChannels(const QString& filter);
     void updateSummary();
-    // Each returns whether it did something.
-    [[nodiscard]] bool clearFilter();
-    [[nodiscard]] bool enterChannelList();
-    [[nodiscard]] bool selectOnlyHit();
     /// What is selected (highlighted), as opposed to merely current; null for none.
     [[nodiscard]] const Donor* chosenDonor() const;
     [[nodiscard]] const ChannelDef* chosenChannel() const;
