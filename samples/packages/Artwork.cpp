@@ -312,7 +312,7 @@ QImage SamplePackage::paintBackground(const Package& package, const Page& page)
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     paintBackdrop(painter, image.rect(), package.header, page.accent);
-    paintName(painter, nameBand(package), page.name, page.accent);
+    paintName(painter, package.nameBand, page.name, page.accent);
     for (const Tile& tile : page.tiles) {
         paintPanel(painter, tile.bezel, true);
         paintPanel(painter, tile.field, false);

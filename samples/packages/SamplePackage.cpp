@@ -129,6 +129,7 @@ Tile parseTile(const Package& package, const QString& text, bool inHeader)
 // Adds the pages, each with the tiles of the header first.
 void addPages(Package& package, const QString& text)
 {
+    package.nameBand = cellRect(package, true, {0, 0, 5, 1});
     const QString header =
         QString::fromUtf8(package.size.width() < 480 ? kNarrowHeader : kWideHeader);
     for (const QString& line : text.trimmed().split(u'\n')) {
@@ -182,11 +183,6 @@ const std::vector<Channel>& SamplePackage::channels()
 {
     static const std::vector<Channel> all = parseChannels();
     return all;
-}
-
-QRect SamplePackage::nameBand(const Package& package)
-{
-    return cellRect(package, true, {0, 0, 5, 1});
 }
 
 std::vector<Package> SamplePackage::all()

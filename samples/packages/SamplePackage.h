@@ -92,13 +92,12 @@ struct Package
     int titleBand = 0; ///< height of a tile's title
     QSize grid;        ///< columns and rows of tiles on a page
     std::vector<Page> pages{};
+    QRect nameBand{}; ///< the part of the header that shows the page's name
 };
 
 /// The channels of the sample devices. Long names are unique.
 [[nodiscard]] const std::vector<Channel>& channels();
 [[nodiscard]] std::vector<Package> all();
-/// The part of the header that shows the page's name.
-[[nodiscard]] QRect nameBand(const Package& package);
 
 /// Everything on a page that does not change while driving. Needs a QGuiApplication.
 [[nodiscard]] QImage paintBackground(const Package& package, const Page& page);
