@@ -16,9 +16,7 @@
 
 namespace {
 
-using RecordingText::kGps;
-using RecordingText::kGpsRaw;
-using RecordingText::kPlain;
+using namespace RecordingText;
 
 // East and north of the start, in metres.
 using Point = std::complex<double>;
@@ -220,7 +218,7 @@ constexpr double kMetresPerDegree = 111'320.0;
 
 struct RecordedChannel
 {
-    RecordingText::Family family;
+    Family family;
     const char* name;
     const char* units;
     int rate;     ///< samples a second, a divisor of kStatesPerSecond
@@ -323,8 +321,8 @@ void writeChannel(std::ostream& out, std::size_t index, const std::vector<CarSta
 {
     const RecordedChannel& channel = kChannels[index];
     const bool plain = channel.family == kPlain; // times in seconds; the others milliseconds
-    out << "channel\t" << RecordingText::kFamilyWords[channel.family] << '\t' << channel.name
-        << '\t' << channel.units << '\n';
+    out << "channel\t" << kFamilyWords[channel.family] << '\t' << channel.name << '\t'
+        << channel.units << '\n';
     const auto stride = static_cast<std::size_t>(kStatesPerSecond / channel.rate);
     for (std::size_t i = 0; i < states.size(); i += stride) {
         const double value = channel.value(states[i]) + channel.noise * noise(index, i);
@@ -336,7 +334,7 @@ void writeChannel(std::ostream& out, std::size_t index, const std::vector<CarSta
 void record(std::ostream& out)
 {
     const std::vector<CarState> states = drive(makeCircuit(), kSeconds);
-    out << RecordingText::kFirstLine
+    out << kFirstLine
         << "\n# Made by the sample recorder; no such car, driver or circuit exists.\n"
            "vehicle\tPrototype 7\nracer\tSample Driver\nlaps\t"
         << states.back().lap << '\n'
