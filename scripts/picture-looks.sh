@@ -6,8 +6,9 @@ build_preset release --target gaugewright_tour
 for scale in 1 1.25 1.5 2; do
     for look in light dark; do
         say "A $look desktop at scale $scale"
-        options=(--scale "$scale")
-        [ "$look" = light ] || options+=(--dark)
-        build/release/bin/gaugewright_tour "${options[@]}" "build/release/looks/$look-$scale"
+        options=()
+        [ "$look" = light ] || options=(--dark)
+        QT_SCALE_FACTOR=$scale build/release/bin/gaugewright_tour "${options[@]}" \
+            "build/release/looks/$look-$scale"
     done
 done

@@ -1,7 +1,9 @@
 // The guided tour: walks through the editor, checks what it does and takes pictures.
 //
-//     gaugewright_tour [--samples FOLDER] [--scale FACTOR] [--dark] FOLDER
+//     gaugewright_tour [--samples FOLDER] [--dark] FOLDER
 //     gaugewright_tour --list
+//
+// QT_SCALE_FACTOR scales the pictures.
 #include "app/ApplicationIdentity.h"
 #include "samples/tour/Tour.h"
 
@@ -17,6 +19,7 @@
 #include <QTextStream>
 
 #include <cstdlib>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -42,10 +45,9 @@ QPalette darkPalette()
 }
 
 // Before the application object is made. Offscreen: the same pictures without a display.
-void prepareEnvironment(const QString& scale)
+void prepareEnvironment()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_SCALE_FACTOR", scale.toLatin1());
     static QtMessageHandler defaultHandler = nullptr;
     defaultHandler = qInstallMessageHandler(
         [](QtMsgType type, const QMessageLogContext& context, const QString& text) {
@@ -67,11 +69,7 @@ void applyFixedLook(bool dark)
 }
 
 // The steps in order, each with the picture of its result.
-constexpr struct
-{
-    const char* picture;
-    void (Tour::*act)();
-} kSteps[] = {
+constexpr std::pair<const char*, void (Tour::*)()> kSteps[] = {
     {"01-start.png", &Tour::start},
     {"02-opened.png", &Tour::open},
     {"03-pages.png", &Tour::walkPages},
@@ -89,9 +87,9 @@ constexpr struct
     {"15-saved-as.png", &Tour::saveAs},
     {"16-reopened.png", &Tour::reopen},
     {"17-recording-loaded.png", &Tour::loadRecording},
-    {"18-playing-1x.png", &Tour::play<0>},
-    {"19-playing-2x.png", &Tour::play<1>},
-    {"20-playing-4x.png", &Tour::play<2>},
+    {"18-playing-1x.png", &Tour::play1x},
+    {"19-playing-2x.png", &Tour::play2x},
+    {"20-playing-4x.png", &Tour::play4x},
     {"21-speed-in-mph.png", &Tour::changeUnit},
     {"22-about.png", &Tour::about},
 };
@@ -120,45 +118,29 @@ bool takeTour(const QString& samples, const QString& pictures)
     return true;
 }
 
-int listPictures()
-{
-    for (const auto& [picture, act] : kSteps)
-        QTextStream(stdout) << picture << Qt::endl;
-    return EXIT_SUCCESS;
-}
-
-int fail(const QString& text)
-{
-    QTextStream(stderr) << text << Qt::endl;
-    return EXIT_FAILURE;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
+    prepareEnvironment();
+    const QApplication application(argc, argv);
+    applyApplicationIdentity();
     const QCommandLineOption samples(u"samples"_s, {}, u"FOLDER"_s, QStringLiteral(SAMPLES_DIR));
-    const QCommandLineOption scale(u"scale"_s, {}, u"FACTOR"_s, u"1"_s);
     const QCommandLineOption dark(u"dark"_s);
     const QCommandLineOption list(u"list"_s);
     QCommandLineParser options;
-    options.addOptions({samples, scale, dark, list});
-    QStringList words;
-    for (int i = 0; i < argc; ++i)
-        words << QString::fromLocal8Bit(argv[i]);
-    if (!options.parse(words))
-        return fail(options.errorText());
-    if (options.isSet(list))
-        return listPictures();
-    if (options.positionalArguments().size() != 1)
-        return fail(u"Name one folder for the pictures."_s);
-    const QString pictures = options.positionalArguments().constFirst();
-    if (!QDir().mkpath(pictures))
-        return fail(u"The folder for the pictures cannot be made."_s);
-
-    prepareEnvironment(options.value(scale));
-    const QApplication application(argc, argv);
-    applyApplicationIdentity();
+    options.addOptions({samples, dark, list});
+    options.process(application);
+    if (options.isSet(list)) {
+        for (const auto& [picture, act] : kSteps)
+            QTextStream(stdout) << picture << Qt::endl;
+        return EXIT_SUCCESS;
+    }
+    const QString pictures = options.positionalArguments().value(0);
+    if (pictures.isEmpty() || !QDir().mkpath(pictures)) {
+        qCritical("Name a folder for the pictures that can be made.");
+        return EXIT_FAILURE;
+    }
     applyFixedLook(options.isSet(dark));
     return takeTour(options.value(samples), pictures) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
