@@ -58,14 +58,6 @@ enum class ToolGroup
     Recording
 };
 
-/// An entry that names the command that it would undo or redo, and is enabled when there is one.
-enum class History
-{
-    None,
-    Undo,
-    Redo
-};
-
 using Handler = void (*)(MainWindow*);
 
 template <auto Member>
@@ -100,7 +92,6 @@ struct ActionRow
     Keys keys;
     Handler handler;
     ToolButton button = {};
-    History history = History::None;
 };
 
 constexpr MenuRow kMenus[] = {
@@ -138,15 +129,13 @@ constexpr ActionRow kActions[] = {
      QT_TRANSLATE_NOOP("MainWindow", "&Undo"),
      QKeySequence::Undo,
      call<&MainWindow::undo>,
-     {ToolGroup::History, "toolbarUndoAction", QT_TRANSLATE_NOOP("MainWindow", "Undo")},
-     History::Undo},
+     {ToolGroup::History, "toolbarUndoAction", QT_TRANSLATE_NOOP("MainWindow", "Undo")}},
     {MenuGroup::History,
      "redoAction",
      QT_TRANSLATE_NOOP("MainWindow", "&Redo"),
      QKeySequence::Redo,
      call<&MainWindow::redo>,
-     {ToolGroup::History, "toolbarRedoAction", QT_TRANSLATE_NOOP("MainWindow", "Redo")},
-     History::Redo},
+     {ToolGroup::History, "toolbarRedoAction", QT_TRANSLATE_NOOP("MainWindow", "Redo")}},
     {MenuGroup::Elements, "insertElementAction",
      QT_TRANSLATE_NOOP("MainWindow", "&Insert Element..."), Qt::CTRL | Qt::Key_I,
      call<&MainWindow::insertElement>},
@@ -182,11 +171,12 @@ QString toolTipOf(const QString& text, const ActionRow& row)
         MainWindow::tr("%1 (%2)").arg(text, keys.first().toString(QKeySequence::NativeText)));
 }
 
-/// Makes an action say what it would undo or redo: show gets the text of that step, empty for none.
+/// Enables an action while there is a step to undo or redo. show gets the step's text, empty for
+/// none.
 template <typename Show>
-void followHistory(const QUndoStack* stack, QAction* action, History history, const Show& show)
+void followHistory(const QUndoStack* stack, QAction* action, const ActionRow& row, const Show& show)
 {
-    const bool undoes = history == History::Undo;
+    const bool undoes = row.keys.standard == QKeySequence::Undo;
     const auto textChanged = undoes ? &QUndoStack::undoTextChanged : &QUndoStack::redoTextChanged;
     const auto canChanged = undoes ? &QUndoStack::canUndoChanged : &QUndoStack::canRedoChanged;
     QObject::connect(stack, textChanged, action, show);
@@ -208,8 +198,8 @@ QAction* createMenuAction(MainWindow* window, const QUndoStack* stack, const Act
     action->setShortcuts(row.keys.sequences());
     // Delete held too long must not end in "No element selected".
     action->setAutoRepeat(row.keys.standard != QKeySequence::Delete);
-    if (row.history != History::None)
-        followHistory(stack, action, row.history, [action, row](const QString& step) {
+    if (row.group == MenuGroup::History)
+        followHistory(stack, action, row, [action, row](const QString& step) {
             action->setText(joined(MainWindow::tr(row.text), menuText(step)));
         });
     return action;
@@ -219,9 +209,9 @@ QAction* createToolAction(MainWindow* window, const QUndoStack* stack, const Act
 {
     QAction* const action = createAction(window, row.button.id, row.button.text, row.handler);
     action->setToolTip(toolTipOf(action->text(), row));
-    if (row.history != History::None) {
+    if (row.group == MenuGroup::History) {
         action->setIconText(action->text()); // on the button, which keeps its place
-        followHistory(stack, action, row.history, [action, row](const QString& step) {
+        followHistory(stack, action, row, [action, row](const QString& step) {
             const QString prefix = MainWindow::tr(row.button.text);
             action->setText(joined(prefix, menuText(step)));
             action->setToolTip(toolTipOf(joined(prefix, step), row));

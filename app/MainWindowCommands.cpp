@@ -229,8 +229,8 @@ void MainWindow::deleteSelectedElement()
 void MainWindow::deleteElement(int index)
 {
     m_canvas->cancelDrag();
-    const DashPage* const page = currentPage();
-    if (!page || index < 0 || static_cast<std::size_t>(index) >= page->elements.size())
+    DashPage* const page = currentPage();
+    if (!PageRef(page).element(index))
         return;
     const std::size_t before = page->elements.size();
     m_selected = {};

@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "app/PageListPanel.h"
 #include "app/WindowTitle.h"
+#include "app/commands/PageRef.h"
 #include "canvas/DashCanvas.h"
 #include "canvas/PropertyPanel.h"
 
@@ -27,8 +28,7 @@ void MainWindow::syncPanes()
     // The panel's ranges before its element, whose numbers they clamp.
     if (page)
         m_propertyPanel->setPageSize(page->width, page->height);
-    m_propertyPanel->rebindElement(
-        page && selected >= 0 ? &page->elements[static_cast<std::size_t>(selected)] : nullptr);
+    m_propertyPanel->rebindElement(PageRef(page).element(selected));
     updateWindowTitle();
 }
 
@@ -55,15 +55,11 @@ void MainWindow::onPageSelected(int index)
 
 void MainWindow::onElementSelected(int index)
 {
-    DashPage* const page = currentPage();
-    if (index < 0) {
-        m_selected = {};
-        m_propertyPanel->clear();
-    } else if (page && static_cast<std::size_t>(index) < page->elements.size()) {
-        DashElement& element = page->elements[static_cast<std::size_t>(index)];
-        m_selected = ElementKey(element);
-        m_propertyPanel->setElement(&element);
-    }
+    DashElement* const element = PageRef(currentPage()).element(index);
+    if (!element && index >= 0)
+        return; // no such element: the panel keeps the one before
+    m_selected = element ? ElementKey(*element) : ElementKey();
+    m_propertyPanel->setElement(element);
 }
 
 /// The previous or next page, if there is one.

@@ -25,8 +25,7 @@ DashCanvas::DashCanvas(QWidget* parent) : QWidget(parent)
 void DashCanvas::setPage(DashPage* page)
 {
     m_page = page;
-    m_drag = {};
-    select(-1);
+    clearSelectionAndRepaint();
 }
 
 void DashCanvas::rebindPage(DashPage* page, int selectedIndex)
@@ -176,12 +175,23 @@ void DashCanvas::mouseReleaseEvent(QMouseEvent* event)
 
 void DashCanvas::keyPressEvent(QKeyEvent* event)
 {
-    const bool deletes = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
-    const bool handled = deletes ? handleDeleteKey() : handleNavigationKey(*event);
-    if (handled)
-        event->accept();
-    else
+    event->accept(); // QWidget ignores what is left to it
+    const int key = event->key();
+    const bool deletes = key == Qt::Key_Delete || key == Qt::Key_Backspace;
+    const bool steps = key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+    const bool alone = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (deletes && selectedElement()) {
+        cancelDrag();
+        Q_EMIT deleteRequested(m_selectedIndex);
+    } else if (steps && alone) {
+        cancelDrag();
+        Q_EMIT pageStepRequested(key == Qt::Key_PageUp ? -1 : 1);
+    } else if (key == Qt::Key_Space && alone) {
+        if (!event->isAutoRepeat())
+            Q_EMIT playToggleRequested();
+    } else {
         QWidget::keyPressEvent(event);
+    }
 }
 
 /// A menu or another window may get the release.
@@ -191,34 +201,6 @@ void DashCanvas::focusOutEvent(QFocusEvent* event)
     QWidget::focusOutEvent(event);
 }
 
-bool DashCanvas::handleDeleteKey()
-{
-    if (!selectedElement())
-        return false;
-    cancelDrag();
-    Q_EMIT deleteRequested(m_selectedIndex);
-    return true;
-}
-
-bool DashCanvas::handleNavigationKey(const QKeyEvent& event)
-{
-    if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
-        return false;
-    switch (event.key()) {
-    case Qt::Key_Space:
-        if (!event.isAutoRepeat())
-            Q_EMIT playToggleRequested();
-        return true;
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-        cancelDrag();
-        Q_EMIT pageStepRequested(event.key() == Qt::Key_PageUp ? -1 : 1);
-        return true;
-    default:
-        return false;
-    }
-}
-
 PageTransform DashCanvas::transform() const
 {
     return m_page ? PageTransform(size(), {m_page->width, m_page->height}) : PageTransform();
@@ -226,9 +208,7 @@ PageTransform DashCanvas::transform() const
 
 DashElement* DashCanvas::elementAt(int index) const
 {
-    if (!m_page || index < 0 || static_cast<std::size_t>(index) >= m_page->elements.size())
-        return nullptr;
-    return &m_page->elements[static_cast<std::size_t>(index)];
+    return PageRef(m_page).element(index);
 }
 
 int DashCanvas::hitTest(const QPoint& point) const

@@ -110,8 +110,6 @@ private:
     void commit(const DragGesture& drag);
     void onUndoIndexChanged();
     [[nodiscard]] bool stackMovedSelection(int sinceUndoIndex) const;
-    [[nodiscard]] bool handleDeleteKey();
-    [[nodiscard]] bool handleNavigationKey(const QKeyEvent& event);
 
     DashPage* m_page = nullptr;
     DashboardDocument* m_document = nullptr;
