@@ -124,27 +124,22 @@ QString textsOf(const DashElement& element)
 
 void compareElement(const DashElement& former, const DashElement& present, Report& report)
 {
-    const QString& name = present.name;
-    report.compare(Change::ElementRenamed, name, former.name, present.name);
-    report.compare(Change::ElementKind, name, ElementFacts::kindName(former),
-                   ElementFacts::kindName(present));
-    report.compare(Change::ElementMoved, name, FactText::position(former.x, former.y),
-                   FactText::position(present.x, present.y));
-    report.compare(Change::ElementResized, name, FactText::size(former.w, former.h),
-                   FactText::size(present.w, present.h));
+    const auto compare = [&](Change change, const auto& factOf) {
+        return report.compare(change, present.name, factOf(former), factOf(present));
+    };
+    compare(Change::ElementRenamed, [](const DashElement& e) { return e.name; });
+    compare(Change::ElementKind, ElementFacts::kindName);
+    compare(Change::ElementMoved,
+            [](const DashElement& e) { return FactText::position(e.x, e.y); });
+    compare(Change::ElementResized, [](const DashElement& e) { return FactText::size(e.w, e.h); });
     OtherSettings::Reported reported;
-    reported.channel = report.compare(Change::ElementChannel, name, ElementFacts::channel(former),
-                                      ElementFacts::channel(present));
-    reported.valueStyle =
-        report.compare(Change::ElementValueStyle, name, ElementFacts::valueStyle(former),
-                       ElementFacts::valueStyle(present));
-    reported.labelStyle =
-        report.compare(Change::ElementLabelStyle, name, ElementFacts::labelStyle(former),
-                       ElementFacts::labelStyle(present));
-    reported.texts = report.compare(Change::ElementTexts, name, textsOf(former), textsOf(present));
+    reported.channel = compare(Change::ElementChannel, ElementFacts::channel);
+    reported.valueStyle = compare(Change::ElementValueStyle, ElementFacts::valueStyle);
+    reported.labelStyle = compare(Change::ElementLabelStyle, ElementFacts::labelStyle);
+    reported.texts = compare(Change::ElementTexts, textsOf);
     if (OtherSettings::ofElement(former.node, reported) !=
         OtherSettings::ofElement(present.node, reported))
-        report.add(Change::ElementSettings, name);
+        report.add(Change::ElementSettings, present.name);
 }
 
 QString factsOf(const DashElement& element)
