@@ -6,16 +6,10 @@
 
 namespace {
 
+/// Positions that a tick advances.
 int stepOf(int rate)
 {
-    switch (rate) {
-    case 1:
-        return 2;
-    case 2:
-        return 4;
-    default:
-        return 1;
-    }
+    return rate == 1 || rate == 2 ? 1 << rate : 1;
 }
 
 } // namespace
