@@ -1,9 +1,6 @@
 #include "cli/Arguments.h"
 
 #include "cli/CliText.h"
-#include "cli/Console.h"
-
-#include <QJsonObject>
 
 #include <cmath>
 

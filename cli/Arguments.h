@@ -1,15 +1,14 @@
 #pragma once
 
-#include "cli/Subcommands.h"
+#include "cli/Console.h"
 
 #include <QCommandLineParser>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QString>
 #include <QStringList>
 
 #include <optional>
-
-class Console;
-class QJsonObject;
 
 /// The arguments of one subcommand. Every subcommand knows --help, --quiet and --format.
 class Arguments
@@ -46,6 +45,23 @@ public:
     [[nodiscard]] bool wantsJson() const;
     /// The whole answer: the facts, the format's version and the subcommand.
     [[nodiscard]] QJsonObject framed(QJsonObject facts) const;
+    /// Prints what was found: a line for each item or, as JSON, the facts with all items under
+    /// `name`.
+    template <typename Items, typename Line, typename Object>
+    void print(const Items& items, const Line& lineOf, const Object& objectOf, const QString& name,
+               QJsonObject facts, Console& console) const
+    {
+        if (!wantsJson()) {
+            for (const auto& item : items)
+                console.print(lineOf(item));
+            return;
+        }
+        QJsonArray list;
+        for (const auto& item : items)
+            list.append(objectOf(item));
+        facts.insert(name, list);
+        console.print(framed(facts));
+    }
 
 private:
     [[nodiscard]] QString help() const;

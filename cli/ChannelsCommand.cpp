@@ -1,24 +1,26 @@
 #include "cli/Arguments.h"
 #include "cli/CliText.h"
-#include "cli/Console.h"
 #include "cli/RecordingFile.h"
 #include "review/FactText.h"
 #include "telemetry/TelemetrySession.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
 
 #include <cmath>
+#include <map>
 
 namespace {
+
+using Entry = std::map<QString, TelemetryChannel>::value_type;
 
 double lengthOf(const TelemetryChannel& channel)
 {
     return channel.times.empty() ? 0.0 : channel.times.back();
 }
 
-QString lineOf(const TelemetryChannel& channel)
+QString lineOf(const Entry& entry)
 {
+    const TelemetryChannel& channel = entry.second;
     return FactText::quoted(channel.name) + QStringLiteral(" unit ") +
            FactText::quoted(channel.units) + u' ' + QString::number(channel.times.size()) +
            QStringLiteral(" samples ") + QString::number(lengthOf(channel), 'f', 3) +
@@ -31,8 +33,9 @@ QJsonValue numberOrNull(double number)
     return std::isfinite(number) ? QJsonValue(number) : QJsonValue();
 }
 
-QJsonObject objectOf(const TelemetryChannel& channel)
+QJsonObject objectOf(const Entry& entry)
 {
+    const TelemetryChannel& channel = entry.second;
     return {{QStringLiteral("name"), channel.name},
             {QStringLiteral("unit"), channel.units},
             {QStringLiteral("samples"), static_cast<qint64>(channel.times.size())},
@@ -54,16 +57,9 @@ ExitStatus Subcommands::channels(const QStringList& arguments, Console& console)
     const QString path = parsed.file(0);
     if (!loadRecording(session, path, console))
         return ExitStatus::Trouble;
-    QJsonArray list;
-    for (const auto& [key, channel] : session.channels()) {
-        if (parsed.wantsJson())
-            list.append(objectOf(channel));
-        else
-            console.print(lineOf(channel));
-    }
-    if (parsed.wantsJson())
-        console.print(parsed.framed({{QStringLiteral("recording"), path},
-                                     {QStringLiteral("length"), numberOrNull(session.duration())},
-                                     {QStringLiteral("channels"), list}}));
+    parsed.print(session.channels(), lineOf, objectOf, QStringLiteral("channels"),
+                 {{QStringLiteral("recording"), path},
+                  {QStringLiteral("length"), numberOrNull(session.duration())}},
+                 console);
     return ExitStatus::Clean;
 }

@@ -1,6 +1,5 @@
 #include "cli/Arguments.h"
 #include "cli/CliText.h"
-#include "cli/Console.h"
 #include "cli/RecordingFile.h"
 #include "cli/Workspace.h"
 #include "document/DashboardDocument.h"
@@ -8,11 +7,9 @@
 #include "review/Findings.h"
 #include "telemetry/TelemetrySession.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 namespace {
@@ -96,24 +93,6 @@ QJsonObject objectOf(const Finding& finding)
     return object;
 }
 
-void print(const std::vector<Finding>& found, const Arguments& parsed, Console& console)
-{
-    QJsonArray list;
-    for (const Finding& finding : found) {
-        if (parsed.wantsJson())
-            list.append(objectOf(finding));
-        else
-            console.print(lineOf(finding));
-    }
-    if (!parsed.wantsJson())
-        return;
-    QJsonObject answer{{QStringLiteral("package"), parsed.file(0)},
-                       {QStringLiteral("findings"), list}};
-    if (parsed.isSet(QStringLiteral("recording")))
-        answer.insert(QStringLiteral("recording"), parsed.value(QStringLiteral("recording")));
-    console.print(parsed.framed(answer));
-}
-
 /// The findings of package and recording; nothing after a failure, which was reported.
 std::optional<std::vector<Finding>> allFindings(const Arguments& parsed, Console& console)
 {
@@ -167,7 +146,10 @@ ExitStatus Subcommands::check(const QStringList& arguments, Console& console)
     if (!found)
         return ExitStatus::Trouble;
     std::erase_if(*found, [&](const Finding& finding) { return !filter->passes(finding); });
-    print(*found, parsed, console);
+    QJsonObject facts{{QStringLiteral("package"), parsed.file(0)}};
+    if (parsed.isSet(QStringLiteral("recording")))
+        facts.insert(QStringLiteral("recording"), parsed.value(QStringLiteral("recording")));
+    parsed.print(*found, lineOf, objectOf, QStringLiteral("findings"), facts, console);
     const bool clean = std::all_of(found->begin(), found->end(), [](const Finding& finding) {
         return severityOf(finding.rule) == Severity::Information;
     });

@@ -1,11 +1,9 @@
 #include "cli/Arguments.h"
 #include "cli/CliText.h"
-#include "cli/Console.h"
 #include "cli/Workspace.h"
 #include "document/DashboardDocument.h"
 #include "review/Differences.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
 
 namespace {
@@ -42,21 +40,6 @@ QJsonObject objectOf(const Difference& difference)
     return object;
 }
 
-void print(const std::vector<Difference>& found, const Arguments& parsed, Console& console)
-{
-    QJsonArray list;
-    for (const Difference& difference : found) {
-        if (parsed.wantsJson())
-            list.append(objectOf(difference));
-        else
-            console.print(sentence(difference));
-    }
-    if (parsed.wantsJson())
-        console.print(parsed.framed({{QStringLiteral("old"), parsed.file(0)},
-                                     {QStringLiteral("new"), parsed.file(1)},
-                                     {QStringLiteral("differences"), list}}));
-}
-
 } // namespace
 
 ExitStatus Subcommands::diff(const QStringList& arguments, Console& console)
@@ -76,6 +59,8 @@ ExitStatus Subcommands::diff(const QStringList& arguments, Console& console)
         !workspace.open(present, parsed.file(1), console))
         return ExitStatus::Trouble;
     const std::vector<Difference> found = differences(former, present);
-    print(found, parsed, console);
+    parsed.print(found, sentence, objectOf, QStringLiteral("differences"),
+                 {{QStringLiteral("old"), parsed.file(0)}, {QStringLiteral("new"), parsed.file(1)}},
+                 console);
     return found.empty() ? ExitStatus::Clean : ExitStatus::Findings;
 }

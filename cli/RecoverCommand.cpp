@@ -30,15 +30,8 @@ QJsonObject objectOf(const UnpackFolder& folder)
 
 ExitStatus list(const Arguments& parsed, Console& console)
 {
-    QJsonArray folders;
-    for (const UnpackFolder& folder : unpackFolders(QDir::tempPath())) {
-        if (parsed.wantsJson())
-            folders.append(objectOf(folder));
-        else
-            console.print(lineOf(folder));
-    }
-    if (parsed.wantsJson())
-        console.print(parsed.framed({{QStringLiteral("folders"), folders}}));
+    parsed.print(unpackFolders(QDir::tempPath()), lineOf, objectOf, QStringLiteral("folders"), {},
+                 console);
     return ExitStatus::Clean;
 }
 
