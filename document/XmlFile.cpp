@@ -58,13 +58,17 @@ public:
         QByteArray bytes = QByteArray::fromRawData(static_cast<const char*>(data), length);
         if (bytes.contains('\r'))
             bytes.replace('\r', "&#13;");
-        m_ok = m_ok && m_device.write(bytes) == bytes.size();
+        m_size += bytes.size();
+        m_ok = m_ok && fits() && m_device.write(bytes) == bytes.size();
     }
 
+    /// Whether the output can be read again.
+    [[nodiscard]] bool fits() const { return m_size <= DocumentLimits::kXmlBytes; }
     [[nodiscard]] bool ok() const { return m_ok; }
 
 private:
     QIODevice& m_device;
+    qint64 m_size = 0;
     bool m_ok = true;
 };
 
@@ -94,9 +98,17 @@ Outcome loadXmlFile(const QString& path, pugi::xml_document& document)
 
 Outcome saveXmlFile(const pugi::xml_document& document, const QString& path)
 {
-    return replaceFileUnflushed(path, [&document](QIODevice& device) {
-        DeviceWriter writer(device);
-        document.save(writer, "  ", pugi::format_indent);
-        return writer.ok() ? Outcome() : Outcome::failure(device.errorString());
-    });
+    for (const unsigned format : {pugi::format_indent, pugi::format_raw}) {
+        bool fits = true;
+        Outcome saved = replaceFileUnflushed(path, [&](QIODevice& device) {
+            DeviceWriter writer(device);
+            document.save(writer, "  ", format);
+            fits = writer.fits();
+            return writer.ok() ? Outcome() : Outcome::failure(device.errorString());
+        });
+        if (fits)
+            return saved;
+    }
+    return Outcome::failure(
+        DocumentText::tr("\"%1\" would be larger than 64 MB").arg(QFileInfo(path).fileName()));
 }

@@ -14,5 +14,7 @@ class QString;
 Outcome loadXmlFile(const QString& path, pugi::xml_document& document);
 
 /// Writes the tree to path as UTF-8, indented by two blanks a level, so that reading it again gives
-/// the same texts. Does not wait for the disk. On failure the file that was there is unchanged.
+/// the same texts. A file that would exceed the limit for reading is not indented; one that exceeds
+/// it all the same is a failure. Does not wait for the disk. On failure the file that was there is
+/// unchanged.
 Outcome saveXmlFile(const pugi::xml_document& document, const QString& path);

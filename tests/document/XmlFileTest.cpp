@@ -116,3 +116,30 @@ TEST_F(XmlFileTest, AFailedSaveSaysWhy)
     EXPECT_EQ(saveXmlFile(m_document, m_folder.path()).reason(),
               QStringLiteral("The destination is not an ordinary file"));
 }
+
+TEST_F(XmlFileTest, LeavesOutIndentationThatTheLimitHasNoRoomFor)
+{
+    constexpr int kLevels = 99;
+    const QByteArray content = QByteArray("<p/>").repeated(330'000);
+    ASSERT_TRUE(
+        load(QByteArray("<e>").repeated(kLevels) + content + QByteArray("</e>").repeated(kLevels)));
+    ASSERT_TRUE(saveXmlFile(m_document, m_path));
+    const QByteArray once = TestPackage::readFile(m_path);
+    EXPECT_TRUE(once.startsWith("<?xml version=\"1.0\"?><e><e>"));
+    ASSERT_TRUE(loadXmlFile(m_path, m_document));
+    ASSERT_TRUE(saveXmlFile(m_document, m_path));
+    EXPECT_TRUE(TestPackage::readFile(m_path) == once);
+}
+
+TEST_F(XmlFileTest, SavesNothingThatItCouldNotReadAgain)
+{
+    constexpr int kMost = 16'000'000 - 10; // each ">" is written as "&gt;"
+    const QByteArray content(kMost + 5, '>');
+    ASSERT_TRUE(load("<r>" + content.left(kMost) + "</r>"));
+    EXPECT_TRUE(load(saved()));
+    ASSERT_TRUE(load("<r>" + content + "</r>"));
+    const QString reason = saveXmlFile(m_document, m_path).reason();
+    EXPECT_TRUE(reason.endsWith(QStringLiteral(" would be larger than 64 MB")));
+    EXPECT_EQ(TestPackage::readFile(m_path).size(), kMost + 12) << "the old file";
+    EXPECT_EQ(FolderTools::names(m_folder.path()).size(), 1);
+}
