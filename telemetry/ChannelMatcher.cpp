@@ -6,7 +6,7 @@ namespace {
 
 constexpr int kEqualWord = 10;
 constexpr int kPartOfWord = 5;
-constexpr int kUnwantedSide = -3; // a channel of one side, when none was asked for
+constexpr int kUnwantedSide = -3; // a channel of one side, when none is wanted
 constexpr int kSameWordCount = 2;
 constexpr int kLowestScore = 5;
 

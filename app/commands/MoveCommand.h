@@ -12,8 +12,8 @@ class MoveCommand : public PageCommand
     Q_DECLARE_TR_FUNCTIONS(MoveCommand)
 
 public:
-    /// Both rectangles are in display pixels. Pushing the command applies after, wherever the
-    /// element stands by then.
+    /// Both rectangles are in display pixels. Pushing the command applies `after`, wherever the
+    /// element is then.
     MoveCommand(const PageRef& page, int elementIndex, const ElementGeometry& before,
                 const ElementGeometry& after);
 

@@ -26,7 +26,7 @@ public:
         return m_document ? m_document->pageAt(m_pageIndex) : m_page;
     }
 
-    /// The element at that position of the page as it stands now, or null.
+    /// The element at that position of the page as it is now, or null.
     [[nodiscard]] DashElement* element(int index) const
     {
         DashPage* const page = resolve();

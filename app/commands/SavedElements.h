@@ -8,14 +8,14 @@
 #include <vector>
 
 /// Elements taken from a page, in page order: their records and deep copies of their XML, so that
-/// they can be put back with everything that the records do not model and exactly where they stood
+/// they can be restored with everything that the records do not model, exactly where they were
 /// among the page's other objects.
 class SavedElements
 {
 public:
     void add(const DashElement& element);
 
-    /// Puts the elements back, the first one at that position of the page. An element that had no
+    /// Restores the elements, the first one at that position of the page. An element that had no
     /// XML is left out. Does nothing without a document.
     void restore(const PageRef& page, int firstPosition) const;
 

@@ -302,7 +302,7 @@ void Tour::changeUnit()
 
 void Tour::about()
 {
-    check(!QPixmap(FixedPaths::windowIcon()).isNull(), "the icon is beside the program");
+    check(!QPixmap(FixedPaths::windowIcon()).isNull(), "the icon is next to the program");
     m_dialogs.expect<QDialog>([&](QDialog& dialog) {
         photograph(dialog);
         QTest::keyClick(&dialog, Qt::Key_Escape);
