@@ -103,7 +103,11 @@ Outcome DashboardDocument::writeUnpackedOverlay()
     if (Outcome outcome = m_package.ensureFolder(m_tempDir); !outcome)
         return outcome;
     QDir().mkpath(QFileInfo(m_overlayPath).absolutePath());
-    return writeOverlay(m_overlayPath);
+    const Outcome written = writeOverlay(m_overlayPath);
+    // It is not the file that the user saves to, and maybe not on that disk.
+    return written ? written
+                   : Outcome::failure(DocumentText::tr("\"%1\" cannot be written: %2")
+                                          .arg(m_overlayPath, written.reason()));
 }
 
 Outcome DashboardDocument::readOverlay(const QString& path)

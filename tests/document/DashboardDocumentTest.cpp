@@ -341,6 +341,20 @@ TEST_F(DashboardDocumentTest, SaysWhyItCouldNotOpen)
     EXPECT_EQ(m_document.errorString(), QString()) << "it opens without a device";
 }
 
+TEST_F(DashboardDocumentTest, SaysWhenTheUnpackFolderIsWhatCannotBeWritten)
+{
+    ASSERT_TRUE(m_document.open(package({{kOverlay, overlay("Race")}})));
+    ASSERT_TRUE(QFile::remove(m_document.overlayPath()));
+    ASSERT_TRUE(QDir().mkdir(m_document.overlayPath()));
+    const QString reason = QStringLiteral("\"%1\" cannot be written: "
+                                          "The destination is not an ordinary file")
+                               .arg(m_document.overlayPath());
+    EXPECT_FALSE(m_document.save(path("out.zconf2")));
+    EXPECT_EQ(m_document.errorString(), reason);
+    EXPECT_FALSE(m_document.keepEdits());
+    EXPECT_EQ(m_document.errorString(), reason);
+}
+
 TEST_F(DashboardDocumentTest, SaysWhyItCouldNotReadOrWriteAFile)
 {
     EXPECT_FALSE(m_document.save(path("out.zconf2")));
