@@ -1,5 +1,7 @@
 #include "document/archive/ArchiveDevice.h"
 
+#include "document/archive/Checksum.h"
+
 #include <QIODevice>
 
 namespace {
@@ -24,6 +26,12 @@ qint64 ArchiveDevice::readAt(quint64 position, char* buffer, qint64 size)
     return count;
 }
 
+void ArchiveDevice::startSum()
+{
+    m_sums = true;
+    m_writtenCrc = 0;
+}
+
 voidpf ArchiveDevice::open(voidpf self, const void* /*path*/, int /*mode*/)
 {
     return self; // the device is open already
@@ -44,6 +52,9 @@ uLong ArchiveDevice::write(voidpf self, voidpf /*stream*/, const void* buffer, u
     const qint64 count =
         device.m_device.write(static_cast<const char*>(buffer), static_cast<qint64>(size));
     device.m_failed = device.m_failed || count != static_cast<qint64>(size);
+    if (device.m_sums)
+        device.m_writtenCrc = extendedCrc(device.m_writtenCrc, static_cast<const char*>(buffer),
+                                          static_cast<qint64>(size));
     return count < 0 ? 0 : static_cast<uLong>(count);
 }
 
@@ -55,6 +66,7 @@ ZPOS64_T ArchiveDevice::tell(voidpf self, voidpf /*stream*/)
 long ArchiveDevice::seek(voidpf self, voidpf /*stream*/, ZPOS64_T offset, int origin)
 {
     ArchiveDevice& device = object(self);
+    device.m_sums = false;
     qint64 target = static_cast<qint64>(offset);
     if (origin == ZLIB_FILEFUNC_SEEK_CUR)
         target += device.m_device.pos();

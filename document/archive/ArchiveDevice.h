@@ -24,6 +24,10 @@ public:
     /// Reads bytes that the library need not see. Their number; negative when the device fails.
     [[nodiscard]] qint64 readAt(quint64 position, char* buffer, qint64 size);
 
+    /// Starts a checksum of the bytes that the library writes from here on without moving.
+    void startSum();
+    [[nodiscard]] quint32 writtenCrc() const { return m_writtenCrc; }
+
     /// Whether the device ever failed to read, write or move. A short read is no failure.
     [[nodiscard]] bool failed() const { return m_failed; }
 
@@ -38,4 +42,6 @@ private:
 
     QIODevice& m_device;
     bool m_failed = false;
+    bool m_sums = false;
+    quint32 m_writtenCrc = 0;
 };

@@ -64,6 +64,7 @@ Outcome ArchiveWriter::addMember(const ArchiveMember& like, QIODevice& content)
     if (Outcome begun = begin(like, like.extra, like.flags & kUtf8NameFlag, Z_DEFLATED, false);
         !begun)
         return begun;
+    m_device.startSum(); // closing the member moves back to its header
     Outcome written = writeContent(content);
     Outcome closed = checked(zipCloseFileInZip(m_archive.get()) == ZIP_OK);
     return written ? closed : written;

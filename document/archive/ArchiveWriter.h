@@ -27,8 +27,9 @@ public:
     /// are those of the content, and of the flags only the one for UTF-8 names counts.
     Outcome addMember(const ArchiveMember& like, QIODevice& content);
 
-    /// CRC of the content that was added last.
+    /// CRCs of the content that was added last and of its compressed bytes.
     [[nodiscard]] quint32 contentCrc() const { return m_contentCrc; }
+    [[nodiscard]] quint32 rawCrc() const { return m_device.writtenCrc(); }
 
     /// Appends a folder, stored and without data, with the name and attributes of `like`.
     Outcome addFolder(const ArchiveMember& like);

@@ -106,8 +106,9 @@ OpenedPackage::Attempt OpenedPackage::write(QIODevice& target, const QString& fo
     return {outcome, saver.foundDamage(), saver.written()};
 }
 
-/// Reads what was written, so that the next save knows what is on the disk. Where that fails, the
-/// next save tries again.
+/// Reads the directory that was written, so that the next save knows where the members are. Where
+/// that fails, the next save tries again. The checksums are those of what was written: by now, the
+/// disk may have something else.
 void OpenedPackage::remember()
 {
     m_identity.reset(); // until everything is known about the new archive
@@ -116,15 +117,13 @@ void OpenedPackage::remember()
     if (!openToRead(file) || !readDirectory(file, directory) ||
         directory.members.size() != m_unread.size())
         return;
-    ArchiveReader reader(file, directory.members);
     std::vector<UnpackedMember> members;
     for (std::size_t i = 0; i < m_unread.size(); ++i) {
         const WrittenMember& written = m_unread[i];
         const ArchiveMember& record = directory.members[i];
-        const std::optional<quint32> crc = written.rawCrc ? written.rawCrc : reader.rawCrc(i);
-        if (!crc || record.rawName != written.rawName || record.crc != written.crc)
+        if (record.rawName != written.rawName || record.crc != written.crc)
             return;
-        members.push_back({record, written.path, true, *crc});
+        members.push_back({record, written.path, true, written.rawCrc});
     }
     m_identity = identityOf(file);
     m_members = std::move(members);

@@ -94,7 +94,7 @@ Outcome PackageSaver::writeMember(std::size_t index)
     if (canCopy(index))
         return copy(index);
     if (member.record.isFolder()) {
-        m_written.push_back({member.record.rawName, {}, 0, {}});
+        m_written.push_back({member.record.rawName, {}, 0, 0});
         return m_writer.addFolder(member.record);
     }
     // Another member has the file of this one, so only the archive has its content.
@@ -230,7 +230,7 @@ Outcome PackageSaver::deflate(const ArchiveMember& like, const QString& path, QI
     header.externalAttributes &= ~kDosFolder; // an empty file would open as a folder
     header.extra = withoutExtraFields(like.extra, {kUnixTimes, kFormerUnixTimes, kNtfsTimes});
     Outcome added = m_writer.addMember(header, content);
-    m_written.push_back({like.rawName, path, m_writer.contentCrc(), {}});
+    m_written.push_back({like.rawName, path, m_writer.contentCrc(), m_writer.rawCrc()});
     return added;
 }
 

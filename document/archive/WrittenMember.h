@@ -3,13 +3,11 @@
 #include <QByteArray>
 #include <QString>
 
-#include <optional>
-
 /// A member as it was written.
 struct WrittenMember
 {
     QByteArray rawName;
     QString path; ///< as in UnpackedMember
     quint32 crc = 0;
-    std::optional<quint32> rawCrc; ///< of the compressed bytes, where it is known
+    quint32 rawCrc = 0; ///< of the compressed bytes
 };

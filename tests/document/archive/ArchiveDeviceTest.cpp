@@ -47,3 +47,22 @@ TEST_F(ArchiveDeviceTest, RefusesAPlaceBeforeTheStartWithoutAFailureOfTheDevice)
     EXPECT_EQ(tell(), 2U);
     EXPECT_FALSE(m_device.failed());
 }
+
+TEST_F(ArchiveDeviceTest, SumsWhatIsWrittenUpToTheNextMove)
+{
+    m_buffer.close();
+    m_buffer.open(QIODevice::ReadWrite);
+    const auto write = [this](const char* bytes) {
+        m_hooks.zwrite_file(m_hooks.opaque, nullptr, bytes, qstrlen(bytes));
+    };
+    write("header");
+    m_device.startSum();
+    write("12345");
+    write("6789");
+    EXPECT_EQ(m_device.writtenCrc(), 0xcbf43926U);
+    EXPECT_EQ(seek(0, ZLIB_FILEFUNC_SEEK_SET), 0);
+    write("header");
+    EXPECT_EQ(m_device.writtenCrc(), 0xcbf43926U);
+    m_device.startSum();
+    EXPECT_EQ(m_device.writtenCrc(), 0U);
+}

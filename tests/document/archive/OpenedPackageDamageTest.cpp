@@ -196,6 +196,27 @@ TEST_F(OpenedPackageTest, NeverTrustsWhatItCopies)
     EXPECT_EQ(members, m_before.members()) << "all others are copied";
 }
 
+TEST_F(OpenedPackageTest, DoesNotTrustWhatItCouldNotReadRightAfterASave)
+{
+    EXPECT_TRUE(runUnprivileged([] {
+        const QTemporaryDir world(openFolderTemplate());
+        const QString path = world.filePath(QStringLiteral("a.zconf2"));
+        const QString folder = world.filePath(QStringLiteral("unpacked"));
+        OpenedPackage package;
+        bool right = writeFile(path, RawArchive::build({Member{"x", "old"}})) &&
+                     package.unpack(path, folder) &&
+                     writeFile(folder + QStringLiteral("/x"), "edited") &&
+                     QFile::setPermissions(path, QFile::WriteOwner) && package.save(folder, path) &&
+                     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+        QByteArray damaged = readFile(path);
+        const qsizetype data = damaged.indexOf(RawArchive::deflated("edited"));
+        right = right && data > 0;
+        damaged[data + 2] = static_cast<char>(~damaged[data + 2]);
+        right = right && writeFile(path, damaged) && package.save(folder, path);
+        return right && SavedArchive(path).isWhole() && SavedArchive(path).content(0) == "edited";
+    }));
+}
+
 TEST_F(OpenedPackageTest, FailsWhenDamageHitsAMemberWithoutAFile)
 {
     openRich();
