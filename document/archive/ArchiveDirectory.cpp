@@ -163,5 +163,6 @@ QByteArray withoutExtraFields(const QByteArray& extra, std::initializer_list<qui
         parsed = start + size;
         return false;
     });
-    return kept + extra.mid(parsed);
+    const QByteArray rest = extra.mid(parsed);
+    return rest.count('\0') == rest.size() ? kept + rest : kept;
 }

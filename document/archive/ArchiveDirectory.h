@@ -46,7 +46,8 @@ struct ArchiveDirectory
 /// ArchiveLimits.h) or when the device fails.
 Outcome readDirectory(QIODevice& device, ArchiveDirectory& directory);
 
-/// Extra fields without those of the kinds given. What does not parse is kept.
+/// Extra fields without those of the kinds given. What follows the last field is kept when it is
+/// padding, all zeros; other tools refuse an archive for anything else there.
 [[nodiscard]] QByteArray withoutExtraFields(const QByteArray& extra,
                                             std::initializer_list<quint16> kinds);
 /// The external attribute that marks a folder; it counts for a member without content only.

@@ -73,6 +73,25 @@ TEST_F(OpenedPackageTest, WritesAnewWhatDoesNotEndWithItsContent)
     EXPECT_EQ(m_after.members().back(), m_before.members().back());
 }
 
+TEST_F(OpenedPackageTest, DropsExtraFieldsThatDoNotParse)
+{
+    const QByteArray field("xx\1\0y", 5);
+    Member tooLong{"long", "content"};
+    tooLong.otherField = field + "tooLong";
+    Member tooShort{"short", "content"};
+    tooShort.otherField = field + "\1\2\3";
+    Member padded{"padded", "content"};
+    padded.otherField = field + QByteArray(3, '\0');
+    open(RawArchive::build({tooLong, tooShort, padded}));
+    save(m_other);
+    EXPECT_EQ(m_after.members(), m_before.members());
+    const QByteArray bytes = readFile(m_other);
+    EXPECT_FALSE(bytes.contains("tooLong"));
+    EXPECT_FALSE(bytes.contains("\1\2\3"));
+    EXPECT_EQ(bytes.count(field), 6);
+    EXPECT_EQ(bytes.count(padded.otherField), 2);
+}
+
 TEST_F(OpenedPackageTest, WritesAFileWithTheAttributeOfAFolderAsAFile)
 {
     Member unreadable{"a", "content", RawArchive::kDeflate};
