@@ -70,9 +70,11 @@ Outcome OpenedPackage::save(const QString& folder, const QString& destination)
 {
     if (Outcome ensured = ensureFolder(folder); !ensured)
         return ensured;
-    const std::optional<QStringList> files = filesBelow(folder);
+    std::optional<QStringList> files = filesBelow(folder);
     if (!files)
         return Outcome::failure(ArchiveText::tr("The folder \"%1\" cannot be read").arg(folder));
+    // Saved into the folder, each package would contain the one before.
+    files->removeAll(QFileInfo(destination).absoluteFilePath());
     if (!m_unread.empty())
         remember();
     Outcome outcome;

@@ -35,9 +35,10 @@ public:
     ///
     /// Members that have not changed are copied with all that the archive says about them, in their
     /// order. A changed file is deflated anew with the current date, a new one is added at the end
-    /// unless it is hidden, a missing one is copied from the archive. When the archive is gone, has
-    /// changed or has damage that the folder does not make up for, all comes from the folder, and a
-    /// file missing there is a failure. On failure `destination` is unchanged.
+    /// unless it is hidden or `destination` itself, a missing one is copied from the archive. When
+    /// the archive is gone, has changed or has damage that the folder does not make up for, all
+    /// comes from the folder, and a file missing there is a failure. On failure `destination` is
+    /// unchanged.
     Outcome save(const QString& folder, const QString& destination);
 
 private:

@@ -78,6 +78,15 @@ TEST_F(OpenedPackageTest, AddsNewFilesAtTheEndButNoHiddenOnes)
     EXPECT_EQ(members, m_before.members());
 }
 
+TEST_F(OpenedPackageTest, SavesNoPackageIntoItself)
+{
+    openRich();
+    for (int i = 0; i < 2; ++i) {
+        save(inFolder("saved.zconf2"));
+        EXPECT_EQ(m_after.members(), m_before.members());
+    }
+}
+
 TEST_F(OpenedPackageTest, TakesFromThePackageWhatVanishedFromTheFolder)
 {
     openRich();
