@@ -16,7 +16,46 @@ constexpr int kMinimumWidth = 120;
 constexpr int kMaximumWidth = 180;
 constexpr QSize kThumbnailSize{120, 72};
 constexpr int kRowSpacing = 4;
-constexpr int kImageRole = Qt::UserRole; // QPixmap::cacheKey of the page's image
+
+/// Formats the texts of tool tip and assistive technology when they are queried, which is rare.
+class PageRow : public QListWidgetItem
+{
+public:
+    explicit PageRow(const DashPage& page)
+        : QListWidgetItem(page.name),
+          m_image(page.image.cacheKey())
+    {
+        describe(page);
+    }
+
+    /// Whether the row shows that name and image.
+    [[nodiscard]] bool shows(const DashPage& page) const
+    {
+        return text() == page.name && m_image == page.image.cacheKey();
+    }
+
+    void describe(const DashPage& page)
+    {
+        m_size = {page.width, page.height};
+        m_elements = page.elements.size();
+    }
+
+    [[nodiscard]] QVariant data(int role) const override
+    {
+        if (role == Qt::ToolTipRole)
+            return literalToolTip(text());
+        if (role == Qt::AccessibleDescriptionRole)
+            return PageListPanel::tr("%1 x %2 pixels, %3 elements")
+                .arg(QString::number(m_size.width()), QString::number(m_size.height()),
+                     QString::number(m_elements));
+        return QListWidgetItem::data(role);
+    }
+
+private:
+    qint64 m_image; // QPixmap::cacheKey
+    QSize m_size;
+    std::size_t m_elements = 0;
+};
 
 /// Shows the name below the thumbnail: next to it, the narrow list has no room for it.
 class PageRowDelegate : public QStyledItemDelegate
@@ -54,15 +93,11 @@ void PageListPanel::setPages(const std::vector<DashPage>& pages)
     clear();
     const Thumbnails former = std::exchange(m_thumbnails, {});
     for (const DashPage& page : pages) {
-        const QString& name = page.name;
-        auto* const item = new QListWidgetItem(name);
-        item->setToolTip(literalToolTip(name));
-        item->setData(kImageRole, page.image.cacheKey());
+        auto* const row = new PageRow(page);
         if (!page.image.isNull())
-            item->setIcon(thumbnail(page.image, former));
-        addItem(item);
+            row->setIcon(thumbnail(page.image, former));
+        addItem(row);
     }
-    describe(pages);
     if (!pages.empty())
         setCurrentRow(0);
 }
@@ -70,34 +105,14 @@ void PageListPanel::setPages(const std::vector<DashPage>& pages)
 void PageListPanel::refresh(const std::vector<DashPage>& pages, int current)
 {
     const QSignalBlocker quiet(this);
-    if (shows(pages))
-        describe(pages);
-    else
+    const auto update = [this, row = 0](const DashPage& page) mutable {
+        auto* const shown = static_cast<PageRow*>(item(row++));
+        shown->describe(page);
+        return shown->shows(page);
+    };
+    if (std::ssize(pages) != count() || !std::all_of(pages.begin(), pages.end(), update))
         setPages(pages);
     setCurrentRow(std::clamp(current, 0, std::max(count() - 1, 0)));
-}
-
-bool PageListPanel::shows(const std::vector<DashPage>& pages) const
-{
-    int row = 0;
-    return std::ssize(pages) == count() &&
-           std::all_of(pages.begin(), pages.end(), [&](const DashPage& page) {
-               const QListWidgetItem* const shown = item(row++);
-               return shown->text() == page.name &&
-                      shown->data(kImageRole).toLongLong() == page.image.cacheKey();
-           });
-}
-
-/// For assistive technology, which reads the name from the row's text.
-void PageListPanel::describe(const std::vector<DashPage>& pages)
-{
-    int row = 0;
-    for (const DashPage& page : pages) {
-        item(row++)->setData(Qt::AccessibleDescriptionRole,
-                             tr("%1 x %2 pixels, %3 elements")
-                                 .arg(QString::number(page.width), QString::number(page.height),
-                                      QString::number(page.elements.size())));
-    }
 }
 
 QIcon PageListPanel::thumbnail(const QPixmap& image, const Thumbnails& former)

@@ -37,8 +37,6 @@ protected:
 private:
     using Thumbnails = QHash<qint64, QIcon>; // by QPixmap::cacheKey
 
-    [[nodiscard]] bool shows(const std::vector<DashPage>& pages) const;
-    void describe(const std::vector<DashPage>& pages);
     /// Reuses the former thumbnail of an unchanged image instead of scaling again.
     QIcon thumbnail(const QPixmap& image, const Thumbnails& former);
 

@@ -124,8 +124,10 @@ void expectTranslatedWindow(const QWidget& window)
     for (const QAction* const action : window.findChildren<QAction*>())
         expectTranslated(action->text(), *action);
     for (const QListWidget* const list : window.findChildren<QListWidget*>()) {
-        for (int row = 0; row < list->count(); ++row)
-            expectTranslated(list->item(row)->text(), *list);
+        for (int row = 0; row < list->count(); ++row) {
+            for (const int role : {Qt::DisplayRole, Qt::AccessibleDescriptionRole})
+                expectTranslated(list->item(row)->data(role).toString(), *list);
+        }
     }
 }
 
