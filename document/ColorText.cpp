@@ -1,27 +1,22 @@
 #include "document/ColorText.h"
 
-#include <algorithm>
+#include <charconv>
 
 namespace {
 
 constexpr int kPrefixLength = 2;
 constexpr int kDigitCount = 8;
 
-bool isHexDigit(QChar c)
-{
-    const char16_t u = c.toLower().unicode();
-    return (u >= u'0' && u <= u'9') || (u >= u'a' && u <= u'f');
-}
-
 } // namespace
 
 QColor ColorText::parse(const QString& text)
 {
-    // toUInt alone would also take blanks, signs and another prefix.
-    const QString digits = text.mid(kPrefixLength);
-    if (digits.size() != kDigitCount || !std::all_of(digits.begin(), digits.end(), isHexDigit))
+    const QByteArray digits = QStringView(text).mid(kPrefixLength).toLatin1();
+    QRgb value = 0;
+    const auto [end, error] = std::from_chars(digits.begin(), digits.end(), value, 16);
+    if (digits.size() != kDigitCount || end != digits.end())
         return {};
-    return QColor::fromRgba(digits.toUInt(nullptr, 16));
+    return QColor::fromRgba(value);
 }
 
 QString ColorText::format(const QColor& color)

@@ -124,7 +124,7 @@ Outcome DashboardDocument::readOverlay(const QString& path)
         return Outcome::failure(DocumentText::tr("The overlay has more than 100,000 pages"));
     m_pages.clear();
     m_overlayXml = std::move(parsed);
-    m_images = {};
+    m_images = PageImages(QFileInfo(m_overlayPath).path());
 
     int ordinal = 0;
     for (const pugi::xml_node child : XmlTree::objects(confNode())) {
@@ -187,7 +187,7 @@ pugi::xml_node DashboardDocument::pageNode(int index) const
 void DashboardDocument::readPage(pugi::xml_node node, int ordinal)
 {
     DashPage page = OverlayReader::readPage(node, ordinal);
-    m_images.load(page, OverlayReader::readImagePath(node), QFileInfo(m_overlayPath).path());
+    m_images.load(page);
     m_pages.push_back(std::move(page));
 }
 

@@ -23,26 +23,43 @@ std::optional<ElementKind> kindByClass(const char* className)
     return std::nullopt;
 }
 
-/// The first of the three classes decides the kind; the last object of a class decides its style,
-/// as a whole.
-void readKindAndStyles(pugi::xml_node node, DashElement& element)
+/// What counts among the objects of an element.
+struct Parts
 {
-    std::optional<ElementKind> kind;
-    pugi::xml_node lastDigit;
+    std::optional<ElementKind> kind; // by the first of the three classes
+    pugi::xml_node firstAxis;
+    pugi::xml_node lastDigit; // decides the style as a whole, like the last label
     pugi::xml_node lastLabel;
-    for (const pugi::xml_node child : XmlTree::objects(node)) {
+};
+
+Parts partsOf(pugi::xml_node element)
+{
+    Parts parts;
+    for (const pugi::xml_node child : XmlTree::objects(element)) {
         const char* const className = XmlTree::classOf(child);
-        if (!kind)
-            kind = kindByClass(className);
-        if (XmlTree::same(className, Class::kDigit))
-            lastDigit = child;
-        else if (XmlTree::same(className, Class::kLabel))
-            lastLabel = child;
+        if (!parts.kind)
+            parts.kind = kindByClass(className);
+        if (XmlTree::same(className, Class::kAxis)) {
+            if (!parts.firstAxis)
+                parts.firstAxis = child;
+        } else if (XmlTree::same(className, Class::kDigit)) {
+            parts.lastDigit = child;
+        } else if (XmlTree::same(className, Class::kLabel)) {
+            parts.lastLabel = child;
+        }
     }
-    element.kind = kind.value_or(ElementKind::Other);
-    element.hasLabel = !lastLabel.empty();
-    ElementFields::read(lastDigit, ElementFields::valueStyle(), element);
-    ElementFields::read(lastLabel, ElementFields::labelStyle(), element);
+    return parts;
+}
+
+DashElement readEditable(pugi::xml_node node, const Parts& parts)
+{
+    DashElement element;
+    element.kind = parts.kind.value_or(ElementKind::Other);
+    element.hasLabel = !parts.lastLabel.empty();
+    ElementFields::read(node, ElementFields::rectangle(), element);
+    ElementFields::read(parts.lastDigit, ElementFields::valueStyle(), element);
+    ElementFields::read(parts.lastLabel, ElementFields::labelStyle(), element);
+    return element;
 }
 
 } // namespace
@@ -66,6 +83,8 @@ DashPage OverlayReader::readPage(pugi::xml_node node, int ordinal)
             page.width = XmlTree::number(property);
         else if (XmlTree::same(key, Key::kHeight))
             page.height = XmlTree::number(property);
+        else if (XmlTree::same(key, Key::kPathImage))
+            page.imagePath = XmlTree::text(property);
     }
     page.elements = readElements(node);
     return page;
@@ -92,20 +111,17 @@ std::vector<DashElement> OverlayReader::readElements(pugi::xml_node page)
 
 DashElement OverlayReader::readElement(pugi::xml_node node)
 {
-    DashElement element = readEditable(node);
+    const Parts parts = partsOf(node);
+    DashElement element = ::readEditable(node, parts);
     element.node = node;
     element.name = XmlTree::decoded(node.attribute(XmlTree::kName).as_string());
-    ElementFields::read(XmlTree::firstObject(node, Class::kAxis), ElementFields::channel(),
-                        element);
+    ElementFields::read(parts.firstAxis, ElementFields::channel(), element);
     return element;
 }
 
 DashElement OverlayReader::readEditable(pugi::xml_node node)
 {
-    DashElement element;
-    ElementFields::read(node, ElementFields::rectangle(), element);
-    readKindAndStyles(node, element);
-    return element;
+    return ::readEditable(node, partsOf(node));
 }
 
 void OverlayReader::readDisplaySize(pugi::xml_node conf, TargetDevice& device)

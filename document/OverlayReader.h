@@ -13,7 +13,8 @@ namespace OverlayReader {
 /// The configuration object that holds the pages, or an empty node.
 [[nodiscard]] pugi::xml_node confNode(const pugi::xml_document& overlayXml);
 
-/// The record of a page object with its elements, without its background image.
+/// The record of a page object with its elements, without its background image. Its imagePath is
+/// the path as the file has it.
 [[nodiscard]] DashPage readPage(pugi::xml_node node, int ordinal);
 
 /// The image path of a page object as the file has it; empty when there is none.

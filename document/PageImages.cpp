@@ -49,13 +49,14 @@ QImage scaledTo(const QImage& image, const QSize& size)
 
 } // namespace
 
-void PageImages::load(DashPage& page, const QString& rawPath, const QString& overlayFolder)
+void PageImages::load(DashPage& page)
 {
+    const QString rawPath = std::exchange(page.imagePath, {});
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         return;
     if (!rawPath.isEmpty() && loadFile(page, FixedPaths::imageRoot() + rawPath))
         return;
-    static_cast<void>(loadFile(page, overlayFolder + u'/' + QString::number(page.index) +
+    static_cast<void>(loadFile(page, m_overlayFolder + u'/' + QString::number(page.index) +
                                          QStringLiteral(".png")));
 }
 

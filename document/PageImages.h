@@ -7,6 +7,8 @@
 #include <QPixmap>
 #include <QString>
 
+#include <utility>
+
 class QImage;
 class QImageReader;
 class QSize;
@@ -16,11 +18,14 @@ class QSize;
 class PageImages
 {
 public:
-    /// Sets imagePath and image of the page: the file rawPath below the maker's image folder, else
-    /// the one in overlayFolder that has the page's number. An image that cannot be read is null;
-    /// one that is too large to be decoded is null and not replaced by the other file. Does nothing
-    /// without a QGuiApplication, because a pixmap needs one.
-    void load(DashPage& page, const QString& rawPath, const QString& overlayFolder);
+    explicit PageImages(QString overlayFolder = {}) : m_overlayFolder(std::move(overlayFolder)) {}
+
+    /// Sets the image of the page: the file imagePath below the maker's image folder, else the one
+    /// in the overlay's folder that has the page's number. imagePath becomes the path of that file,
+    /// empty if there is none. An image that cannot be read is null; one that is too large to be
+    /// decoded is null and not replaced by the other file. Loads nothing without a QGuiApplication,
+    /// because a pixmap needs one.
+    void load(DashPage& page);
 
 private:
     [[nodiscard]] bool loadFile(DashPage& page, const QString& candidate);
@@ -28,6 +33,7 @@ private:
     [[nodiscard]] QImage decodeReduced(QImageReader& reader);
     [[nodiscard]] QSize reducedSize(const QSize& size) const;
 
+    QString m_overlayFolder;
     QHash<QString, QPixmap> m_decoded; // by canonical path
     qint64 m_pixelsLeft = DocumentLimits::kImagePixels;
     qint64 m_reducedPixelsLeft = DocumentLimits::kReducedImagePixels;

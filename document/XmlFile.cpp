@@ -30,20 +30,18 @@ void keepFirstPiece(pugi::xml_node property)
         property.remove_child(value.next_sibling());
 }
 
-/// Visits every node of a parsed tree. Stops at an element that is nested too deeply, before
-/// anything recurses into it.
-class Intake : public pugi::xml_tree_walker
+/// Prepares the tree below node. False when elements are nested more than `levels` deep.
+bool prepare(pugi::xml_node node, int levels)
 {
-public:
-    bool for_each(pugi::xml_node& node) override
-    {
-        if (node.type() == pugi::node_element && depth() >= DocumentLimits::kXmlLevels)
+    int children = 0;
+    for (auto child = node.first_child(); child; child = child.next_sibling(), ++children) {
+        if (child.type() == pugi::node_element && (levels == 0 || !prepare(child, levels - 1)))
             return false;
-        if (XmlTree::same(node.name(), XmlTree::kProperty))
-            keepFirstPiece(node);
-        return true;
     }
-};
+    if (children > 1 && XmlTree::same(node.name(), XmlTree::kProperty))
+        keepFirstPiece(node);
+    return true;
+}
 
 /// Passes the library's output on to a device. The library writes a carriage return in a text as it
 /// is, which would be a line feed when read again.
@@ -90,8 +88,7 @@ Outcome loadXmlFile(const QString& path, pugi::xml_document& document)
             DocumentText::tr("\"%1\" cannot be read: %2").arg(name, file.errorString()));
     if (!document.load_buffer_inplace_own(content.release(), size, kParseOptions))
         return Outcome::failure(DocumentText::tr("\"%1\" is not well-formed XML").arg(name));
-    Intake intake;
-    if (!document.traverse(intake))
+    if (!prepare(document, DocumentLimits::kXmlLevels))
         return Outcome::failure(DocumentText::tr("\"%1\" is nested too deeply").arg(name));
     return {};
 }

@@ -14,7 +14,9 @@ namespace {
 
 bool isBlank(const char* bytes)
 {
-    return bytes[std::strspn(bytes, " \t\r\n")] == '\0';
+    while (*bytes == ' ' || *bytes == '\t' || *bytes == '\r' || *bytes == '\n')
+        ++bytes;
+    return *bytes == '\0';
 }
 
 void replaceContent(pugi::xml_node property, const char* bytes)
