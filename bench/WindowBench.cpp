@@ -1,6 +1,6 @@
-// The insert dialog on a large document and the page list after an undo, each beside the filling of
-// a list widget with ready texts and icons, which is the least that any program with this toolkit
-// would have to do.
+// The insert dialog on a large document and the page list after a page came or went, each next to
+// filling a list widget with ready texts and icons, which is the least that any program with this
+// toolkit would have to do.
 
 #include "app/PageListPanel.h"
 #include "dialogs/AddElementDialog.h"
