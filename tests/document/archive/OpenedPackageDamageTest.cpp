@@ -82,7 +82,9 @@ TEST_F(OpenedPackageTest, DropsExtraFieldsThatDoNotParse)
     tooShort.otherField = field + "\1\2\3";
     Member padded{"padded", "content"};
     padded.otherField = field + QByteArray(3, '\0');
-    open(RawArchive::build({tooLong, tooShort, padded}));
+    Member empty{"empty", "content"};
+    empty.otherField = QByteArray("zz\0\0", 4);
+    open(RawArchive::build({tooLong, tooShort, padded, empty}));
     save(m_other);
     EXPECT_EQ(m_after.members(), m_before.members());
     const QByteArray bytes = readFile(m_other);
@@ -90,6 +92,7 @@ TEST_F(OpenedPackageTest, DropsExtraFieldsThatDoNotParse)
     EXPECT_FALSE(bytes.contains("\1\2\3"));
     EXPECT_EQ(bytes.count(field), 6);
     EXPECT_EQ(bytes.count(padded.otherField), 2);
+    EXPECT_EQ(bytes.count(empty.otherField), 2) << "a header alone is a field";
 }
 
 TEST_F(OpenedPackageTest, WritesAFileWithTheAttributeOfAFolderAsAFile)
