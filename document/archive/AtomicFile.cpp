@@ -6,13 +6,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <QTemporaryFile>
-
-#include <filesystem>
-#include <system_error>
 
 #ifdef Q_OS_UNIX
+#include <QTemporaryFile>
+
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 #include <unistd.h>
 #endif
 
@@ -80,6 +80,8 @@ Outcome writeInPlace(const QString& path, const QSaveFile& sibling, const Conten
     return file.exists() ? writeInPlace(file, write) : failureOf(sibling);
 }
 
+#ifdef Q_OS_UNIX
+
 /// QSaveFile always waits for the disk. False when anything fails; then nothing has changed.
 bool renameUnflushed(const QString& path, const ContentWriter& write)
 {
@@ -95,13 +97,19 @@ bool renameUnflushed(const QString& path, const ContentWriter& write)
     return !error;
 }
 
+#endif
+
 } // namespace
 
 Outcome replaceFileUnflushed(const QString& path, const ContentWriter& write)
 {
+#ifdef Q_OS_UNIX // Windows renames no open file, and QTemporaryFile keeps its file open
     const QFileInfo destination(path);
     const bool plain = destination.isFile() && !destination.isSymLink();
-    return plain && renameUnflushed(path, write) ? Outcome() : replaceFile(path, write);
+    if (plain && renameUnflushed(path, write))
+        return {};
+#endif
+    return replaceFile(path, write);
 }
 
 Outcome replaceFile(const QString& path, const ContentWriter& write)

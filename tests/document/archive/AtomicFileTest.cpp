@@ -371,6 +371,17 @@ TEST_F(AtomicFileTest, ReplacesAFileThatAnotherProgramHoldsOpenAndShares)
     EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
 }
 
+TEST_F(AtomicFileTest, LeavesNoSiblingOfAReadOnlyFile)
+{
+    writeFile(m_path, "old");
+    for (const auto replace : {replaceFile, replaceFileUnflushed}) {
+        ASSERT_TRUE(QFile::setPermissions(m_path, QFile::ReadOwner | QFile::ReadUser));
+        static_cast<void>(replace(m_path, content("new"))); // an administrator may write it
+        EXPECT_EQ(names(), QStringList(QStringLiteral("file")));
+    }
+    QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner);
+}
+
 TEST_F(AtomicFileTest, KeepsAReadOnlyFile)
 {
     writeFile(m_path, "old");
