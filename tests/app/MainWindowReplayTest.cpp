@@ -1,3 +1,4 @@
+#include "app/StartPath.h"
 #include "paths/FixedPaths.h"
 #include "tests/app/MainWindowFixture.h"
 #include "tests/support/PaintCounter.h"
@@ -58,7 +59,7 @@ TEST_F(MainWindowReplay, AsksForARecordingAndCancelChangesNothing)
     m_dialogs.expect<QFileDialog>([](QFileDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Load XRK Telemetry Data"));
         EXPECT_EQ(dialog.nameFilters(), QStringList{QStringLiteral("XRK Files (*.xrk)")});
-        EXPECT_EQ(dialog.directory(), QDir(FixedPaths::recordingFolder()));
+        EXPECT_EQ(dialog.directory(), QDir(nearestFolder(FixedPaths::recordingFolder())));
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     trigger("loadTelemetryAction");

@@ -112,12 +112,14 @@ TEST(CommandLine, ErrorsNameTheFile)
     expectRefused({u"show"_s, u"missing.zconf2"_s}, "missing.zconf2: There is no such file\n");
     expectRefused({u"show"_s, u"-"_s}, "gaugewright-cli: -: There is no such file\n");
     expectRefused({u"channels"_s, u"missing.xrk"_s}, "missing.xrk: There is no such file\n");
+#ifndef Q_OS_WIN // where no name holds a line feed
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"bad\n.zconf2"_s);
     ASSERT_TRUE(TestPackage::writeFile(path, "not an archive"));
     for (const QString& name : {u"show"_s, u"check"_s})
         expectRefused({name, path}, "/bad\\u000a.zconf2: ");
     expectRefused({u"diff"_s, path, path}, "/bad\\u000a.zconf2: ");
+#endif
 }
 
 TEST(CommandLine, NamesThatBeginWithADashFollowTwoDashes)

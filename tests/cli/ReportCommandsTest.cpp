@@ -1,6 +1,7 @@
 // show, diff, check and recover with packages made here: status, text and JSON.
 
 #include "tests/cli/RanCommand.h"
+#include "tests/support/FolderTools.h"
 #include "tests/support/PackageBuilder.h"
 
 #include <QJsonArray>
@@ -159,15 +160,15 @@ TEST_F(ReportCommands, RecoverMakesAPackageOfAFolder)
 
 TEST_F(ReportCommands, RecoverListsUnpackFolders)
 {
-    const QByteArray former = qgetenv("TMPDIR");
-    qputenv("TMPDIR", m_folder.path().toLocal8Bit());
+    const QByteArray former = qgetenv(FolderTools::kTempVariable);
+    qputenv(FolderTools::kTempVariable, m_folder.path().toLocal8Bit());
     const QString left = m_folder.filePath(u"Gaugewright-AbCdEf"_s);
     TestPackage::writeFolder(
         left, {{u"overlay.ov3.xml"_s,
                 TestPackage::overlayXml({page("Race", 800, 480), page("Pit", 800, 480)})}});
     const RanCommand text = runCommand({u"recover"_s});
     const RanCommand ran = runCommand({u"recover"_s, u"--format=json"_s});
-    qputenv("TMPDIR", former);
+    qputenv(FolderTools::kTempVariable, former);
     EXPECT_EQ(text.status, ExitStatus::Clean);
     EXPECT_TRUE(text.answer.contains(QByteArray(left.toUtf8() + " pages \"Race\", \"Pit\"\n")));
     const QJsonValue folder = ran.json()[u"folders"_s][0];

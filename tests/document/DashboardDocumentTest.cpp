@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 namespace {
 
 using TestPackage::Members;
@@ -372,7 +374,7 @@ TEST_F(DashboardDocumentTest, SaysWhyItCouldNotReadOrWriteAFile)
 
     EXPECT_FALSE(m_document.loadOverlay(path("missing.xml")));
     EXPECT_EQ(m_document.errorString(),
-              QStringLiteral("\"missing.xml\" cannot be read: No such file or directory"));
+              QStringLiteral("\"missing.xml\" cannot be read: ") + qt_error_string(ENOENT));
     ASSERT_TRUE(TestPackage::writeFile(path("other.aimcfg"), "<other/>"));
     EXPECT_FALSE(m_document.loadDeviceFile(path("other.aimcfg")));
     EXPECT_EQ(m_document.errorString(), QStringLiteral("There is no device in the device file"));

@@ -81,11 +81,19 @@ class PageImagesTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        if (QDir::isAbsolutePath(FixedPaths::imageRoot()))
-            GTEST_SKIP() << "would write into the maker's own folder";
-        ASSERT_TRUE(QDir::setCurrent(m_folder.path())); // the image root lies below it here
+        ASSERT_TRUE(QDir::setCurrent(m_folder.path())); // on Unix the image root is below it
+        if (QFileInfo::exists(makersFolder()))
+            GTEST_SKIP() << "this computer has the maker's own folder";
     }
-    void TearDown() override { QDir::setCurrent(m_oldFolder); }
+    void TearDown() override
+    {
+        if (!IsSkipped())
+            QDir(makersFolder()).removeRecursively();
+        QDir::setCurrent(m_oldFolder);
+    }
+
+    /// Of the fixed root of the images, the topmost folder.
+    static QString makersFolder() { return FixedPaths::imageRoot().section(u'/', 0, 1); }
 
     bool open(TestPackage::Members members, const QByteArray& pathImage = "Pictures/p1.png")
     {
@@ -183,7 +191,11 @@ TEST_F(PageImagesTest, ThePathIsAppendedAsItStands)
 {
     makeRootImage(png(11));
     ASSERT_TRUE(open({}, "x/../Pictures/p1.png"));
+#ifdef Q_OS_WIN // resolves names before it looks
+    EXPECT_FALSE(page(1).image.isNull());
+#else
     EXPECT_TRUE(page(1).image.isNull()) << "no folder x";
+#endif
     ASSERT_TRUE(open({}, "./Pictures//p1.png"));
     EXPECT_EQ(page(1).image.width(), 11);
     EXPECT_EQ(page(1).imagePath, FixedPaths::imageRoot() + QStringLiteral("./Pictures//p1.png"));

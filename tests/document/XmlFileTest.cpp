@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 namespace {
 
 class XmlFileTest : public testing::Test
@@ -61,7 +63,7 @@ TEST_F(XmlFileTest, SaysWhyAFileCannotBeRead)
 {
     const QString missing = m_folder.filePath(QStringLiteral("missing"));
     EXPECT_EQ(loadXmlFile(missing, m_document).reason(),
-              QStringLiteral("\"missing\" cannot be read: No such file or directory"));
+              QStringLiteral("\"missing\" cannot be read: ") + qt_error_string(ENOENT));
     EXPECT_FALSE(loadXmlFile(m_folder.path(), m_document)) << "a folder";
     EXPECT_FALSE(loadXmlFile({}, m_document));
 }

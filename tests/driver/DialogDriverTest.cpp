@@ -1,5 +1,6 @@
 #include "driver/DialogDriver.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -77,10 +78,11 @@ TEST_F(DialogDriverTest, ClosesAndReportsADialogOfAnotherClass)
 
 TEST_F(DialogDriverTest, ChoosesAFileByItsPath)
 {
-    m_driver.chooseFile(QStringLiteral("/somewhere/new.zconf2"));
+    const QString file = QDir::rootPath() + QStringLiteral("somewhere/new.zconf2");
+    m_driver.chooseFile(file);
     QFileDialog dialog;
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     EXPECT_EQ(dialog.exec(), QDialog::Accepted);
-    EXPECT_EQ(dialog.selectedFiles(), QStringList{QStringLiteral("/somewhere/new.zconf2")});
+    EXPECT_EQ(dialog.selectedFiles(), QStringList{file});
     EXPECT_EQ(m_reports, QStringList());
 }

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
 #endif
@@ -31,15 +33,18 @@ protected:
 
 TEST_F(FolderArchiveTest, NamesMembersByTheirPaths)
 {
-    TestPackage::writeFolder(m_folder.path(),
-                             {{QStringLiteral(":a"), "1"}, {QStringLiteral("b/.c"), "2"}});
+#ifdef Q_OS_WIN // no file has a colon in its name
+    const QString first = QStringLiteral("a");
+#else
+    const QString first = QStringLiteral(":a");
+#endif
+    const TestPackage::Members files{{first, "1"}, {QStringLiteral("b/.c"), "2"}};
+    TestPackage::writeFolder(m_folder.path(), files);
     QFile target(m_folder.filePath(QStringLiteral("archive")));
     ASSERT_TRUE(target.open(QIODevice::WriteOnly));
-    ASSERT_TRUE(writeFolderArchive(target, m_folder.path(),
-                                   {QStringLiteral(":a"), QStringLiteral("b/.c")}));
+    ASSERT_TRUE(writeFolderArchive(target, m_folder.path(), {first, QStringLiteral("b/.c")}));
     target.close();
-    const TestPackage::Members expected{{QStringLiteral(":a"), "1"}, {QStringLiteral("b/.c"), "2"}};
-    EXPECT_EQ(TestPackage::readPackage(target.fileName()), expected);
+    EXPECT_EQ(TestPackage::readPackage(target.fileName()), files);
 }
 
 TEST_F(FolderArchiveTest, NamesTheFileThatCannotBeRead)
@@ -47,7 +52,7 @@ TEST_F(FolderArchiveTest, NamesTheFileThatCannotBeRead)
     ASSERT_TRUE(TestPackage::writeFile(m_folder.filePath(QStringLiteral("a")), "1"));
     const QString missing = m_folder.filePath(QStringLiteral("missing"));
     EXPECT_EQ(reasonFor({QStringLiteral("a"), QStringLiteral("missing")}),
-              QStringLiteral("\"%1\" cannot be read: No such file or directory").arg(missing));
+              QStringLiteral("\"%1\" cannot be read: %2").arg(missing, qt_error_string(ENOENT)));
 }
 
 #ifdef Q_OS_UNIX
