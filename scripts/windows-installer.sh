@@ -62,8 +62,8 @@ check_installer() {
     local installer=$1
     shift
     mkdir -p "$WINEPREFIX"
-    wineserver -p # starting it anew for each query takes seconds
-    wineboot --init >/dev/null 2>&1
+    "${as_user[@]}" wineserver -p # starting it anew for each query takes seconds
+    wine wineboot --init >/dev/null 2>&1
     [ -z "$(traces)" ] || die "Wine's prefix is not new: $(traces)"
     wine "$installer" /S
     expect_registration

@@ -2,6 +2,15 @@
 # Running programs for Windows under Wine, on a display of its own; sourced after make_scratch, which
 # gives Wine a prefix of its own.
 
+# Wine leaves it to this system which files may be written, and root may write all: do without that right.
+right_to_write_all=-dac_override,-dac_read_search
+as_user=(env)
+if [ "$(id -u)" -eq 0 ] && setpriv --bounding-set "$right_to_write_all" true 2>/dev/null; then
+    as_user=(setpriv --bounding-set "$right_to_write_all")
+fi
+
+wine() { "${as_user[@]}" wine "$@"; }
+
 # use_build_libraries: lets programs in the build find the libraries that an installed one has in its folder.
 use_build_libraries() {
     local library dll
@@ -29,9 +38,10 @@ show_display() {
     trap 'kill "$display_server" 2>/dev/null || true; remove_scratch' EXIT
 }
 
-# windows_path PATH: as programs for Windows spell it.
-windows_path() {
-    winepath -w "$1" 2>/dev/null
+# use_fonts: gives programs on the platform "offscreen" fonts; Qt's libraries for Windows bring none. Wine
+# keeps Qt's variables to itself, so this one goes into the registry.
+use_fonts() {
+    wine reg add 'HKCU\Environment' /v QT_QPA_FONTDIR /d 'Z:\usr\share\fonts\truetype\dejavu' /f >/dev/null
 }
 
 # shows_window TITLE: whether a window with that title comes up within a minute.
