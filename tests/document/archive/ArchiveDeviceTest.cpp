@@ -53,7 +53,7 @@ TEST_F(ArchiveDeviceTest, SumsWhatIsWrittenUpToTheNextMove)
     m_buffer.close();
     m_buffer.open(QIODevice::ReadWrite);
     const auto write = [this](const char* bytes) {
-        m_hooks.zwrite_file(m_hooks.opaque, nullptr, bytes, qstrlen(bytes));
+        m_hooks.zwrite_file(m_hooks.opaque, nullptr, bytes, static_cast<uLong>(qstrlen(bytes)));
     };
     write("header");
     m_device.startSum();
