@@ -22,6 +22,6 @@ using ContentWriter = std::function<Outcome(QIODevice&)>;
 /// @return the system's reason where a system call failed, else the reason that `write` gave.
 Outcome replaceFile(const QString& path, const ContentWriter& write);
 
-/// Like replaceFile, on Unix without waiting for the disk: the new content outlives the program, but
-/// maybe not a power cut.
+/// Like replaceFile, on Unix without waiting for the disk: the new content outlives the program,
+/// but maybe not a power cut.
 Outcome replaceFileUnflushed(const QString& path, const ContentWriter& write);
