@@ -318,7 +318,7 @@ TEST_F(ElementPainterLive, EveryShownChannelIsTracedOnceARun)
     for (int i = 0; i < 3; ++i)
         EXPECT_FALSE(picture().isNull());
     QFile file(FixedPaths::channelTraceFile());
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Text));
     EXPECT_EQ(file.readAll(), "OVERLAY: \"water_temp\"  ->  XRK: \"Water Temp\"\n"
                               "OVERLAY: \"zzz\"  ->  XRK: \"NO MATCH\"\n");
 }
