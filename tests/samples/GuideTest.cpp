@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -43,20 +44,15 @@ std::set<QString> picturesOf(const QString& document)
     return pictures;
 }
 
-std::set<QString> picturesOfTheTour()
+std::set<QString> filesIn(const QString& folder)
 {
-    QProcess tour;
-    tour.start(QStringLiteral(TOUR), {QStringLiteral("--list")});
-    EXPECT_TRUE(tour.waitForFinished());
-    const QStringList lines =
-        QString::fromUtf8(tour.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
-    return {lines.begin(), lines.end()};
+    const QStringList names = QDir(folder).entryList(QDir::Files);
+    return {names.begin(), names.end()};
 }
 
 std::set<QString> keptPictures()
 {
-    const QStringList names = QDir(pathOf(QStringLiteral("docs/images"))).entryList(QDir::Files);
-    return {names.begin(), names.end()};
+    return filesIn(pathOf(QStringLiteral("docs/images")));
 }
 
 class Guide : public testing::TestWithParam<const char*>
@@ -67,13 +63,9 @@ protected:
 
 } // namespace
 
-TEST_P(Guide, showsPicturesThatTheTourTakes)
+TEST_P(Guide, showsPictures)
 {
-    const std::set<QString> taken = picturesOfTheTour();
-    const std::set<QString> shown = picturesOf(m_document);
-    EXPECT_FALSE(shown.empty());
-    for (const QString& picture : shown)
-        EXPECT_TRUE(taken.contains(picture)) << picture.toStdString();
+    EXPECT_FALSE(picturesOf(m_document).empty());
 }
 
 TEST_P(Guide, linksToFilesThatExist)
@@ -90,6 +82,15 @@ TEST(GuidePictures, areAllShownSomewhere)
     std::set<QString> shown = picturesOf(QStringLiteral("README.md"));
     shown.merge(picturesOf(QStringLiteral("docs/user-guide.md")));
     EXPECT_EQ(keptPictures(), shown);
+}
+
+TEST(GuidePictures, areThoseThatTheTourTakes)
+{
+    const QTemporaryDir folder;
+    ASSERT_EQ(QProcess::execute(QStringLiteral(TOUR), {folder.path()}), 0);
+    const std::set<QString> taken = filesIn(folder.path());
+    for (const QString& picture : keptPictures())
+        EXPECT_TRUE(taken.contains(picture)) << picture.toStdString();
 }
 
 TEST(GuidePictures, areOfTheWholeWindow)
