@@ -48,10 +48,11 @@ ensure_packages "${build_packages[@]}" "${toolkit_packages[@]}" "${wine_packages
 make_scratch
 source scripts/wine.sh
 
-# The samples are made by programs for Windows, so building them needs Wine. Tests that an earlier run
-# of scripts/prove-windows.sh has configured are no part of a package.
+# The samples are made by programs for Windows, so building them needs Wine and, for their texts, fonts.
+# Tests that an earlier run of scripts/prove-windows.sh has configured are no part of a package.
 export CMAKE_PREFIX_PATH=$windows_toolkit/prefix
 use_build_libraries
+use_fonts
 use_ccache
 umask 022
 cmake --preset mingw -DGAUGEWRIGHT_SAMPLES=ON -DBUILD_TESTING=OFF
