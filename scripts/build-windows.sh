@@ -24,7 +24,7 @@ make_packages() {
 
 install_programs() {
     cmake --build --preset mingw -j "$jobs" \
-        --target gaugewright gaugewright-cli gaugewright_sample_packages_made
+        --target gaugewright gaugewright-cli gaugewright_samples
     root=$work/installed
     cmake --install build/mingw --prefix "$root" --strip >/dev/null
 }
