@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <fstream>
 #include <iomanip>
-#include <iterator>
 #include <numbers>
 #include <random>
 #include <vector>
@@ -20,7 +19,6 @@ using namespace RecordingText;
 // East and north of the start, in metres.
 using Point = std::complex<double>;
 
-// A place on the circuit.
 struct Place
 {
     Point point;
@@ -42,8 +40,7 @@ Circuit makeCircuit()
     Circuit circuit;
     for (double angle = 0.0; angle < 2.0 * std::numbers::pi;) {
         Point point;
-        Point first; // derivatives with respect to the angle
-        Point second;
+        Point first, second; // derivatives with respect to the angle
         double turns = kFirstTurns;
         for (const Point& vector : kVectors) {
             const Point turned = vector * std::polar(1.0, turns * angle);
@@ -60,7 +57,6 @@ Circuit makeCircuit()
     return circuit;
 }
 
-// The state of the car at one moment.
 struct CarState
 {
     double time = 0.0;         // seconds since the recording began
@@ -81,16 +77,16 @@ struct CarState
 };
 
 constexpr double kSeconds = 600.0; // of the session
-constexpr int kStatesPerSecond = 100;
+constexpr double kStatesPerSecond = 100.0;
 
 // A light prototype on slick tyres. Metres, seconds, kilograms, watts.
 constexpr double kGrip = 12.0;    // lateral and braking acceleration
 constexpr double kTraction = 6.0; // acceleration out of slow bends
 constexpr double kPowerToMass = 200.0;
 constexpr double kDrag = 0.0011; // 1/m
-
-constexpr double kStep = 1.0 / kStatesPerSecond;
-constexpr double kPullAway = 3.0; // m/s2, out of the pits and back into them
+constexpr double kWheelbase = 2.6;
+constexpr double kSteeringRatio = 12.0; // of the steering wheel to the road wheels
+constexpr double kPullAway = 3.0;       // m/s2, out of the pits and back into them
 
 constexpr std::array kGearRatios = {285.0, 205.0, 160.0, 131.0, 111.0, 97.0}; // rpm per m/s
 constexpr double kIdleRpm = 1400.0;
@@ -152,11 +148,11 @@ std::vector<CarState> drive(const Circuit& circuit)
     std::vector<CarState> states;
     CarState state;
     for (int i = 0; i <= kSeconds * kStatesPerSecond; ++i) {
-        state.time = i * kStep;
+        state.time = i / kStatesPerSecond;
         const double pace = between(kPaces, state.distance / length);
         const double pitSpeed = kPullAway * std::min(state.time, kSeconds - state.time);
         const double speed = std::min(between(fastest, state.distance) * pace, pitSpeed);
-        state.longitudinal = (speed - state.speed) / kStep;
+        state.longitudinal = (speed - state.speed) * kStatesPerSecond;
         state.speed = speed;
         state.place = circuit[static_cast<std::size_t>(state.distance) % circuit.size()];
         state.lapDistance = std::fmod(state.distance, length);
@@ -166,7 +162,7 @@ std::vector<CarState> drive(const Circuit& circuit)
         }
         addPedalsAndEngine(state);
         states.push_back(state);
-        state.distance += speed * kStep;
+        state.distance += speed / kStatesPerSecond;
     }
     return states;
 }
@@ -208,14 +204,6 @@ double damper(const CarState& car, int side, int end)
            0.002 * car.speed * car.speed;
 }
 
-// Degrees, positive to the left.
-double steeringWheel(const CarState& car)
-{
-    constexpr double kWheelbase = 2.6;
-    constexpr double kRatio = 12.0; // of the steering wheel to the road wheels
-    return kRatio * std::atan(kWheelbase * car.place.curvature) * kDegrees;
-}
-
 #define FROM(expression) [](const CarState& car) -> double { return expression; }
 
 // Names are spelled as a logger might, not as in the sample layouts, to exercise every rule of
@@ -234,7 +222,8 @@ constexpr RecordedChannel kChannels[] = {
     {kPlain, "Throttle_Pos", "%", 50, 1, 0.2, FROM(car.throttle * 100.0)},
     {kPlain, "BrakePressF", "bar", 50, 1, 0.2, FROM(car.brake * 62.0)},
     {kPlain, "BrakePressR", "bar", 50, 1, 0.2, FROM(car.brake * 41.0)},
-    {kPlain, "Steering_Angle", "deg", 50, 1, 0.5, FROM(steeringWheel(car))},
+    {kPlain, "Steering_Angle", "deg", 50, 1, 0.5,
+     FROM(kDegrees* kSteeringRatio* std::atan(kWheelbase* car.place.curvature))},
     {kPlain, "FUEL LEVEL", "l", 10, 2, 0.05, FROM(38.0 - 0.00072 * car.distance)},
     {kPlain, "Fuel_Flow", "l/h", 10, 1, 0.3, FROM(3.0 + 0.008 * car.rpm * car.throttle)},
     {kPlain, "Lap_Time", "s", 10, 2, 0.0, FROM(car.time - car.lapBegan)},
