@@ -1,8 +1,8 @@
 // The guided tour: walks through the editor, checks what it does and takes pictures.
 //
-//     gaugewright_tour [--samples FOLDER] [--dark] FOLDER
+//     gaugewright_tour [--samples FOLDER] [--dark] [FOLDER]
 //
-// QT_SCALE_FACTOR scales the pictures.
+// Pictures go to FOLDER, by default tour. QT_SCALE_FACTOR scales them.
 #include "app/ApplicationIdentity.h"
 #include "samples/tour/Tour.h"
 
@@ -12,9 +12,6 @@
 #include <QFont>
 #include <QPalette>
 #include <QStyle>
-#include <QStyleFactory>
-
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +23,6 @@ QPalette darkPalette()
     palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
     palette.setColor(QPalette::Highlight, QColor(0x30, 0x8c, 0xc6));
     palette.setColor(QPalette::Link, QColor(0x48, 0xd2, 0xff));
-    palette.setColor(QPalette::PlaceholderText, Qt::gray);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, Qt::darkGray);
     return palette;
@@ -35,11 +31,9 @@ QPalette darkPalette()
 // The pictures must not depend on the desktop.
 void applyFixedLook(bool dark)
 {
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(u"Fusion"_s);
     QApplication::setPalette(dark ? darkPalette() : QApplication::style()->standardPalette());
-    QFont font(u"DejaVu Sans"_s);
-    font.setPointSize(9);
-    QApplication::setFont(font);
+    QApplication::setFont(QFont(u"DejaVu Sans"_s, 9));
     QApplication::setCursorFlashTime(0);
 }
 
@@ -50,16 +44,12 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen"); // the same pictures without a display
     const QApplication application(argc, argv);
     applyApplicationIdentity();
-    const QCommandLineOption samples(u"samples"_s, {}, u"FOLDER"_s, QStringLiteral(SAMPLES_DIR));
-    const QCommandLineOption dark(u"dark"_s);
     QCommandLineParser options;
-    options.addOptions({samples, dark});
+    options.addOptions({{u"samples"_s, {}, u"FOLDER"_s, QStringLiteral(SAMPLES_DIR)},
+                        QCommandLineOption(u"dark"_s)});
     options.process(application);
-    const QString pictures = options.positionalArguments().value(0);
-    if (pictures.isEmpty() || !QDir().mkpath(pictures)) {
-        qCritical("Name a folder for the pictures that can be made.");
-        return EXIT_FAILURE;
-    }
-    applyFixedLook(options.isSet(dark));
-    return takeTour(QDir(options.value(samples)).absolutePath(), pictures);
+    const QString pictures = options.positionalArguments().value(0, u"tour"_s);
+    QDir().mkpath(pictures);
+    applyFixedLook(options.isSet(u"dark"_s));
+    return takeTour(QDir(options.value(u"samples"_s)).absolutePath(), pictures);
 }
