@@ -32,18 +32,11 @@ QLinearGradient shade(const QRectF& rect, QRgb top, QRgb bottom)
 // Bold type, spaced for capitals, and the pen that writes it.
 void setType(QPainter& painter, double pixelSize, const QColor& color)
 {
-    QFont font(u"DejaVu Sans"_s);
+    QFont font(u"DejaVu Sans"_s, -1, QFont::Bold);
     font.setPixelSize(std::max(static_cast<int>(pixelSize), 5));
-    font.setBold(true);
     font.setLetterSpacing(QFont::PercentageSpacing, 104);
     painter.setFont(font);
     painter.setPen(color);
-}
-
-void line(QPainter& painter, const QPen& pen, const QPointF& from, const QPointF& to)
-{
-    painter.setPen(pen);
-    painter.drawLine(from, to);
 }
 
 // A texture like carbon fibre, two strands that cross, and the band of the header.
@@ -91,8 +84,8 @@ void paintPanel(QPainter& painter, const QRect& rect, bool raised)
     painter.setPen(raised ? QColor(0x040506) : QColor(0, 0, 0, 200));
     painter.setBrush(raised ? shade(panel, 0x2c323a, 0x16191d) : shade(panel, 0x020304, 0x111418));
     painter.drawRoundedRect(panel, radius, radius);
-    line(painter, QColor(255, 255, 255, raised ? 34 : 20), {panel.left() + radius, edge},
-         {panel.right() - radius, edge});
+    painter.setPen(QColor(255, 255, 255, raised ? 34 : 20));
+    painter.drawLine(QPointF(panel.left() + radius, edge), QPointF(panel.right() - radius, edge));
 }
 
 // The title at the left, the unit at the right when there is room for it.
@@ -214,8 +207,8 @@ void SamplePackage::paintDial(QPainter& painter, const Tile& tile)
     arc(kZone, 0.08, 0.865, zoneFrom, zoneTo);
     paintScale(tile.range, radius > 60 ? 10 : 5, [&](double at, const QString& number) {
         const bool major = !number.isEmpty();
-        line(painter, major ? QPen(kInk, std::max(1.5, radius * 0.018)) : QPen(kDimInk, 1),
-             point(0.84, at), point(0.84 * (major ? 0.88 : 0.95), at));
+        painter.setPen(major ? QPen(kInk, std::max(1.5, radius * 0.018)) : QPen(kDimInk, 1));
+        painter.drawLine(point(0.84, at), point(0.84 * (major ? 0.88 : 0.95), at));
         setType(painter, radius * 0.15, kInk);
         const QPointF half(radius * 0.3, radius * 0.3);
         painter.drawText(QRectF(point(0.6, at) - half, point(0.6, at) + half), Qt::AlignCenter,
@@ -279,7 +272,8 @@ void SamplePackage::paintTrackMap(QPainter& painter, const Tile& tile)
     for (const auto& [color, width] : {std::pair(QColor(0x464e58), 15), std::pair(tile.accent, 3)})
         painter.strokePath(path, QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     const QPointF start = path.pointAtPercent(0);
-    line(painter, QPen(kInk, 3), start - QPointF(-7, 9), start + QPointF(-7, 9));
+    painter.setPen(QPen(kInk, 3));
+    painter.drawLine(start - QPointF(-7, 9), start + QPointF(-7, 9));
     setType(painter, 10, kDimInk);
     painter.drawText(start + QPointF(12, -12), u"START"_s);
     painter.drawText(into(box, kCircuit[5]) + QPointF(-4, 26), u"S1"_s);
@@ -294,8 +288,9 @@ void SamplePackage::paintCarPlan(QPainter& painter, const Tile& tile)
         painter.drawRoundedRect({into(box, percent.topLeft()), into(box, percent.bottomRight())},
                                 radius, radius);
     };
+    painter.setPen(QPen(QColor(0x5a6470), 2));
     for (const double y : {21.0, 80.0}) // axles
-        line(painter, QPen(QColor(0x5a6470), 2), into(box, {14, y}), into(box, {86, y}));
+        painter.drawLine(into(box, {14, y}), into(box, {86, y}));
     painter.setPen(QPen(tile.accent, 2));
     for (const QPointF& wheel : {QPointF(9, 12), QPointF(9, 70), QPointF(76, 12), QPointF(76, 70)})
         part({wheel, QSizeF(15, 19)}, 5, 0x0d0f12);

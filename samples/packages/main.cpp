@@ -34,16 +34,6 @@ QString labelsXml(const Tile& tile, int titleBand)
     return xml;
 }
 
-QString digitXml(const Tile& tile)
-{
-    const double height = tile.field.height() * tile.instrument->valueHeight;
-    const int size = std::max(8, static_cast<int>(height)); // pixels
-    return uR"(<e c="Digit" align="centre"><p n="CHARSET_DIM">%1</p><p n="CHAR_SET_ID_2">%2</p>
-        <p n="COLORE">%3</p><p n="DECIMALS">1</p></e>)"_s.arg(
-        QString::number(size), size >= 48 ? "Huge Basic Sans Heavy SF"_L1 : tile.tone->font,
-        tile.tone->color);
-}
-
 // What an editor recognises the instrument by. The zone's text has characters that XML escapes.
 QString partsXml(const Tile& tile)
 {
@@ -56,7 +46,15 @@ QString partsXml(const Tile& tile)
             QString::number(tile.range.zoneFrom), QString::number(tile.range.zoneTo), title);
     if (instrument.hasIcon)
         xml += uR"(<e c="AiM_Icona"><p n="SYMBOL">%1</p></e>)"_s.arg(title);
-    return instrument.valueHeight > 0 ? xml + digitXml(tile) : xml;
+    if (instrument.valueHeight > 0) {
+        const double height = tile.field.height() * instrument.valueHeight;
+        const int size = std::max(8, static_cast<int>(height)); // pixels
+        xml += uR"(<e c="Digit" align="centre"><p n="CHARSET_DIM">%1</p><p n="CHAR_SET_ID_2">%2</p>
+            <p n="COLORE">%3</p><p n="DECIMALS">1</p></e>)"_s.arg(
+            QString::number(size), size >= 48 ? "Huge Basic Sans Heavy SF"_L1 : tile.tone->font,
+            tile.tone->color);
+    }
+    return xml;
 }
 
 QString axisXml(const Channel& channel, const Range& range)
@@ -131,11 +129,10 @@ QByteArray overlayXml(const Package& package)
 QByteArray deviceXml(const Package& package)
 {
     QString list;
-    for (const Channel& channel : channels()) {
+    for (const Channel& channel : channels())
         list += uR"(<e c="Canale"><p n="FID">%1</p><p n="LongName">%2</p><p n="ShortName">%3</p>
             <p n="LabelLongName">%2</p><p n="UIV">%4</p><p n="FREQUENCY">20</p></e>)"_s.arg(
             QString::number(channel.fid), channel.longName, channel.shortName, channel.uiv);
-    }
     return indented(uR"(<CfgFileFormat><e c="Configuration"><e c="Device"><p n="Type">%1</p>
         <p n="TypeCode">%2</p><p n="FIRMWARE">02.46.11</p></e><e c="ChannelsList">%3</e>
         <e c="Network"><p n="SPEED">1000000</p></e></e></CfgFileFormat>)"_s.arg(

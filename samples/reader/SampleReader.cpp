@@ -78,13 +78,12 @@ READER_EXPORT int close_file_i(int file)
     }
 #define FILE_TEXT(name, text) ANSWER(const char*, nullptr, name, (int file), findFile(file), text)
 #define FILE_NUMBER(name, number) ANSWER(int, -1, name, (int file), findFile(file), number)
-#define CHANNEL_TEXT(name, family, text)                                                           \
-    ANSWER(const char*, nullptr, name, (int file, int channel),                                    \
-           findChannel(family, file, channel), text)
 #define FAMILY(prefix, family)                                                                     \
     FILE_NUMBER(prefix##channels_count, static_cast<int>(found->channels[family].size()))          \
-    CHANNEL_TEXT(prefix##channel_name, family, found->name.c_str())                                \
-    CHANNEL_TEXT(prefix##channel_units, family, found->units.c_str())                              \
+    ANSWER(const char*, nullptr, prefix##channel_name, (int file, int channel),                    \
+           findChannel(family, file, channel), found->name.c_str())                                \
+    ANSWER(const char*, nullptr, prefix##channel_units, (int file, int channel),                   \
+           findChannel(family, file, channel), found->units.c_str())                               \
     ANSWER(int, -1, prefix##channel_samples_count, (int file, int channel),                        \
            findChannel(family, file, channel), static_cast<int>(found->times.size()))              \
     ANSWER(int, -1, prefix##channel_samples,                                                       \
