@@ -1,11 +1,6 @@
 # The layout on Windows: the editor, its icon, and every library and plugin that Windows does not bring.
 # scripts/build-windows.sh compares what mingw packs with packaging/windows/files.txt.
 
-# Qt loads plugins by name, so no link leads to them. The style was renamed in Qt 6.7.
-set(plugins_platforms QWindowsIntegrationPlugin)
-set(plugins_styles QWindowsVistaStylePlugin QModernWindowsStylePlugin)
-set(plugins_imageformats QGifPlugin QICOPlugin QJpegPlugin)
-
 install(FILES "${GAUGEWRIGHT_SOURCE_DIR}/assets/icon.png" DESTINATION bin/assets)
 install(FILES "${GAUGEWRIGHT_SOURCE_DIR}/LICENSE" "${GAUGEWRIGHT_SOURCE_DIR}/CHANGELOG.md"
   "${GAUGEWRIGHT_SOURCE_DIR}/cli/gaugewright-cli.schema.json" DESTINATION .)
@@ -50,24 +45,28 @@ else()
   include(InstallRequiredSystemLibraries) # those of the compiler
 endif()
 
-foreach(folder platforms styles imageformats)
-  set(found FALSE)
-  foreach(plugin IN LISTS plugins_${folder})
+# install_plugin(FOLDER PLUGIN...): installs the first of these plugins that this Qt has. Qt loads plugins
+# by name, so no link leads to them.
+function(install_plugin folder)
+  set(dependencies RUNTIME_DEPENDENCY_SET libraries)
+  if(CMAKE_CROSSCOMPILING)
+    set(dependencies)
+  endif()
+  foreach(plugin IN LISTS ARGN)
     if(TARGET Qt6::${plugin})
-      set(found TRUE)
-      if(CMAKE_CROSSCOMPILING)
-        set(dependencies)
-      else()
-        set(dependencies RUNTIME_DEPENDENCY_SET libraries)
-      endif()
       install(IMPORTED_RUNTIME_ARTIFACTS Qt6::${plugin} ${dependencies}
         RUNTIME DESTINATION bin/${folder} LIBRARY DESTINATION bin/${folder})
+      return()
     endif()
   endforeach()
-  if(NOT found)
-    message(FATAL_ERROR "This Qt has none of the plugins ${plugins_${folder}}")
-  endif()
-endforeach()
+  message(FATAL_ERROR "This Qt has no plugin ${ARGN}")
+endfunction()
+
+install_plugin(platforms QWindowsIntegrationPlugin)
+install_plugin(styles QWindowsVistaStylePlugin QModernWindowsStylePlugin) # renamed in Qt 6.7
+install_plugin(imageformats QGifPlugin)
+install_plugin(imageformats QICOPlugin)
+install_plugin(imageformats QJpegPlugin)
 
 if(NOT CMAKE_CROSSCOMPILING)
   # The libraries that program and plugins link, wherever they came from. Those of the system stay out.
