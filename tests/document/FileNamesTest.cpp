@@ -80,6 +80,7 @@ TEST_F(HeldFiles, SaveOverOneFailsAndLosesNothing)
             const HeldFile held(m_package, shared);
             EXPECT_FALSE(m_document->save(m_package));
         }
+        EXPECT_FALSE(m_document->errorString().isEmpty());
         expectNothingLost(false);
         reopen();
     }
@@ -99,6 +100,7 @@ TEST_F(HeldFiles, OpeningOneThatIsNotSharedChangesNothing)
     const HeldFile held(m_package, 0);
     const QString before = m_document->tempDir();
     EXPECT_FALSE(m_document->open(m_package));
+    EXPECT_FALSE(m_document->errorString().isEmpty());
     EXPECT_EQ(m_document->tempDir(), before);
     EXPECT_EQ(m_document->pageAt(0)->elements.at(0).x, kMoved);
 }
@@ -112,6 +114,7 @@ TEST_F(ReadOnlyFiles, SaveOverOneFailsAndLosesNothing)
     if (QFile(m_package).open(QIODevice::ReadWrite))
         GTEST_SKIP() << "the administrator of the system below Wine may write any file";
     EXPECT_FALSE(m_document->save(m_package));
+    EXPECT_FALSE(m_document->errorString().isEmpty());
     ASSERT_TRUE(file.setPermissions(QFile::ReadOwner | QFile::ReadUser | QFile::WriteOwner |
                                     QFile::WriteUser));
     expectNothingLost(false);
