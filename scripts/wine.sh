@@ -55,11 +55,12 @@ shows_window() {
 }
 
 # starts_and_closes PROGRAM.EXE: starts the editor with only the files in its folder, waits for its
-# window, closes it as its user would and expects it to end well. Wine's list of the loaded libraries is
-# in $work/loaded afterwards.
+# window, closes it as its user would and expects it to end well within three minutes. Wine's list of the
+# loaded libraries is in $work/loaded afterwards.
 starts_and_closes() {
     local program=$1 status=0
-    WINEPATH='' WINEDEBUG=-all,+loaddll wine "$program" </dev/null 2>"$work/loaded" &
+    WINEPATH='' WINEDEBUG=-all,+loaddll "${as_user[@]}" timeout 180 wine "$program" \
+        </dev/null 2>"$work/loaded" &
     local pid=$!
     shows_window "Gaugewright Studio" || die "$program shows no window: $(tail -5 "$work/loaded")"
     wine taskkill /IM "$(basename "$program")" >/dev/null
