@@ -33,7 +33,7 @@ traces() {
 expect_registration() {
     local key='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Gaugewright'
     local program='C:\Program Files\Gaugewright\bin\gaugewright.exe'
-    [ -f "$menu/Gaugewright.lnk" ] || die "The start menu has no entry"
+    grep -aqF "$program" "$menu/Gaugewright.lnk" || die "The start menu has no entry that starts the program"
     expect_registered "$key" DisplayName Gaugewright
     expect_registered "$key" DisplayVersion "$(version)"
     expect_registered "$key" DisplayIcon "$program"
