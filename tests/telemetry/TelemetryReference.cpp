@@ -21,7 +21,7 @@ std::vector<QString> tokens(const QString& s)
 {
     std::vector<QString> result;
     QString token;
-    for (const QChar c : QString(s.toLower() + QChar(u' '))) {
+    for (const QChar c : QString(s.left(200).toLower() + QChar(u' '))) { // more do not count
         if (c == QChar(u' ') || c == QChar(u'_')) {
             if (!token.isEmpty())
                 result.push_back(token);
