@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <csignal>
 #include <pthread.h>
 #include <sys/stat.h>
@@ -24,6 +25,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr std::array kSignals = {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE};
 
 /// Sends the signal to another thread of this process while the main thread is in a pause, and
 /// writes the file before that ends.
@@ -50,6 +53,11 @@ protected:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"TMPDIR"_s, m_temporary.path());
         m_program.setProcessEnvironment(environment);
+        // A shell lets its background jobs ignore some of them, nohup another.
+        m_program.setChildProcessModifier([] {
+            for (const int signal : kSignals)
+                ::signal(signal, SIG_DFL);
+        });
     }
     ~InterruptionTest() override
     {
@@ -98,8 +106,7 @@ TEST_P(InterruptionTest, RemovesTheUnpackFolder)
     EXPECT_EQ(FolderTools::names(m_temporary.path()), QStringList());
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, InterruptionTest,
-                         ::testing::Values(SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE));
+INSTANTIATE_TEST_SUITE_P(Signals, InterruptionTest, ::testing::ValuesIn(kSignals));
 
 TEST_F(InterruptionTest, IsIgnoredWhereTheCallerWantsThat)
 {
