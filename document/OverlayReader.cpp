@@ -23,43 +23,11 @@ std::optional<ElementKind> kindByClass(const char* className)
     return std::nullopt;
 }
 
-/// What counts among the objects of an element.
-struct Parts
+/// Of several objects with a style, the last one decides it as a whole.
+void readStyle(pugi::xml_node object, ElementFields::Fields style, DashElement& element)
 {
-    std::optional<ElementKind> kind; // by the first of the three classes
-    pugi::xml_node firstAxis;
-    pugi::xml_node lastDigit; // decides the style as a whole, like the last label
-    pugi::xml_node lastLabel;
-};
-
-Parts partsOf(pugi::xml_node element)
-{
-    Parts parts;
-    for (const pugi::xml_node child : XmlTree::objects(element)) {
-        const char* const className = XmlTree::classOf(child);
-        if (!parts.kind)
-            parts.kind = kindByClass(className);
-        if (XmlTree::same(className, Class::kAxis)) {
-            if (!parts.firstAxis)
-                parts.firstAxis = child;
-        } else if (XmlTree::same(className, Class::kDigit)) {
-            parts.lastDigit = child;
-        } else if (XmlTree::same(className, Class::kLabel)) {
-            parts.lastLabel = child;
-        }
-    }
-    return parts;
-}
-
-DashElement readEditable(pugi::xml_node node, const Parts& parts)
-{
-    DashElement element;
-    element.kind = parts.kind.value_or(ElementKind::Other);
-    element.hasLabel = !parts.lastLabel.empty();
-    ElementFields::read(node, ElementFields::rectangle(), element);
-    ElementFields::read(parts.lastDigit, ElementFields::valueStyle(), element);
-    ElementFields::read(parts.lastLabel, ElementFields::labelStyle(), element);
-    return element;
+    ElementFields::copy(style, DashElement(), element);
+    ElementFields::read(object, style, element);
 }
 
 } // namespace
@@ -111,17 +79,32 @@ std::vector<DashElement> OverlayReader::readElements(pugi::xml_node page)
 
 DashElement OverlayReader::readElement(pugi::xml_node node)
 {
-    const Parts parts = partsOf(node);
-    DashElement element = ::readEditable(node, parts);
+    DashElement element = readEditable(node);
     element.node = node;
     element.name = XmlTree::decoded(node.attribute(XmlTree::kName).as_string());
-    ElementFields::read(parts.firstAxis, ElementFields::channel(), element);
+    ElementFields::read(XmlTree::firstObject(node, Class::kAxis), ElementFields::channel(),
+                        element);
     return element;
 }
 
 DashElement OverlayReader::readEditable(pugi::xml_node node)
 {
-    return ::readEditable(node, partsOf(node));
+    DashElement element;
+    ElementFields::read(node, ElementFields::rectangle(), element);
+    std::optional<ElementKind> kind; // by the first of its classes
+    for (const pugi::xml_node child : XmlTree::objects(node)) {
+        const char* const className = XmlTree::classOf(child);
+        if (!kind)
+            kind = kindByClass(className);
+        if (XmlTree::same(className, Class::kDigit)) {
+            readStyle(child, ElementFields::valueStyle(), element);
+        } else if (XmlTree::same(className, Class::kLabel)) {
+            readStyle(child, ElementFields::labelStyle(), element);
+            element.hasLabel = true;
+        }
+    }
+    element.kind = kind.value_or(ElementKind::Other);
+    return element;
 }
 
 void OverlayReader::readDisplaySize(pugi::xml_node conf, TargetDevice& device)
