@@ -54,7 +54,7 @@ int score(const QStringList& wanted, const QStringList& recorded)
 QString bestByWords(const QString& wanted, const RecordedNames& recorded)
 {
     const QStringList wantedWords = RecordedNames::wordsOf(wanted);
-    int best = 0;
+    int best = kLowestScore - 1;
     QString bestName;
     for (const RecordedNames::Entry& entry : recorded.entries()) {
         const int candidate = score(wantedWords, entry.words);
@@ -63,7 +63,7 @@ QString bestByWords(const QString& wanted, const RecordedNames& recorded)
             bestName = entry.name;
         }
     }
-    return best >= kLowestScore ? bestName : QString();
+    return bestName;
 }
 
 ChannelMatcher::Match explained(const QString& name, ChannelMatcher::Rule rule)

@@ -42,7 +42,7 @@ std::optional<TelemetryChannel> readChannel(const Family& family, int file, int 
 {
     const QString name = readText(family.name, file, index);
     const QString units = readText(family.units, file, index);
-    const int count = callOr(-1, family.sampleCount, file, index);
+    const int count = callOr(0, family.sampleCount, file, index);
     if (name.isNull() || count < 1 || count > kMaxSamples)
         return std::nullopt;
 
@@ -60,7 +60,7 @@ void readFamily(const Family& family, int file, Recording& recording)
     constexpr double kBeyondSeconds = 10.0; // times the length so far means milliseconds
     constexpr double kMillisecondsPerSecond = 1000.0;
 
-    const int count = std::min(callOr(-1, family.count, file), kMaxChannels);
+    const int count = std::min(callOr(0, family.count, file), kMaxChannels);
     for (int index = 0; index < count; ++index) {
         std::optional<TelemetryChannel> channel = readChannel(family, file, index);
         if (!channel)
