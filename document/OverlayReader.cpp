@@ -26,7 +26,8 @@ std::optional<ElementKind> kindByClass(const char* className)
 /// Of several objects with a style, the last one decides it as a whole.
 void readStyle(pugi::xml_node object, ElementFields::Fields style, DashElement& element)
 {
-    ElementFields::copy(style, DashElement(), element);
+    static const DashElement plain;
+    ElementFields::copy(style, plain, element);
     ElementFields::read(object, style, element);
 }
 
