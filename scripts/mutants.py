@@ -5,7 +5,7 @@ import os
 import re
 
 # What is left alone: comments, texts, preprocessor lines and what these leave out on Linux.
-HIDDEN = re.compile(r"#ifdef _WIN32\n.*?\n#(?:else|endif)|#else\n.*?\n#endif|//[^\n]*|/\*.*?\*/"
+HIDDEN = re.compile(r"#ifdef (?:_WIN32|Q_OS_WIN)\n.*?\n#(?:else|endif)|#else\n.*?\n#endif|//[^\n]*|/\*.*?\*/"
                     r'|"(?:\\.|[^"\\\n])*"|' r"'(?:\\[^'\n]+|[^'\\\n])'" r"|^[ \t]*#[^\n]*"
                     r"|\bstatic_assert\(.*?\);", re.DOTALL | re.MULTILINE)
 SWAPS = {

@@ -7,6 +7,7 @@
 
 #include <QBuffer>
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -51,6 +52,26 @@ TEST(CommandLine, EverySubcommandHasHelp)
         for (const char* const option : {"--help", "--quiet", "--format"})
             EXPECT_TRUE(ran.answer.contains(option)) << name.toStdString();
     }
+}
+
+TEST(CommandLine, LeavesTheVariableForTemporaryFilesAsItWas)
+{
+#ifdef Q_OS_WIN
+    constexpr char kVariable[] = "TMP";
+#else
+    constexpr char kVariable[] = "TMPDIR";
+#endif
+    const bool wasSet = qEnvironmentVariableIsSet(kVariable);
+    const QByteArray former = qgetenv(kVariable);
+    const QTemporaryDir folder;
+    qputenv(kVariable, QFile::encodeName(folder.path()));
+    static_cast<void>(runCommand({u"show"_s, u"missing"_s}));
+    EXPECT_EQ(qgetenv(kVariable), QFile::encodeName(folder.path()));
+    qunsetenv(kVariable);
+    static_cast<void>(runCommand({u"show"_s, u"missing"_s}));
+    EXPECT_FALSE(qEnvironmentVariableIsSet(kVariable));
+    if (wasSet)
+        qputenv(kVariable, former);
 }
 
 TEST(CommandLine, SaysItsVersion)

@@ -157,6 +157,8 @@ TEST_F(InsertDialog, ANewTypeReportsTheChannelSelectionAgain)
     EXPECT_EQ(reported.count(), 1);
     m_types->setCurrentRow(-1);
     EXPECT_EQ(reported.count(), 1) << "no type, nothing to report";
+    m_types->setCurrentRow(0);
+    EXPECT_EQ(reported.count(), 2);
 }
 
 TEST_F(InsertDialog, ARowThatNamesNoChannelOfTheDocumentIsNotInserted)
