@@ -56,11 +56,7 @@ TEST(CommandLine, EverySubcommandHasHelp)
 
 TEST(CommandLine, LeavesTheVariableForTemporaryFilesAsItWas)
 {
-#ifdef Q_OS_WIN
-    constexpr char kVariable[] = "TMP";
-#else
-    constexpr char kVariable[] = "TMPDIR";
-#endif
+    constexpr auto kVariable = FolderTools::kTempVariable;
     const bool wasSet = qEnvironmentVariableIsSet(kVariable);
     const QByteArray former = qgetenv(kVariable);
     const QTemporaryDir folder;
