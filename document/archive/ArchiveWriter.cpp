@@ -2,6 +2,7 @@
 
 #include "document/archive/ArchiveLimits.h"
 #include "document/archive/ArchiveText.h"
+#include "document/archive/BlockDeflater.h"
 #include "document/archive/Checksum.h"
 
 #include <QIODevice>
@@ -14,8 +15,6 @@ constexpr qint64 kChunkSize = qint64{64} * 1024;
 constexpr quint16 kUtf8NameFlag = 1U << 11U;
 /// The sizes follow the data, which the library does not write.
 constexpr quint16 kSizesFollowFlag = 1U << 3U;
-/// The library's own default, which its headers do not name.
-constexpr int kMemoryLevel = 8;
 constexpr qint64 kLocalRecordSize = 30;     ///< fixed part
 constexpr qint64 kDirectoryRecordSize = 46; ///< fixed part
 constexpr qint64 kEndRecordSize = 22;       ///< fixed part
@@ -70,6 +69,19 @@ Outcome ArchiveWriter::addMember(const ArchiveMember& like, QIODevice& content)
     return written ? closed : written;
 }
 
+Outcome ArchiveWriter::addDeflated(const ArchiveMember& like, const QByteArray& deflated,
+                                   quint64 size, quint32 crc)
+{
+    if (Outcome begun = begin(like, like.extra, like.flags & kUtf8NameFlag, Z_DEFLATED, true);
+        !begun)
+        return begun;
+    m_device.startSum();
+    m_contentCrc = crc;
+    const bool written = zipWriteInFileInZip(m_archive.get(), deflated.constData(),
+                                             static_cast<unsigned>(deflated.size())) == ZIP_OK;
+    return checked(zipCloseFileInZipRaw64(m_archive.get(), size, crc) == ZIP_OK && written);
+}
+
 Outcome ArchiveWriter::addFolder(const ArchiveMember& like)
 {
     if (Outcome begun = begin(like, like.extra, like.flags & kUtf8NameFlag, 0, false); !begun)
@@ -102,7 +114,7 @@ Outcome ArchiveWriter::begin(const ArchiveMember& header, const QByteArray& loca
         zipOpenNewFileInZip4(m_archive.get(), name.constData(), &info, dataOrNull(localExtra),
                              static_cast<uInt>(localExtra.size()), dataOrNull(header.extra),
                              static_cast<uInt>(header.extra.size()), dataOrNull(comment), method,
-                             Z_DEFAULT_COMPRESSION, raw ? 1 : 0, -MAX_WBITS, kMemoryLevel,
+                             Z_DEFAULT_COMPRESSION, raw ? 1 : 0, -MAX_WBITS, kDeflateMemoryLevel,
                              Z_DEFAULT_STRATEGY, nullptr, 0, header.versionMadeBy, flags);
     return checked(status == ZIP_OK);
 }

@@ -27,6 +27,10 @@ public:
     /// are those of the content, and of the flags only the one for UTF-8 names counts.
     Outcome addMember(const ArchiveMember& like, QIODevice& content);
 
+    /// Appends a member whose content was deflated before, with the content's size and CRC.
+    Outcome addDeflated(const ArchiveMember& like, const QByteArray& deflated, quint64 size,
+                        quint32 crc);
+
     /// CRCs of the content that was added last and of its compressed bytes.
     [[nodiscard]] quint32 contentCrc() const { return m_contentCrc; }
     [[nodiscard]] quint32 rawCrc() const { return m_device.writtenCrc(); }

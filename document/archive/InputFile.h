@@ -2,11 +2,17 @@
 
 #include "document/archive/Outcome.h"
 
+class QByteArray;
 class QFile;
+class QIODevice;
 
 /// Opens a file whose content goes into a package, for reading. Refuses whatever exists and is no
 /// file: opening a pipe would wait for a writer. The reason names the file.
 Outcome openInput(QFile& file);
+
+/// Reads an open device from its position to the end. A failure also when its size changes
+/// meanwhile.
+Outcome readCompletely(QIODevice& device, QByteArray& content);
 
 /// The failure of reading an open file, which knows why.
 Outcome cannotRead(const QFile& file);

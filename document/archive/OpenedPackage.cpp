@@ -40,6 +40,7 @@ struct OpenedPackage::Attempt
     Outcome outcome;
     bool foundDamage = false;
     std::vector<WrittenMember> written;
+    DeflatedBlocks blocks;
 };
 
 Outcome OpenedPackage::unpack(const QString& archivePath, const QString& folder)
@@ -87,6 +88,7 @@ Outcome OpenedPackage::save(const QString& folder, const QString& destination)
         if (outcome) {
             m_path = QFileInfo(destination).absoluteFilePath();
             m_unread = std::move(attempt.written);
+            m_blocks = std::move(attempt.blocks);
             remember();
         }
         if (outcome || !attempt.foundDamage)
@@ -103,9 +105,10 @@ OpenedPackage::Attempt OpenedPackage::write(QIODevice& target, const QString& fo
     std::optional<ArchiveReader> source;
     if (m_identity && openToRead(file) && identityOf(file) == m_identity)
         source.emplace(file, records);
-    PackageSaver saver(target, m_members, source ? &*source : nullptr, folder, files, careful);
+    PackageSaver saver(target, m_members, source ? &*source : nullptr, folder, files, m_blocks,
+                       careful);
     Outcome outcome = saver.write(m_comment);
-    return {outcome, saver.foundDamage(), saver.written()};
+    return {outcome, saver.foundDamage(), saver.written(), saver.deflatedBlocks()};
 }
 
 /// Reads the directory that was written, so that the next save knows where the members are. Where

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/archive/BlockDeflater.h"
 #include "document/archive/FileIdentity.h"
 #include "document/archive/Outcome.h"
 #include "document/archive/UnpackedMember.h"
@@ -55,4 +56,5 @@ private:
     bool m_isComplete = true;
     std::vector<UnpackedMember> m_members;
     std::vector<WrittenMember> m_unread; ///< saved to m_path, but not read again yet
+    DeflatedBlocks m_blocks;             ///< of the last save
 };

@@ -61,11 +61,12 @@ Outcome compare(QFile& file, const ArchiveMember& member, bool& same)
 
 PackageSaver::PackageSaver(QIODevice& target, const std::vector<UnpackedMember>& members,
                            ArchiveReader* source, const QString& folder, const QStringList& files,
-                           bool careful)
+                           const DeflatedBlocks& former, bool careful)
     : m_writer(target),
       m_members(members),
       m_source(source),
       m_folder(folder),
+      m_deflater(former),
       m_careful(careful),
       m_now(dosDateOf(QDateTime::currentDateTime()))
 {
@@ -229,9 +230,23 @@ Outcome PackageSaver::deflate(const ArchiveMember& like, const QString& path, QI
     ArchiveMember header = like;
     header.externalAttributes &= ~kDosFolder; // an empty file would open as a folder
     header.extra = withoutExtraFields(like.extra, {kUnixTimes, kFormerUnixTimes, kNtfsTimes});
-    Outcome added = m_writer.addMember(header, content);
+    Outcome added = content.size() <= BlockDeflater::kMostBytes
+                        ? deflateInBlocks(header, content)
+                        : m_writer.addMember(header, content);
     m_written.push_back({like.rawName, path, m_writer.contentCrc(), m_writer.rawCrc()});
     return added;
+}
+
+Outcome PackageSaver::deflateInBlocks(const ArchiveMember& header, QIODevice& content)
+{
+    QByteArray bytes;
+    if (Outcome read = readCompletely(content, bytes); !read)
+        return read;
+    const std::optional<QByteArray> deflated = m_deflater.deflate(bytes);
+    if (!deflated)
+        return Outcome::failure(ArchiveText::tr("The package cannot be written"));
+    return m_writer.addDeflated(header, *deflated, static_cast<quint64>(bytes.size()),
+                                extendedCrc(0, bytes.constData(), bytes.size()));
 }
 
 bool PackageSaver::canCopy(std::size_t index)

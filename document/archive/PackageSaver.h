@@ -2,6 +2,7 @@
 
 #include "document/archive/ArchiveReader.h"
 #include "document/archive/ArchiveWriter.h"
+#include "document/archive/BlockDeflater.h"
 #include "document/archive/UnpackedMember.h"
 #include "document/archive/WrittenMember.h"
 
@@ -21,10 +22,11 @@ public:
     /// @param members of the opened archive
     /// @param source the opened archive's reader, or null when the archive is gone or has changed
     /// @param folder with the unpacked files; all visible ones are in `files`
+    /// @param former what the last save deflated; must outlive this
     /// @param careful read each member before copying it, to find those that are damaged by now
     PackageSaver(QIODevice& target, const std::vector<UnpackedMember>& members,
                  ArchiveReader* source, const QString& folder, const QStringList& files,
-                 bool careful);
+                 const DeflatedBlocks& former, bool careful);
 
     Outcome write(const QByteArray& comment);
 
@@ -35,6 +37,9 @@ public:
     /// What was written, after a success.
     [[nodiscard]] const std::vector<WrittenMember>& written() const { return m_written; }
 
+    /// What was deflated, for the next save.
+    [[nodiscard]] const DeflatedBlocks& deflatedBlocks() const { return m_deflater.deflated(); }
+
 private:
     Outcome writeMember(std::size_t index);
     Outcome writeOwner(std::size_t index);
@@ -44,6 +49,7 @@ private:
     Outcome copy(std::size_t index);
     Outcome recover(std::size_t index);
     Outcome deflate(const ArchiveMember& like, const QString& path, QIODevice& content);
+    Outcome deflateInBlocks(const ArchiveMember& header, QIODevice& content);
     [[nodiscard]] QSet<QString> memberFolders() const;
     [[nodiscard]] bool isSameFile(const QString& name, const QString& path) const;
     [[nodiscard]] bool canCopy(std::size_t index);
@@ -54,6 +60,7 @@ private:
     QDir m_folder;
     QStringList m_names;  ///< paths of the visible files, below the folder
     QSet<QString> m_keys; ///< of m_names
+    BlockDeflater m_deflater;
     bool m_careful;
     bool m_foundDamage = false;
     quint32 m_now; ///< as the archive has dates

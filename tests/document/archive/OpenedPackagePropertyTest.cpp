@@ -79,6 +79,24 @@ RawArchive::Archive randomArchive(ByteSource& source)
     return archive;
 }
 
+/// Of up to 400,000 bytes in lines.
+QByteArray randomText(ByteSource& source)
+{
+    QByteArray text;
+    const int step = source.number() | 1;
+    for (qsizetype size = qsizetype{1600} * source.below(256); text.size() < size;)
+        text += "line " + QByteArray::number(text.size() / 7 * step) + '\n';
+    return text;
+}
+
+/// Takes a piece out of a text and puts another one in.
+void editText(ByteSource& source, QByteArray& text)
+{
+    const qsizetype at = (256 * source.byte() + source.byte()) * text.size() / 65'536;
+    const QByteArray piece(source.below(40) * source.below(40), source.flag() ? '\n' : 'x');
+    text.replace(at, source.below(100) * source.below(100), piece);
+}
+
 /// An unpacked archive, and what was done to its folder.
 struct World
 {
@@ -203,4 +221,32 @@ RC_GTEST_PROP(OpenedPackageProperty, DamagedPackagesAreRefusedOrSavedWhole, ())
     const QString again = root.filePath(QStringLiteral("again"));
     RC_ASSERT(bool(OpenedPackage().unpack(path, again)));
     RC_ASSERT(FolderTools::contents(again) == files);
+}
+
+RC_GTEST_PROP(OpenedPackageProperty, ASaveIsTheSameWhateverWasSavedBefore, ())
+{
+    const auto bytes = randomBytes();
+    ByteSource source = sourceOf(bytes);
+    const QTemporaryDir root(FolderTools::memoryTemplate());
+    const QString path = root.filePath(QStringLiteral("a"));
+    const QString folder = root.filePath(QStringLiteral("f"));
+    const QString file = folder + QStringLiteral("/overlay.ov3.xml");
+    QByteArray text = randomText(source);
+    TestPackage::writeFile(path, RawArchive::build({Member{"overlay.ov3.xml", text}}));
+    OpenedPackage package;
+    RC_ASSERT(bool(package.unpack(path, folder)));
+    for (int round = source.below(5); round >= 0; --round) {
+        editText(source, text);
+        TestPackage::writeFile(file, text);
+        OpenedPackage fresh;
+        RC_ASSERT(bool(fresh.unpack(path, root.filePath(QStringLiteral("g")))));
+        const QString expected = root.filePath(QStringLiteral("b"));
+        RC_ASSERT(bool(fresh.save(folder, expected)));
+        RC_ASSERT(bool(package.save(folder, path)));
+        const SavedArchive after(path);
+        RC_ASSERT(after.isWhole());
+        RC_ASSERT(after.content(0) == text);
+        RC_ASSERT(after.directory().members.at(0).packedSize ==
+                  SavedArchive(expected).directory().members.at(0).packedSize);
+    }
 }

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QHash>
+
+#include <zlib.h>
+
+#include <optional>
+
+/// The compression library's own default, which its headers do not name.
+inline constexpr int kDeflateMemoryLevel = 8;
+
+/// What one block of a deflate stream is made from.
+struct BlockSource
+{
+    QByteArray bytes;        ///< what precedes the block as far as it matters, and the block
+    qsizetype preceding = 0; ///< how many of them precede
+    bool isLast = false;
+
+    bool operator==(const BlockSource&) const = default;
+};
+
+[[nodiscard]] size_t qHash(const BlockSource& source, size_t seed = 0);
+
+/// What a save deflated.
+struct DeflatedBlocks
+{
+    QHash<BlockSource, QByteArray> blocks; ///< compressed; the sources' bytes are in contents
+    QByteArrayList contents;
+};
+
+/// Deflates contents of which most was in the last save, too, such as the overlay: what has not
+/// changed since is not deflated again.
+///
+/// A content is cut into blocks at places that the text around them decides, so that most cuts stay
+/// where they are when it changes elsewhere. Each block may refer back into the one before, as in a
+/// stream made in one go, and depends on nothing else.
+class BlockDeflater
+{
+public:
+    /// Length of a block, at least; up to twice as long until a good place comes. A change costs a
+    /// block or two, and each block some time and space of its own.
+    static constexpr qsizetype kBlockBytes = qsizetype{128} * 1024;
+    /// As far back as deflate can refer.
+    static constexpr qsizetype kWindowBytes = qsizetype{32} * 1024;
+    /// As much is kept for the next save. A larger content is better deflated as a stream.
+    static constexpr qint64 kMostBytes = 64'000'000;
+
+    /// @param former blocks of the last save; must outlive this
+    explicit BlockDeflater(const DeflatedBlocks& former);
+    BlockDeflater(const BlockDeflater&) = delete;
+    BlockDeflater& operator=(const BlockDeflater&) = delete;
+    ~BlockDeflater() { deflateEnd(&m_stream); }
+
+    /// A raw deflate stream (RFC 1951) at the default level. It depends on the content alone.
+    /// nullopt without memory.
+    /// @param content owns its bytes, because it is kept
+    [[nodiscard]] std::optional<QByteArray> deflate(const QByteArray& content);
+
+    /// All so far, for the next save.
+    [[nodiscard]] const DeflatedBlocks& deflated() const { return m_deflated; }
+
+private:
+    [[nodiscard]] bool keep(const QByteArray& content);
+    [[nodiscard]] QByteArray deflateBlock(const BlockSource& source);
+
+    const DeflatedBlocks& m_former;
+    DeflatedBlocks m_deflated;
+    qint64 m_keptBytes = 0; ///< of m_deflated.contents
+    z_stream m_stream{};
+};
