@@ -1,7 +1,5 @@
 #include "document/archive/BlockDeflater.h"
 
-#include "document/archive/Checksum.h"
-
 #include <algorithm>
 #include <array>
 
@@ -12,8 +10,8 @@ namespace {
 bool isCut(const QByteArray& content, qsizetype lineBreak)
 {
     constexpr qsizetype kDecisive = 64;
-    constexpr quint32 kOdds = 128;
-    return extendedCrc(0, content.constData() + lineBreak - kDecisive, kDecisive) % kOdds == 0;
+    constexpr size_t kOdds = 128;
+    return qHashBits(content.constData() + lineBreak - kDecisive, kDecisive) % kOdds == 0;
 }
 
 /// Where the block that starts at `from` ends.
@@ -21,10 +19,11 @@ qsizetype endOfBlock(const QByteArray& content, qsizetype from)
 {
     const qsizetype least = from + BlockDeflater::kBlockBytes;
     const qsizetype most = std::min(least + BlockDeflater::kBlockBytes, content.size());
-    qsizetype lineBreak = content.indexOf('\n', least);
-    while (lineBreak >= 0 && lineBreak < most && !isCut(content, lineBreak))
-        lineBreak = content.indexOf('\n', lineBreak + 1);
-    return lineBreak >= 0 && lineBreak < most ? lineBreak + 1 : std::min(least, most);
+    const QByteArrayView searched = QByteArrayView(content).first(most);
+    qsizetype lineBreak = searched.indexOf('\n', least);
+    while (lineBreak >= 0 && !isCut(content, lineBreak))
+        lineBreak = searched.indexOf('\n', lineBreak + 1);
+    return lineBreak >= 0 ? lineBreak + 1 : std::min(least, most);
 }
 
 Bytef* zlibBytes(const QByteArray& bytes, qsizetype from = 0)

@@ -26,8 +26,8 @@ struct BlockSource
 /// What a save deflated.
 struct DeflatedBlocks
 {
-    QHash<BlockSource, QByteArray> blocks; ///< compressed; the sources' bytes are in contents
-    QByteArrayList contents;
+    QHash<BlockSource, QByteArray> blocks; ///< compressed
+    QByteArrayList contents;               ///< never changed: the sources' bytes are in them
 };
 
 /// Deflates contents of which most was in the last save, too, such as the overlay: what has not
@@ -39,13 +39,14 @@ struct DeflatedBlocks
 class BlockDeflater
 {
 public:
-    /// Length of a block, at least; up to twice as long until a good place comes. A change costs a
-    /// block or two, and each block some time and space of its own.
+    /// Length of a block; up to twice as long where a good place for a cut comes later. A change
+    /// costs a block or two, and each block some time and space of its own.
     static constexpr qsizetype kBlockBytes = qsizetype{128} * 1024;
     /// As far back as deflate can refer.
     static constexpr qsizetype kWindowBytes = qsizetype{32} * 1024;
-    /// As much is kept for the next save. A larger content is better deflated as a stream.
-    static constexpr qint64 kMostBytes = 64'000'000;
+    /// So much content is kept for the next save, with what it deflates to. A larger one is better
+    /// deflated as a stream.
+    static constexpr qint64 kMostBytes = 16'000'000;
 
     /// @param former blocks of the last save; must outlive this
     explicit BlockDeflater(const DeflatedBlocks& former);

@@ -5,8 +5,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
-
 Outcome openInput(QFile& file)
 {
     const QFileInfo info(file);
@@ -15,16 +13,19 @@ Outcome openInput(QFile& file)
     return file.open(QIODevice::ReadOnly) ? Outcome() : cannotRead(file);
 }
 
-Outcome readCompletely(QIODevice& device, QByteArray& content)
+Outcome readCompletely(QIODevice& device, qint64 size, QByteArray& content)
 {
-    const qint64 size = device.size() - device.pos();
     content.resize(size + 1); // one more, to notice a file that grows
-    const qint64 count = device.read(content.data(), content.size());
-    content.truncate(std::max<qint64>(count, 0));
+    qint64 filled = 0;
+    qint64 count = 0;
+    // Only a read of its own fails; one that has read something falls short.
+    while ((count = device.read(content.data() + filled, content.size() - filled)) > 0)
+        filled += count;
+    content.truncate(filled);
     if (count < 0)
         return Outcome::failure(device.errorString());
-    return count == size ? Outcome()
-                         : Outcome::failure(ArchiveText::tr("A file cannot be read completely"));
+    return filled == size ? Outcome()
+                          : Outcome::failure(ArchiveText::tr("A file cannot be read completely"));
 }
 
 Outcome cannotRead(const QFile& file)

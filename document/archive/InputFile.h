@@ -10,9 +10,9 @@ class QIODevice;
 /// file: opening a pipe would wait for a writer. The reason names the file.
 Outcome openInput(QFile& file);
 
-/// Reads an open device from its position to the end. A failure also when its size changes
-/// meanwhile.
-Outcome readCompletely(QIODevice& device, QByteArray& content);
+/// Reads the `size` bytes that an open device should have from its position to the end. A failure
+/// also when it has fewer or more by now.
+Outcome readCompletely(QIODevice& device, qint64 size, QByteArray& content);
 
 /// The failure of reading an open file, which knows why.
 Outcome cannotRead(const QFile& file);

@@ -88,7 +88,8 @@ Outcome OpenedPackage::save(const QString& folder, const QString& destination)
         if (outcome) {
             m_path = QFileInfo(destination).absoluteFilePath();
             m_unread = std::move(attempt.written);
-            m_blocks = std::move(attempt.blocks);
+            if (!attempt.blocks.contents.isEmpty()) // else the overlay has not changed
+                m_blocks = std::move(attempt.blocks);
             remember();
         }
         if (outcome || !attempt.foundDamage)

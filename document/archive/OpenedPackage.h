@@ -15,7 +15,7 @@
 class QIODevice;
 
 /// The archive that the files in an unpack folder come from, so that a save copies what has not
-/// changed since. A value; keeps no file open.
+/// changed since. A value; keeps no file open, but in memory what the last save deflated.
 class OpenedPackage
 {
 public:

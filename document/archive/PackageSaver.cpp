@@ -230,22 +230,22 @@ Outcome PackageSaver::deflate(const ArchiveMember& like, const QString& path, QI
     ArchiveMember header = like;
     header.externalAttributes &= ~kDosFolder; // an empty file would open as a folder
     header.extra = withoutExtraFields(like.extra, {kUnixTimes, kFormerUnixTimes, kNtfsTimes});
-    Outcome added = content.size() <= BlockDeflater::kMostBytes
-                        ? deflateInBlocks(header, content)
-                        : m_writer.addMember(header, content);
+    const qint64 size = content.size();
+    Outcome added = size <= BlockDeflater::kMostBytes ? deflateInBlocks(header, content, size)
+                                                      : m_writer.addMember(header, content);
     m_written.push_back({like.rawName, path, m_writer.contentCrc(), m_writer.rawCrc()});
     return added;
 }
 
-Outcome PackageSaver::deflateInBlocks(const ArchiveMember& header, QIODevice& content)
+Outcome PackageSaver::deflateInBlocks(const ArchiveMember& header, QIODevice& content, qint64 size)
 {
     QByteArray bytes;
-    if (Outcome read = readCompletely(content, bytes); !read)
+    if (Outcome read = readCompletely(content, size, bytes); !read)
         return read;
     const std::optional<QByteArray> deflated = m_deflater.deflate(bytes);
     if (!deflated)
         return Outcome::failure(ArchiveText::tr("The package cannot be written"));
-    return m_writer.addDeflated(header, *deflated, static_cast<quint64>(bytes.size()),
+    return m_writer.addDeflated(header, *deflated, static_cast<quint64>(size),
                                 extendedCrc(0, bytes.constData(), bytes.size()));
 }
 

@@ -49,7 +49,7 @@ private:
     Outcome copy(std::size_t index);
     Outcome recover(std::size_t index);
     Outcome deflate(const ArchiveMember& like, const QString& path, QIODevice& content);
-    Outcome deflateInBlocks(const ArchiveMember& header, QIODevice& content);
+    Outcome deflateInBlocks(const ArchiveMember& header, QIODevice& content, qint64 size);
     [[nodiscard]] QSet<QString> memberFolders() const;
     [[nodiscard]] bool isSameFile(const QString& name, const QString& path) const;
     [[nodiscard]] bool canCopy(std::size_t index);

@@ -50,6 +50,15 @@ QByteArray manyLines()
     return text;
 }
 
+/// A line break behind which a block may end, with the bytes that decide it.
+QByteArray placeToCut()
+{
+    QByteArray line;
+    for (int i = 0; line.isEmpty() || qHashBits(line.constData(), 64) % 128 != 0; ++i)
+        line = QByteArray::number(i).rightJustified(64, 'x') + '\n';
+    return line;
+}
+
 /// How many blocks of a content are not among those of another one.
 qsizetype newBlocks(const QByteArray& content, const QByteArray& former)
 {
@@ -134,10 +143,14 @@ TEST(BlockDeflaterTest, TakesNoBlockForAnotherOne)
         const QByteArray content = zeros.first(size);
         EXPECT_EQ(inflated(deflated(content, former), size), content) << size;
     }
-    // The first block of the second text has the bytes of the second one and of what precedes it.
-    const QByteArray line = QByteArray(kBlock - 1, 'x') + '\n';
-    const QByteArray text = line + line + "end";
-    const QByteArray rest = text.sliced(kBlock - kWindow);
+    // The first block of the rest has the bytes of the second block and of what precedes that.
+    QByteArray text(3 * kBlock, 'x');
+    for (const qsizetype end : {kBlock + 9'000, 2 * kBlock + 30'000})
+        text.replace(end - placeToCut().size(), placeToCut().size(), placeToCut());
+    const QByteArray rest = text.sliced(kBlock + 9'000 - kWindow);
+    const QByteArray bytes = rest.first(kBlock + 21'000 + kWindow);
+    ASSERT_TRUE(blocksOf(rest).blocks.contains({bytes, 0, false}));
+    ASSERT_TRUE(blocksOf(text).blocks.contains({bytes, kWindow, false}));
     EXPECT_EQ(inflated(deflated(rest, blocksOf(text)), rest.size()), rest);
 }
 

@@ -5,7 +5,6 @@
 
 #include <QDateTime>
 
-#include <algorithm>
 #include <ctime>
 
 #ifdef Q_OS_UNIX
@@ -79,7 +78,7 @@ TEST_F(OpenedPackageTest, DeflatesOnlyOnceWhatStaysTheSame)
 {
     QByteArray text;
     for (int i = 0; i < 400'000; ++i)
-        text += "line number " + QByteArray::number(i * 7919) + '\n';
+        text += "line number " + QByteArray::number(qint64{i} * 7919) + '\n';
     open(RawArchive::build({Member{"overlay.ov3.xml", "old"}}));
     const auto timeToSave = [&](const char* edit) {
         EXPECT_TRUE(writeFile(inFolder("overlay.ov3.xml"), edit + text));
@@ -88,8 +87,21 @@ TEST_F(OpenedPackageTest, DeflatesOnlyOnceWhatStaysTheSame)
         return std::clock() - start;
     };
     const std::clock_t first = timeToSave("1");
-    EXPECT_LT(std::min({timeToSave("2"), timeToSave("3"), timeToSave("4")}), first / 2);
-    EXPECT_EQ(SavedArchive(m_other).content(0), "4" + text);
+    timeToSave("1"); // nothing has changed
+    EXPECT_LT(timeToSave("2"), first / 2);
+    EXPECT_EQ(SavedArchive(m_other).content(0), "2" + text);
+}
+
+TEST_F(OpenedPackageTest, CopiesWhatTheLastSaveDeflated)
+{
+    openRich();
+    ASSERT_TRUE(writeFile(inFolder("a.txt"), "edited"));
+    save(m_other);
+    const auto members = m_after.members();
+    ASSERT_TRUE(QFile::remove(inFolder("a.txt")));
+    save(m_path);
+    EXPECT_EQ(m_after.members(), members);
+    EXPECT_EQ(m_after.content(members.size() - 1), "edited");
 }
 
 TEST_F(OpenedPackageTest, AddsNewFilesAtTheEndButNoHiddenOnes)
