@@ -33,11 +33,6 @@ Bytef* zlibBytes(const QByteArray& bytes, qsizetype from = 0)
 
 } // namespace
 
-size_t qHash(const BlockSource& source, size_t seed)
-{
-    return qHash(source.bytes, seed);
-}
-
 BlockDeflater::BlockDeflater(const DeflatedBlocks& former) : m_former(former)
 {
     deflateInit2(&m_stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, -MAX_WBITS, kDeflateMemoryLevel,

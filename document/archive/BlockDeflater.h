@@ -1,8 +1,8 @@
 #pragma once
 
+#include "document/archive/DeflatedBlocks.h"
+
 #include <QByteArray>
-#include <QByteArrayList>
-#include <QHash>
 
 #include <zlib.h>
 
@@ -10,25 +10,6 @@
 
 /// The compression library's own default, which its headers do not name.
 inline constexpr int kDeflateMemoryLevel = 8;
-
-/// What one block of a deflate stream is made from.
-struct BlockSource
-{
-    QByteArray bytes;        ///< what precedes the block as far as it matters, and the block
-    qsizetype preceding = 0; ///< how many of them precede
-    bool isLast = false;
-
-    bool operator==(const BlockSource&) const = default;
-};
-
-[[nodiscard]] size_t qHash(const BlockSource& source, size_t seed = 0);
-
-/// What a save deflated.
-struct DeflatedBlocks
-{
-    QHash<BlockSource, QByteArray> blocks; ///< compressed
-    QByteArrayList contents;               ///< never changed: the sources' bytes are in them
-};
 
 /// Deflates contents of which most was in the last save, too, such as the overlay: what has not
 /// changed since is not deflated again.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/archive/BlockDeflater.h"
+#include "document/archive/DeflatedBlocks.h"
 #include "document/archive/FileIdentity.h"
 #include "document/archive/Outcome.h"
 #include "document/archive/UnpackedMember.h"

@@ -1,6 +1,7 @@
 // What a save makes of a package: what nobody changed comes back as it was.
 
 #include "document/archive/ArchiveReader.h"
+#include "document/archive/BlockDeflater.h"
 #include "tests/document/archive/OpenedPackageFixture.h"
 
 #include <QDateTime>
